@@ -1,0 +1,66 @@
+# How this project builds a library and an executable: warnings, hardening and the split between portable sources
+# and those that need Windows are said once, here.
+
+add_library(scv_options INTERFACE)
+target_include_directories(scv_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(scv_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wundef -Wformat=2 -Wnon-virtual-dtor
+  -Wold-style-cast -Woverloaded-virtual -Wcast-qual -Wextra-semi -Wimplicit-fallthrough -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(scv_options INTERFACE
+    -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wuseless-cast -Wsuggest-override)
+endif()
+if(SCV_SANITIZE)
+  target_compile_options(scv_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(scv_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(WIN32)
+  target_compile_definitions(scv_options INTERFACE
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN WINVER=0x0601 _WIN32_WINNT=0x0601 _WIN32_IE=0x0700)
+  if(SCV_TRAP_UB)
+    target_compile_options(scv_options INTERFACE -fsanitize=undefined -fsanitize-undefined-trap-on-error)
+  endif()
+  # One file with nothing to install beside it; the same bytes for the same sources; relocatable, no executable data.
+  target_link_options(scv_options INTERFACE
+    -static -Wl,--no-insert-timestamp -Wl,--major-subsystem-version=6 -Wl,--dynamicbase -Wl,--nxcompat)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    target_link_options(scv_options INTERFACE -Wl,--large-address-aware)
+  else()
+    target_link_options(scv_options INTERFACE -Wl,--high-entropy-va)
+  endif()
+endif()
+
+# scv_library(NAME PORTABLE sources... [WINDOWS sources...] [NATIVE sources...] [LINKS libraries...])
+# PORTABLE sources never include <windows.h> and are compiled everywhere; NATIVE ones stand in for a Windows source
+# where the portable part is tested without Windows.
+function(scv_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "PORTABLE;WINDOWS;NATIVE;LINKS")
+  set(sources ${arg_PORTABLE})
+  if(WIN32)
+    list(APPEND sources ${arg_WINDOWS})
+  else()
+    list(APPEND sources ${arg_NATIVE})
+  endif()
+  add_library(${name} STATIC ${sources})
+  target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE scv_options)
+  target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR})
+endfunction()
+
+# scv_executable(NAME SOURCES sources... [LINKS libraries...] [WINDOWED]): on Windows with the common manifest; stripped
+# in a release build.
+function(scv_executable name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWED" "" "SOURCES;LINKS")
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LINKS} scv_options)
+  if(WIN32)
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/manifest.rc)
+    target_link_options(${name} PRIVATE -municode)
+    if(arg_WINDOWED)
+      target_link_options(${name} PRIVATE -mwindows)
+    endif()
+    if(CMAKE_BUILD_TYPE STREQUAL "Release")
+      target_link_options(${name} PRIVATE -s)
+    endif()
+  endif()
+endfunction()
