@@ -4,8 +4,9 @@
 #include <string>
 #include <string_view>
 
-// The file calls that reading and replacing a task list file makes, one virtual function a call, so that a test can
-// fail each of them in turn. Paths are full Windows paths. No function raises for a failure of the system.
+// The file calls that reading and replacing a task list file makes, one virtual function a call, so that a
+// test can fail each of them in turn. Paths are full Windows paths. No function raises for a failure of the
+// system.
 class IFileSystem {
 public:
     enum class Status { Ok, Missing, Failed };
@@ -34,11 +35,11 @@ public:
     [[nodiscard]] virtual bool FileExists(const std::wstring& path) = 0;
     // True when the file may not be changed (its read-only attribute).
     [[nodiscard]] virtual bool IsReadOnly(const std::wstring& path) = 0;
-    // The whole file. Missing only when there is surely nothing of that name; Failed when it is there and cannot be read
-    // now (held by somebody, a folder, too large).
+    // The whole file. Missing only when there is surely nothing of that name; Failed when it is there and
+    // cannot be read now (held by somebody, a folder, too large).
     [[nodiscard]] virtual Status Read(const std::wstring& path, std::string& bytes) = 0;
-    // A file that only its holder may have open, created when missing and gone once closed, also when the process is
-    // killed. Null while somebody else has it.
+    // A file that only its holder may have open, created when missing and gone once closed, also when the
+    // process is killed. Null while somebody else has it.
     [[nodiscard]] virtual std::unique_ptr<IFile> CreateLock(const std::wstring& path) = 0;
     // An empty file for writing, whatever stood there before; null when it cannot be made.
     [[nodiscard]] virtual std::unique_ptr<IFile> Create(const std::wstring& path) = 0;

@@ -24,7 +24,9 @@ std::int64_t Convert(std::tm& local) noexcept {
 #endif
 }
 
-bool IsBetween(int value, int low, int high) noexcept { return value >= low && value <= high; }
+bool IsBetween(int value, int low, int high) noexcept {
+    return value >= low && value <= high;
+}
 
 }  // namespace
 

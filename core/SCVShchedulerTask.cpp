@@ -2,12 +2,14 @@
 
 #include "core/LocalTime.h"
 
-CSCVShchedulerTask::CSCVShchedulerTask(std::int64_t now) { Reset(now); }
+CSCVShchedulerTask::CSCVShchedulerTask(std::int64_t now) {
+    Reset(now);
+}
 
 void CSCVShchedulerTask::ClearCommands() noexcept {
-    for (std::int32_t* flag : {&m_bResetUrls, &m_bDeleteUrls, &m_bDeleteResults, &m_bAddUrls, &m_bGenerateUrls,
-                               &m_bImportInputValues, &m_bStart, &m_bRestart, &m_bDdrSwitch, &m_bApplyFilter,
-                               &m_bExportResults, &m_bExportFailedUrls, &m_bExit}) {
+    for (std::int32_t* flag : {&m_bResetUrls, &m_bDeleteUrls, &m_bDeleteResults, &m_bAddUrls,
+                               &m_bGenerateUrls, &m_bImportInputValues, &m_bStart, &m_bRestart, &m_bDdrSwitch,
+                               &m_bApplyFilter, &m_bExportResults, &m_bExportFailedUrls, &m_bExit}) {
         *flag = 0;
     }
 }
@@ -20,16 +22,17 @@ void CSCVShchedulerTask::Reset(std::int64_t now) {
 
     m_bEnable = 1;
     ClearCommands();
-    for (std::int32_t* flag : {&m_bRepeatOnMon, &m_bRepeatOnTue, &m_bRepeatOnWen, &m_bRepeatOnThu, &m_bRepeatOnFri,
-                               &m_bRepeatOnSat, &m_bRepeatOnSun, &m_bRepeatOnMonthly, &m_bEnableEvery}) {
+    for (std::int32_t* flag :
+         {&m_bRepeatOnMon, &m_bRepeatOnTue, &m_bRepeatOnWen, &m_bRepeatOnThu, &m_bRepeatOnFri,
+          &m_bRepeatOnSat, &m_bRepeatOnSun, &m_bRepeatOnMonthly, &m_bEnableEvery}) {
         *flag = 0;
     }
     m_nEveryValue = 1;
     m_nEveryUnit = 1;
 
-    for (std::wstring* text : {&m_strProjectPath, &m_strUrlsFile, &m_strScriptFile, &m_strExportFile,
-                               &m_strFailedUrlsFile, &m_strFilterArgument, &m_strLastRunResult, &m_strIniFile,
-                               &m_strIniSection}) {
+    for (std::wstring* text :
+         {&m_strProjectPath, &m_strUrlsFile, &m_strScriptFile, &m_strExportFile, &m_strFailedUrlsFile,
+          &m_strFilterArgument, &m_strLastRunResult, &m_strIniFile, &m_strIniSection}) {
         text->clear();
     }
 }

@@ -9,19 +9,22 @@
 
 #include "core/SCVShchedulerTask.h"
 
-// The ordered list of tasks and its file. Owns its tasks: whatever removes a task deletes it. Order is the order of the
-// sections on save.
+// The ordered list of tasks and its file. Owns its tasks: whatever removes a task deletes it. Order is the
+// order of the sections on save.
 class CSCVShchedulerTaskArray {
 public:
-    [[nodiscard]] std::ptrdiff_t GetSize() const noexcept { return static_cast<std::ptrdiff_t>(m_tasks.size()); }
+    [[nodiscard]] std::ptrdiff_t GetSize() const noexcept {
+        return static_cast<std::ptrdiff_t>(m_tasks.size());
+    }
     // The task stays the array's. Raises std::invalid_argument for an index outside the array.
     [[nodiscard]] CSCVShchedulerTask* GetAt(std::ptrdiff_t index) const;
     [[nodiscard]] CSCVShchedulerTask* operator[](std::ptrdiff_t index) const { return GetAt(index); }
 
-    // Appends a new task (see CSCVShchedulerTask::Reset) for the project and returns its index. Does not look for
-    // duplicates.
+    // Appends a new task (see CSCVShchedulerTask::Reset) for the project and returns its index. Does not look
+    // for duplicates.
     std::ptrdiff_t AddTask(const std::wstring& projectPath, std::int64_t now);
-    // As AddTask, at `index`, and returns it; -1 when index > GetSize(). Raises std::invalid_argument when index < 0.
+    // As AddTask, at `index`, and returns it; -1 when index > GetSize(). Raises std::invalid_argument when
+    // index < 0.
     std::ptrdiff_t InsertTask(std::ptrdiff_t index, const std::wstring& projectPath, std::int64_t now);
     // Index of the first task with that project path, without regard to case; -1 when there is none.
     [[nodiscard]] std::ptrdiff_t FindTask(std::wstring_view projectPath) const noexcept;
@@ -31,11 +34,12 @@ public:
     std::ptrdiff_t RemoveTaskAt(std::ptrdiff_t index);
     void RemoveAllTasks() noexcept;
 
-    // Replaces the tasks by those of the file. 0, with the array unchanged, when the file does not exist or cannot be
-    // read now; else 1. A file that could not be read is not saved over until a Load of it has succeeded.
+    // Replaces the tasks by those of the file. 0, with the array unchanged, when the file does not exist or
+    // cannot be read now; else 1. A file that could not be read is not saved over until a Load of it has
+    // succeeded.
     int Load(IFileSystem& files, const std::wstring& file);
-    // Writes all tasks and removes the sections of tasks that are gone, in one step. Always 1; when it fails the old
-    // file stays as it was.
+    // Writes all tasks and removes the sections of tasks that are gone, in one step. Always 1; when it fails
+    // the old file stays as it was.
     int Save(IFileSystem& files, const std::wstring& file);
 
 private:

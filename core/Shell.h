@@ -3,7 +3,8 @@
 #include <cstdint>
 #include <string>
 
-// What launching a project asks of the machine: files, the user's registry and the shell. Paths are full Windows paths.
+// What launching a project asks of the machine: files, the user's registry and the shell. Paths are full
+// Windows paths.
 class IShell {
 public:
     IShell() = default;

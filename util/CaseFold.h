@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-// Comparison without regard to case, one UTF-16 code unit at a time and independent of the user's language, as Windows
-// compares file names: letters outside the basic plane keep their case.
+// Comparison without regard to case, one UTF-16 code unit at a time and independent of the user's language,
+// as Windows compares file names: letters outside the basic plane keep their case.
 
 // The upper-case form of one UTF-16 code unit; the unit itself when it has none.
 [[nodiscard]] wchar_t ToUpper(wchar_t unit) noexcept;

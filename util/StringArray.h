@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-// An ordered, growable array of wide strings with the accessors that a Windows C++ developer expects. An index
-// outside the array raises std::invalid_argument.
+// An ordered, growable array of wide strings with the accessors that a Windows C++ developer expects. An
+// index outside the array raises std::invalid_argument.
 class CStringArray {
 public:
     [[nodiscard]] std::ptrdiff_t GetSize() const noexcept {
