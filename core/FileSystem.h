@@ -6,10 +6,15 @@
 
 // The file calls that reading and replacing a task list file makes, one virtual function a call, so that a
 // test can fail each of them in turn. Paths are full Windows paths. No function raises for a failure of the
-// system.
+// system, and none waits: whoever calls decides how often a busy file is tried again.
 class IFileSystem {
 public:
-    enum class Status { Ok, Missing, Failed };
+    enum class Status {
+        Ok,
+        Missing,  // there is surely nothing of that name
+        Busy,     // somebody else has it; another try may succeed
+        Failed,   // there or not, it cannot be had
+    };
 
     // An open file; closed on destruction at the latest.
     class IFile {
@@ -31,20 +36,17 @@ public:
     IFileSystem& operator=(const IFileSystem&) = delete;
     virtual ~IFileSystem() = default;
 
-    // True for a file or a folder.
-    [[nodiscard]] virtual bool FileExists(const std::wstring& path) = 0;
     // True when the file may not be changed (its read-only attribute).
     [[nodiscard]] virtual bool IsReadOnly(const std::wstring& path) = 0;
-    // The whole file. Missing only when there is surely nothing of that name; Failed when it is there and
-    // cannot be read now (held by somebody, a folder, too large).
+    // The whole file. A folder or a file too large to be taken into memory is Failed.
     [[nodiscard]] virtual Status Read(const std::wstring& path, std::string& bytes) = 0;
-    // A file that only its holder may have open, created when missing and gone once closed, also when the
-    // process is killed. Null while somebody else has it.
-    [[nodiscard]] virtual std::unique_ptr<IFile> CreateLock(const std::wstring& path) = 0;
-    // An empty file for writing, whatever stood there before; null when it cannot be made.
-    [[nodiscard]] virtual std::unique_ptr<IFile> Create(const std::wstring& path) = 0;
+    // A file that only its holder may have open, created when missing and free again once closed, also when
+    // the process is killed. Sets `file` when Ok.
+    [[nodiscard]] virtual Status CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) = 0;
+    // An empty file for writing, whatever stood there before. Sets `file` when Ok.
+    [[nodiscard]] virtual Status Create(const std::wstring& path, std::unique_ptr<IFile>& file) = 0;
     // Puts `from` into the place of `to` in one step and through to the medium.
-    [[nodiscard]] virtual bool Replace(const std::wstring& from, const std::wstring& to) = 0;
+    [[nodiscard]] virtual Status Replace(const std::wstring& from, const std::wstring& to) = 0;
     virtual void Remove(const std::wstring& path) = 0;
     // Waits before another try.
     virtual void Pause(unsigned milliseconds) = 0;
