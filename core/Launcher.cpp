@@ -1,0 +1,52 @@
+#include "core/Clock.h"
+#include "core/SCVShchedulerTask.h"
+#include "core/Shell.h"
+#include "util/CaseFold.h"
+#include "util/Path.h"
+
+namespace {
+
+// Empty for an extension that belongs to neither program.
+std::wstring ProgramKey(const std::wstring& extension) {
+    if (EqualNoCase(extension, L"scvpr")) {
+        return L"Software\\Talvernick\\Scrivane";
+    }
+    if (EqualNoCase(extension, L"oslpr")) {
+        return L"Software\\Talvernick\\Ostrel";
+    }
+    return {};
+}
+
+bool Launch(const CSCVShchedulerTask& task, IShell& shell, std::wstring& result) {
+    const std::wstring& project = task.m_strProjectPath;
+    if (!shell.FileExists(project)) {
+        result = L"Failure: File does not exist";
+        return false;
+    }
+    // A project that is being worked on must not be started a second time.
+    if (!shell.CanOpenForWriting(project)) {
+        result = L"Failure: File is already opened";
+        return false;
+    }
+    const std::wstring extension = GetFileExtension(project);
+    std::wstring program = shell.RegisteredProgram(ProgramKey(extension));
+    if (program.empty()) {
+        program = shell.AssociatedProgram(extension);
+    }
+    constexpr std::intptr_t kHighestFailure = 32;
+    if (program.empty() || shell.Open(program, task.BuildCommandLine()) <= kHighestFailure) {
+        result = L"Failure to run '" + program + L"'";
+        return false;
+    }
+    result = L"Success";
+    return true;
+}
+
+}  // namespace
+
+int CSCVShchedulerTask::Run(IShell& shell, const IClock& clock) {
+    const bool started = Launch(*this, shell, m_strLastRunResult);
+    // Also after a failure: a launch that failed counts as a run and waits for the next scheduled time.
+    m_tLastRunTime = clock.Now();
+    return started ? 1 : 0;
+}

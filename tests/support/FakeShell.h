@@ -1,0 +1,45 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "core/Shell.h"
+
+// A shell that starts nothing: says what it is told to say and records every start.
+class FakeShell final : public IShell {
+public:
+    struct Start {
+        std::wstring program;
+        std::wstring parameters;
+        bool operator==(const Start&) const = default;
+    };
+
+    [[nodiscard]] bool FileExists(const std::wstring& path) override { return !missing.contains(path); }
+    [[nodiscard]] bool CanOpenForWriting(const std::wstring& path) override { return !held.contains(path); }
+    [[nodiscard]] std::wstring RegisteredProgram(const std::wstring& key) override {
+        const auto program = programs.find(key);
+        return program == programs.end() ? std::wstring() : program->second;
+    }
+    [[nodiscard]] std::wstring AssociatedProgram(const std::wstring& extension) override {
+        askedAssociations.push_back(extension);
+        return associated;
+    }
+    [[nodiscard]] std::intptr_t Open(const std::wstring& program, const std::wstring& parameters) override {
+        starts.push_back({program, parameters});
+        return answer;
+    }
+
+    std::set<std::wstring> missing;  // paths; every other project exists
+    std::set<std::wstring> held;     // paths that somebody has open
+    std::map<std::wstring, std::wstring> programs{
+        {L"Software\\Talvernick\\Scrivane", L"C:\\scrivane.exe"},
+        {L"Software\\Talvernick\\Ostrel", L"C:\\ostrel.exe"},
+    };
+    std::wstring associated;
+    std::intptr_t answer = 33;  // what the shell returns; above 32 is success
+
+    std::vector<Start> starts;
+    std::vector<std::wstring> askedAssociations;
+};
