@@ -1,21 +1,9 @@
 #include "core/Clock.h"
+#include "core/ExtractionProgram.h"
 #include "core/SCVShchedulerTask.h"
 #include "core/Shell.h"
-#include "util/CaseFold.h"
-#include "util/Path.h"
 
 namespace {
-
-// Empty for an extension that belongs to neither program.
-std::wstring ProgramKey(const std::wstring& extension) {
-    if (EqualNoCase(extension, L"scvpr")) {
-        return L"Software\\Talvernick\\Scrivane";
-    }
-    if (EqualNoCase(extension, L"oslpr")) {
-        return L"Software\\Talvernick\\Ostrel";
-    }
-    return {};
-}
 
 bool Launch(const CSCVShchedulerTask& task, IShell& shell, std::wstring& result) {
     const std::wstring& project = task.m_strProjectPath;
@@ -28,11 +16,7 @@ bool Launch(const CSCVShchedulerTask& task, IShell& shell, std::wstring& result)
         result = L"Failure: File is already opened";
         return false;
     }
-    const std::wstring extension = GetFileExtension(project);
-    std::wstring program = shell.RegisteredProgram(ProgramKey(extension));
-    if (program.empty()) {
-        program = shell.AssociatedProgram(extension);
-    }
+    const std::wstring program = FindExtractionProgram(shell, project);
     constexpr std::intptr_t kHighestFailure = 32;
     if (program.empty() || shell.Open(program, task.BuildCommandLine()) <= kHighestFailure) {
         result = L"Failure to run '" + program + L"'";
