@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+// Questions to the file system. No failure is reported otherwise than by the answer.
+
+// Non-zero for a file or a folder; wildcards in the last part match as in a search.
+[[nodiscard]] int FileExists(const std::wstring& path);
+
+// 16 for a folder, with or without backslashes at its end; else 0.
+[[nodiscard]] int DirectoryExists(std::wstring path);
+
+// 1 when the existing file could be opened for writing with nobody else having it open, else 0. Creates
+// nothing.
+[[nodiscard]] int CanOpenForWriting(const std::wstring& path);
