@@ -8,7 +8,11 @@ target_compile_options(scv_options INTERFACE
   -Wold-style-cast -Woverloaded-virtual -Wcast-qual -Wextra-semi -Wimplicit-fallthrough -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(scv_options INTERFACE
-    -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wuseless-cast -Wsuggest-override)
+    -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    # In 32 bits a message's parameters are ints already, and the casts that 64 bits need would all be useless.
+    target_compile_options(scv_options INTERFACE -Wuseless-cast)
+  endif()
 endif()
 if(SCV_SANITIZE)
   target_compile_options(scv_options INTERFACE

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <string>
+
+#include "framework/Wnd.h"
+
+class CDialog;
+
+// One exchange between a dialog's controls and its members. The DDX_ functions move one value each: from the
+// control when m_bSaveAndValidate is set, else to it. A control that the dialog does not have raises
+// std::invalid_argument.
+class CDataExchange {
+public:
+    CDataExchange(CDialog& dialog, bool saveAndValidate) noexcept
+        : m_pDlgWnd(&dialog), m_bSaveAndValidate(saveAndValidate) {}
+    // The control's handle.
+    [[nodiscard]] HWND PrepareCtrl(int id) const;
+
+    CDialog* m_pDlgWnd;
+    bool m_bSaveAndValidate;
+};
+
+// Binds the wrapper to the control, once, in whichever direction.
+void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
+// A check box; any value but 0 ticks it, and reading gives 0 or 1.
+void DDX_Check(CDataExchange* exchange, int id, std::int32_t& value);
+void DDX_Text(CDataExchange* exchange, int id, std::wstring& value);
+// A decimal number. Reading skips blanks and stops at the first character that is no digit; without digits
+// the number is 0, and one out of range the nearest in range.
+void DDX_Text(CDataExchange* exchange, int id, std::int32_t& value);
+// A combo box's selected index, -1 for none.
+void DDX_CBIndex(CDataExchange* exchange, int id, std::int32_t& index);
+// A date-time picker's local date and time. A picker keeps the parts that its format does not show.
+void DDX_DateTimeCtrl(CDataExchange* exchange, int id, SYSTEMTIME& time);

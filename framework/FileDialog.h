@@ -1,0 +1,52 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commdlg.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "framework/Wnd.h"
+
+// The system's dialog for choosing files. It only answers paths; nothing is opened or written.
+class CFileDialog {
+public:
+    // `open` chooses between the open and the save form; `fileName` is what the name box starts with;
+    // `filter` holds pairs of a description and its patterns, each followed by '|', and one more '|' at the
+    // end; `flags` are OFN_ flags.
+    CFileDialog(bool open, const wchar_t* defaultExtension, const std::wstring& fileName, DWORD flags,
+                const std::wstring& filter, const CWnd* parent);
+
+    // The folder that is shown first, unless the file name brings its own.
+    void SetInitialFolder(const std::wstring& folder) { m_folder = folder; }
+    // Room for the answer in characters, folder and all names together; 32,768 unless told.
+    void SetBufferSize(DWORD characters) { m_bufferSize = characters; }
+
+    // IDOK or IDCANCEL; an answer that does not fit is a cancel.
+    INT_PTR DoModal();
+
+    // After IDOK: the chosen path, the first one of several.
+    [[nodiscard]] std::wstring GetPathName() const {
+        return m_paths.empty() ? std::wstring() : m_paths.front();
+    }
+    // All chosen paths in the dialog's order.
+    [[nodiscard]] const std::vector<std::wstring>& GetPathNames() const noexcept { return m_paths; }
+
+private:
+    bool m_open;
+    std::wstring m_extension;
+    std::wstring m_fileName;
+    std::wstring m_filter;
+    std::wstring m_folder;
+    DWORD m_flags;
+    DWORD m_bufferSize = 32'768;
+    HWND m_owner;
+    std::vector<std::wstring> m_paths;
+};
+
+// What answers in place of the system: a test fills in the record's file buffer instead of waiting for a
+// user. An empty function is the system's own dialogs. Returns the function that stood before.
+using FileDialogFunction = std::function<bool(bool open, OPENFILENAMEW& record)>;
+FileDialogFunction AfxSetFileDialog(FileDialogFunction function);

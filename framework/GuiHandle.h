@@ -1,0 +1,22 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "util/Handle.h"
+
+struct ImageListPolicy {
+    using Type = HIMAGELIST;
+    static HIMAGELIST None() noexcept { return nullptr; }
+    static bool Close(HIMAGELIST list) noexcept { return ImageList_Destroy(list) != 0; }
+};
+using CImageListHandle = CUniqueHandle<ImageListPolicy>;
+
+struct IconPolicy {
+    using Type = HICON;
+    static HICON None() noexcept { return nullptr; }
+    static bool Close(HICON icon) noexcept { return DestroyIcon(icon) != 0; }
+};
+// An icon that was loaded without LR_SHARED.
+using CIconHandle = CUniqueHandle<IconPolicy>;

@@ -1,0 +1,40 @@
+#include "framework/ToolTipCtrl.h"
+
+#include <commctrl.h>
+
+BOOL CToolTipCtrl::Create(const CWnd& parent) {
+    Destroy();
+    Attach(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP, CW_USEDEFAULT, CW_USEDEFAULT,
+                           CW_USEDEFAULT, CW_USEDEFAULT, parent.m_hWnd, nullptr, GetModuleHandleW(nullptr),
+                           nullptr));
+    return m_hWnd != nullptr;
+}
+
+BOOL CToolTipCtrl::AddTool(HWND control, const std::wstring& text) const {
+    std::wstring copy = text;
+    TTTOOLINFOW tool{};
+    // The size that every version of the common controls accepts.
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.uFlags = TTF_IDISHWND;
+    tool.hwnd = GetParent(control);
+    tool.uId = reinterpret_cast<UINT_PTR>(control);
+    tool.lpszText = copy.data();
+    return SendMessage(TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool)) != 0;
+}
+
+void CToolTipCtrl::Activate(bool activate) const {
+    SendMessage(TTM_ACTIVATE, activate ? TRUE : FALSE);
+}
+
+void CToolTipCtrl::RelayEvent(MSG* message) const {
+    if (m_hWnd != nullptr) {
+        SendMessage(TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(message));
+    }
+}
+
+void CToolTipCtrl::Destroy() noexcept {
+    // It may have gone with its owner already.
+    if (const HWND window = Detach(); IsWindow(window)) {
+        ::DestroyWindow(window);
+    }
+}

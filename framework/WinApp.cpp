@@ -1,0 +1,120 @@
+#include "framework/WinApp.h"
+
+#include <shellapi.h>
+
+#include <memory>
+
+#include "framework/Dialog.h"
+#include "framework/ExceptionBoundary.h"
+#include "util/ModulePath.h"
+#include "util/Path.h"
+
+namespace {
+
+CWinApp* g_app = nullptr;
+
+bool PreTranslate(MSG& message) {
+    const CWinApp* app = AfxGetApp();
+    const HWND main = app != nullptr && app->m_pMainWnd != nullptr ? app->m_pMainWnd->m_hWnd : nullptr;
+    for (HWND window = message.hwnd; window != nullptr; window = GetParent(window)) {
+        CDialog* dialog = CDialog::FromHandle(window);
+        BOOL taken = FALSE;
+        if (dialog != nullptr &&
+            (!AfxRunGuarded([&] { taken = dialog->PreTranslateMessage(&message); }) || taken)) {
+            return true;
+        }
+        if (window == main) {
+            break;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+CWinApp* AfxGetApp() noexcept {
+    return g_app;
+}
+
+CWinApp::CWinApp() : m_previous(g_app) {
+    const std::wstring path = GetModulePath();
+    m_strExeName = StripFileExtension(GetFileName(path));
+    m_strAppName = m_strExeName;
+    m_strHelpFilePath = GetFolderPath(path) + m_strExeName + L".HLP";
+    g_app = this;
+}
+
+CWinApp::~CWinApp() {
+    g_app = m_previous;
+}
+
+int CWinApp::Run() {
+    if (m_pMainWnd == nullptr) {
+        PostQuitMessage(0);
+    }
+    MSG message{};
+    while (AfxPumpMessage(message)) {
+    }
+    m_nExitCode = static_cast<int>(static_cast<INT_PTR>(message.wParam));
+    return ExitInstance();
+}
+
+std::wstring CWinApp::SectionKey(const wchar_t* section) const {
+    return L"Software\\" + m_strRegistryKey + L'\\' + m_strAppName + L'\\' + section;
+}
+
+UINT CWinApp::GetProfileInt(const wchar_t* section, const wchar_t* entry, int defaultValue) const {
+    DWORD value = 0;
+    DWORD size = sizeof(value);
+    const bool found =
+        !m_strRegistryKey.empty() && RegGetValueW(HKEY_CURRENT_USER, SectionKey(section).c_str(), entry,
+                                                  RRF_RT_REG_DWORD, nullptr, &value, &size) == ERROR_SUCCESS;
+    return found ? UINT{value} : static_cast<UINT>(defaultValue);
+}
+
+BOOL CWinApp::WriteProfileInt(const wchar_t* section, const wchar_t* entry, int value) const {
+    return !m_strRegistryKey.empty() && RegSetKeyValueW(HKEY_CURRENT_USER, SectionKey(section).c_str(), entry,
+                                                        REG_DWORD, &value, sizeof(value)) == ERROR_SUCCESS;
+}
+
+void CWinApp::ParseCommandLine(CCommandLineInfo& info) const {
+    // The system's splitter takes its first argument for the program's name.
+    const std::wstring line = std::wstring(L"x ") + m_lpCmdLine;
+    int count = 0;
+    const std::unique_ptr<wchar_t*, decltype(&LocalFree)> arguments(CommandLineToArgvW(line.c_str(), &count),
+                                                                    &LocalFree);
+    for (int i = 1; arguments != nullptr && i < count; ++i) {
+        const std::wstring argument = arguments.get()[i];
+        const bool isSwitch = argument.starts_with(L'/') || argument.starts_with(L'-');
+        info.ParseParam(isSwitch ? argument.substr(1) : argument, isSwitch);
+    }
+}
+
+int AfxWinMain(CWinApp& app, const wchar_t* commandLine) {
+    app.m_lpCmdLine = commandLine;
+    int result = 0;
+    AfxRunGuarded([&] {
+        BOOL started = FALSE;
+        AfxRunGuarded([&] { started = app.InitInstance(); });
+        if (started) {
+            result = app.Run();
+            return;
+        }
+        if (app.m_pMainWnd != nullptr) {
+            app.m_pMainWnd->DestroyWindow();
+        }
+        result = app.ExitInstance();
+    });
+    return result;
+}
+
+bool AfxPumpMessage(MSG& message) {
+    if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
+        return false;
+    }
+    if (!PreTranslate(message)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    return true;
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "framework/CommandLineInfo.h"
+#include "framework/Wnd.h"
+
+// The application: its names, its settings in the registry and its message loop. One object exists at a time,
+// which AfxGetApp answers; a further one takes its place until it is destroyed.
+class CWinApp {
+public:
+    CWinApp();
+    CWinApp(const CWinApp&) = delete;
+    CWinApp& operator=(const CWinApp&) = delete;
+    virtual ~CWinApp();
+
+    // Prepares the program; FALSE ends it without a message loop.
+    virtual BOOL InitInstance() { return TRUE; }
+    // Dispatches messages until the main window is destroyed; returns what ExitInstance returns.
+    virtual int Run();
+    // Cleans up; the result is the process's exit code.
+    virtual int ExitInstance() { return m_nExitCode; }
+
+    // Settings are kept from here on under HKEY_CURRENT_USER\Software\<key>\<application name>\<section>.
+    void SetRegistryKey(const wchar_t* key) { m_strRegistryKey = key; }
+    // The default also when the stored value is not a number. Values are stored as 32 bits, negative ones
+    // too.
+    [[nodiscard]] UINT GetProfileInt(const wchar_t* section, const wchar_t* entry, int defaultValue) const;
+    // FALSE also when no registry key was set.
+    BOOL WriteProfileInt(const wchar_t* section, const wchar_t* entry, int value) const;
+
+    // Hands each argument of m_lpCmdLine to `info`.
+    void ParseCommandLine(CCommandLineInfo& info) const;
+
+    // Not owned. Destroying this window ends the message loop.
+    CWnd* m_pMainWnd = nullptr;
+    // The raw command line without the program's name; not owned.
+    const wchar_t* m_lpCmdLine = L"";
+    // The executable's base name; the application name is the same unless somebody sets another.
+    std::wstring m_strExeName;
+    std::wstring m_strAppName;
+    // The executable's folder and base name with the extension "HLP".
+    std::wstring m_strHelpFilePath;
+
+private:
+    [[nodiscard]] std::wstring SectionKey(const wchar_t* section) const;
+
+    CWinApp* m_previous;
+    std::wstring m_strRegistryKey;
+    int m_nExitCode = 0;
+};
+
+// The application object, or null.
+[[nodiscard]] CWinApp* AfxGetApp() noexcept;
+
+// What wWinMain does: start, run and end the application. Returns the process's exit code. An exception that
+// leaves InitInstance is shown and ends the program.
+int AfxWinMain(CWinApp& app, const wchar_t* commandLine);
+
+// Waits for the next message of this thread and dispatches it, unless PreTranslateMessage of a window between
+// the message's target and the main window takes it. False when the message was WM_QUIT.
+bool AfxPumpMessage(MSG& message);

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+// A window's handle with the calls that the program makes on it. It does not own the window: a dialog's
+// window belongs to CDialog, and a control's wrapper is bound by DDX_Control and unbound when the dialog is
+// destroyed.
+class CWnd {
+public:
+    CWnd() noexcept = default;
+    explicit CWnd(HWND window) noexcept : m_hWnd(window) {}
+    virtual ~CWnd() = default;
+
+    void Attach(HWND window) noexcept { m_hWnd = window; }
+    HWND Detach() noexcept;
+
+    [[nodiscard]] HWND GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
+    [[nodiscard]] int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
+    [[nodiscard]] std::wstring GetWindowText() const;
+    void SetWindowText(const std::wstring& text) const { ::SetWindowTextW(m_hWnd, text.c_str()); }
+    [[nodiscard]] std::wstring GetDlgItemText(int id) const { return CWnd(GetDlgItem(id)).GetWindowText(); }
+    void SetDlgItemText(int id, const std::wstring& text) const { CWnd(GetDlgItem(id)).SetWindowText(text); }
+    [[nodiscard]] bool IsDlgButtonChecked(int id) const { return ::IsDlgButtonChecked(m_hWnd, id) != 0; }
+    void CheckDlgButton(int id, bool check) const {
+        ::CheckDlgButton(m_hWnd, id, check ? BST_CHECKED : BST_UNCHECKED);
+    }
+
+    // Returns whether it was disabled before.
+    BOOL EnableWindow(BOOL enable = TRUE) const { return ::EnableWindow(m_hWnd, enable); }
+    [[nodiscard]] BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
+    // Returns whether it was visible before.
+    BOOL ShowWindow(int command) const { return ::ShowWindow(m_hWnd, command); }
+    [[nodiscard]] BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
+    HWND SetFocus() const { return ::SetFocus(m_hWnd); }
+    BOOL SetForegroundWindow() const { return ::SetForegroundWindow(m_hWnd); }
+    // The large icon or the small one; the caller keeps it alive as long as the window.
+    void SetIcon(HICON icon, bool large) const;
+
+    [[nodiscard]] RECT GetClientRect() const;
+    // In screen coordinates.
+    [[nodiscard]] RECT GetWindowRect() const;
+    void Invalidate(BOOL erase = TRUE) const { ::InvalidateRect(m_hWnd, nullptr, erase); }
+    void UpdateWindow() const { ::UpdateWindow(m_hWnd); }
+
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return ::SendMessageW(m_hWnd, message, wParam, lParam);
+    }
+    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return ::PostMessageW(m_hWnd, message, wParam, lParam);
+    }
+    // The period is in milliseconds. The timer dies with the window.
+    UINT_PTR SetTimer(UINT_PTR id, UINT period) const { return ::SetTimer(m_hWnd, id, period, nullptr); }
+    BOOL DestroyWindow() const { return ::DestroyWindow(m_hWnd); }
+
+    // Null when there is no window (any more).
+    HWND m_hWnd = nullptr;
+
+protected:
+    CWnd(const CWnd&) = default;
+    CWnd& operator=(const CWnd&) = default;
+};

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <string>
+
+// The full path of the running executable, of any length; empty when the system does not tell.
+[[nodiscard]] std::wstring GetModulePath();
