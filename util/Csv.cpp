@@ -33,6 +33,7 @@ std::int32_t CCsv::Split(std::wstring_view text, wchar_t separator, bool allowQu
     wchar_t quote = L'"';
     bool quoted = false;
     std::size_t start = 0;
+    std::int32_t count = 0;
     for (std::size_t i = 0; i <= text.size(); ++i) {
         const wchar_t unit = unitAt(i);
         if (quoted) {
@@ -51,10 +52,11 @@ std::int32_t CCsv::Split(std::wstring_view text, wchar_t separator, bool allowQu
             continue;
         }
         Add(FieldValue(text.substr(start, i - start), quote));
+        ++count;
         if (unit == L'\r' && unitAt(i + 1) == L'\n') {
             ++i;
         }
         start = i + 1;
     }
-    return static_cast<std::int32_t>(GetSize());
+    return count;
 }

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <windows.h>
+
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+// A new empty folder among the user's temporary files, gone with all its contents at the end.
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        static std::atomic<unsigned> counter = 0;
+        m_path = std::filesystem::temp_directory_path() /
+                 (L"scv" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter));
+        std::filesystem::create_directories(m_path);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+
+    // The full path of an entry of that name, which need not exist.
+    [[nodiscard]] std::wstring Path(std::wstring_view name = {}) const {
+        return name.empty() ? m_path.wstring() : (m_path / name).wstring();
+    }
+    // Writes a file and returns its path.
+    [[nodiscard]] std::wstring File(std::wstring_view name, std::string_view bytes) const {
+        std::ofstream(m_path / name, std::ios::binary) << bytes;
+        return Path(name);
+    }
+
+private:
+    std::filesystem::path m_path;
+};
