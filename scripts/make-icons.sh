@@ -1,0 +1,23 @@
+#!/bin/sh
+# Makes the program's .ico files from the drawings in ui/icons. They are committed, so that a build needs neither
+# rsvg-convert nor icotool; run this after a drawing has changed.
+set -eu
+cd "$(dirname "$0")/../ui/icons"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+for drawing in *.svg; do
+    name=${drawing%.svg}
+    case $name in
+        sort-*) sizes="8 10 12 16" ;;
+        *) sizes="16 20 24 32 48 256" ;;
+    esac
+    set --
+    for size in $sizes; do
+        picture=$work/$name-$size.png
+        rsvg-convert --width "$size" --height "$size" --output "$picture" "$drawing"
+        # Windows reads the largest size as a compressed picture; as a plain bitmap it would weigh a quarter megabyte.
+        if [ "$size" -eq 256 ]; then set -- "$@" "--raw=$picture"; else set -- "$@" "$picture"; fi
+    done
+    icotool --create --output "$name.ico" "$@"
+done
