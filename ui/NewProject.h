@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class CSCVShchedulerTask;
+class CSCVShchedulerTaskArray;
+
+// How projects come into the list, by the Add button and by dropping.
+
+// Switches on what a new project does: delete its URLs and results, start, export results, close the program.
+void SetNewProjectDefaults(CSCVShchedulerTask& task) noexcept;
+
+// Appends a task with those defaults unless the project is listed already, in any case of its letters. Raises
+// std::invalid_argument when the array refuses the task.
+void AddProject(CSCVShchedulerTaskArray& tasks, const std::wstring& projectPath, std::int64_t now);
+
+struct stAddedProjects {
+    std::wstring
+        selectPath;  // the last path given, listed before or not: the row to select. Empty when none was
+    bool isFirstOfList =
+        false;  // an empty list is so no longer: the program is to start with Windows from now on
+};
+
+// AddProject for each path, in their order.
+stAddedProjects AddProjects(CSCVShchedulerTaskArray& tasks, const std::vector<std::wstring>& projectPaths,
+                            std::int64_t now);
+
+// Whether dropping this file adds it. The sibling program's projects are not accepted by drop, on purpose,
+// although the Add button offers them.
+[[nodiscard]] bool AcceptsDrop(std::wstring_view path);

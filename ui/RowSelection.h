@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string_view>
+
+class CSCVShchedulerTask;
+class CSCVShchedulerTaskArray;
+
+// Which row of the project list an operation selects. Rows count from 0; -1 is none.
+
+// The row that showing the window for a project selects: the one at the position that the project has in the
+// array, kept on purpose, although after a sort another project may stand there. Adding and dropping look the
+// row up with FindRowByPath instead.
+[[nodiscard]] std::ptrdiff_t RowAtProjectsPosition(const CSCVShchedulerTaskArray& tasks,
+                                                   std::wstring_view projectPath) noexcept;
+
+// The first row whose task has exactly this project path: case counts, unlike in the array's FindTask.
+// `taskOfRow` may answer null.
+[[nodiscard]] std::ptrdiff_t FindRowByPath(
+    std::ptrdiff_t rowCount, const std::function<const CSCVShchedulerTask*(std::ptrdiff_t)>& taskOfRow,
+    std::wstring_view projectPath);
+
+// The row to select once rows were deleted: `lastDeleted` is the highest row that was (-1 for none),
+// `rowsLeft` the number of rows now.
+[[nodiscard]] std::ptrdiff_t RowAfterDeletion(std::ptrdiff_t lastDeleted, std::ptrdiff_t rowsLeft) noexcept;
