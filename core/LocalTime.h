@@ -4,8 +4,8 @@
 
 // The system's local time, by the C run-time's 64-bit functions. Nothing else of the program calls those.
 
-// A broken-down local time. A conversion that fails gives the values of this default: -1 for hour, minute and
-// second, 0 for everything else.
+// A broken-down local time. A conversion that fails, or leaves the years 1 to 9999, gives the values of this
+// default: -1 for hour, minute and second, 0 for everything else.
 struct LocalTime {
     int year = 0;
     int month = 0;    // 1 to 12
