@@ -8,7 +8,11 @@ target_compile_options(scv_options INTERFACE
   -Wold-style-cast -Woverloaded-virtual -Wcast-qual -Wextra-semi -Wimplicit-fallthrough -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(scv_options INTERFACE
-    -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wuseless-cast -Wsuggest-override)
+    -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override)
+  # A conversion from a 64-bit size is needed in one width and useless in the other.
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    target_compile_options(scv_options INTERFACE -Wuseless-cast)
+  endif()
 endif()
 if(SCV_SANITIZE)
   target_compile_options(scv_options INTERFACE

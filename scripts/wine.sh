@@ -56,7 +56,8 @@ wine_start() {
     rm -rf "$prefix"
     mkdir -p "$prefix"
     wine_server "$arch" -p
-    wine_run "$arch" env WINEDLLOVERRIDES="mscoree,mshtml=" wineboot.exe -i
+    # Without a display, so that it does not ask on somebody's screen whether to fetch this or that.
+    wine_run "$arch" env DISPLAY= wineboot.exe -i
     [ -e "$prefix/drive_c/windows/system32/kernel32.dll" ] || {
         say "The Wine prefix $prefix could not be made." >&2
         return 1
