@@ -104,7 +104,7 @@ count_tests() {
         END { print passed + 0, failed + !ended }' "$2" >"$logs/$1.count"
 }
 
-# run_tests NAME COMMAND...: runs a GoogleTest program or a script that runs some, and counts.
+# run_tests NAME COMMAND...: runs a GoogleTest program and counts.
 run_tests() {
     local name=$1 status=0
     shift
@@ -131,21 +131,28 @@ wine_tests() {
     wine_limit=$step_limit run_tests "tests-$1" wine_run "$1" "build/windows-$1/tests/scv_tests.exe"
 }
 
+# One line a zone: "passed ZONE" or "FAILED ZONE".
 zone_tests() {
     needs "build-windows-$1"
-    [ "$1" = x64 ] || needs wine-x86
-    run_tests "zones-$1" timeout -k 10 "$step_limit" scripts/zone-tests.sh "$1"
+    needs "wine-$1"
+    local status=0
+    # shellcheck disable=SC2086 # a loader is a command and its arguments
+    WINEPREFIX=${wine_prefix[$1]} WINEARCH=${wine_word[$1]} WINEDEBUG=-all timeout -k 10 "$step_limit" \
+        scripts/zone-tests.sh "build/windows-$1/tests/scv_zone_tests.exe" ${wine_loader[$1]} || status=$?
+    awk '/^passed / { passed++ } /^FAILED / { failed++ } END { print passed + 0, failed + (passed + failed == 0) }' \
+        "$logs/zones-$1.log" >"$logs/zones-$1.count"
+    return "$status"
 }
 
 fuzz() {
-    local target=$1 name corpus seeds
+    local target=$1 name found seeds
     name=$(basename "$target")
-    corpus=build/fuzz-corpus/$name
-    seeds=fuzz/seeds/$name
-    mkdir -p "$corpus"
+    found=build/fuzz-corpus/$name
+    seeds=fuzz/corpus/$name
+    mkdir -p "$found"
     [ -d "$seeds" ] || fail "There are no samples to start from: $seeds is missing."
     "$target" -max_total_time="$fuzz_seconds" -timeout=10 -artifact_prefix="$logs/$name-" \
-        -print_final_stats=1 "$corpus" "$seeds"
+        -print_final_stats=1 "$found" "$seeds"
     grep -qE '^Done [1-9][0-9]* runs' "$logs/$name.log" || fail "The target did not say that it ran."
 }
 

@@ -10,6 +10,8 @@
 # so never take an exit code alone for a proof that a program ran: look at what it wrote.
 
 declare -A wine_prefix=()
+declare -A wine_loader=([x64]="/usr/lib/wine/wine64" [x86]="$SCV_ROOT/scripts/wine32-root.sh run /usr/lib/wine/wine")
+declare -A wine_word=([x64]=win64 [x86]=win32)
 
 # The server keeps to its prefix: ending it with -k ends this run's programs and no others.
 wine_server() {
@@ -18,8 +20,7 @@ wine_server() {
     if [ "$arch" = x64 ]; then
         env WINEPREFIX="${wine_prefix[x64]}" /usr/lib/wine/wineserver64 "$@"
     else
-        "$SCV_ROOT/scripts/wine32-root.sh" run env HOME=/tmp WINEPREFIX="${wine_prefix[x86]}" \
-            /usr/lib/wine/wineserver32 "$@"
+        env WINEPREFIX="${wine_prefix[x86]}" "$SCV_ROOT/scripts/wine32-root.sh" run /usr/lib/wine/wineserver32 "$@"
     fi
 }
 
@@ -36,13 +37,9 @@ wine_exec() {
         done
     fi
     [ -z "${wine_limit:-}" ] || limit=(timeout -k 10 "$wine_limit")
-    settings+=(WINEPREFIX="${wine_prefix[$arch]}" WINEDEBUG="${WINEDEBUG:--all}")
-    if [ "$arch" = x64 ]; then
-        exec env "${settings[@]}" WINEARCH=win64 "${limit[@]}" /usr/lib/wine/wine64 "$@"
-    else
-        exec "$SCV_ROOT/scripts/wine32-root.sh" run env HOME=/tmp WINEARCH=win32 "${settings[@]}" \
-            "${limit[@]}" /usr/lib/wine/wine "$@"
-    fi
+    # shellcheck disable=SC2086 # a loader is a command and its arguments
+    exec env WINEPREFIX="${wine_prefix[$arch]}" WINEARCH="${wine_word[$arch]}" WINEDEBUG="${WINEDEBUG:--all}" \
+        "${settings[@]}" "${limit[@]}" ${wine_loader[$arch]} "$@"
 }
 
 wine_run() { (wine_exec "$@"); }

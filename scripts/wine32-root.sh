@@ -2,7 +2,8 @@
 # The 32-bit Wine in a Debian root of its own, beside this machine's packages and without touching them.
 #
 #   scripts/wine32-root.sh build            make the root when it is not there yet (root rights; a minute)
-#   scripts/wine32-root.sh run COMMAND...   run a command inside it, as the calling user, in the calling folder
+#   scripts/wine32-root.sh run COMMAND...   run a command inside it, as the calling user, in the calling folder, with
+#                                           Wine's and our variables, TZ and DISPLAY
 #
 # The root lives in ${XDG_CACHE_HOME:-~/.cache}/scvscheduler and is shared by all checkouts of this user. The checkout
 # appears inside it under its own path, so paths mean the same on both sides. /proc, /dev and the checkout are mounted
@@ -63,7 +64,7 @@ enter() {
     mkdir -p "$root$SCV_ROOT"
     mount --bind "$SCV_ROOT" "$root$SCV_ROOT"
     # shellcheck disable=SC2016 # expanded by the shell inside
-    exec chroot --userspec="$user" "$root" /bin/sh -c 'cd "$0" && exec "$@"' "$folder" "$@"
+    HOME=/tmp exec chroot --userspec="$user" "$root" /bin/sh -c 'cd "$0" && exec "$@"' "$folder" "$@"
 }
 
 case ${1:-} in
@@ -73,8 +74,10 @@ build)
 run)
     shift
     [ -e "$finished" ] || fail "There is no 32-bit Wine root in $root: scripts/wine32-root.sh build makes it."
+    # sudo would drop them.
+    mapfile -d '' -t variables < <(env -0 | grep -zE '^(WINE[A-Z]*|SCV_[A-Z_]*|TZ|DISPLAY)=' || true)
     # Replaces this process all the way down, so that whoever started it can end the command by its process id.
-    exec_as_root env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" \
+    exec_as_root env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" "${variables[@]}" \
         unshare --mount "$0" enter "$OLDPWD" "$(id -u):$(id -g)" "$@"
     ;;
 make_root | enter)
