@@ -9,8 +9,8 @@ target_compile_options(scv_options INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(scv_options INTERFACE
     -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override)
+  # A conversion from a 64-bit size is needed in one width and useless in the other.
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
-    # In 32 bits a message's parameters are ints already, and the casts that 64 bits need would all be useless.
     target_compile_options(scv_options INTERFACE -Wuseless-cast)
   endif()
 endif()

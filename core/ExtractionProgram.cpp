@@ -19,7 +19,9 @@ std::wstring ProgramKey(std::wstring_view extension) {
 
 }  // namespace
 
-bool IsProjectExtension(std::wstring_view extension) { return !ProgramKey(extension).empty(); }
+bool IsProjectExtension(std::wstring_view extension) {
+    return !ProgramKey(extension).empty();
+}
 
 std::wstring FindExtractionProgram(IShell& shell, const std::wstring& project) {
     const std::wstring extension = GetFileExtension(project);

@@ -6,6 +6,7 @@
 
 namespace {
 
+// The explicit 64-bit functions on Windows: a 32-bit build's time_t ends in 2038.
 bool Convert(std::int64_t instant, std::tm& local) noexcept {
 #ifdef _WIN32
     const __time64_t time = instant;
@@ -32,7 +33,9 @@ bool IsBetween(int value, int low, int high) noexcept {
 
 LocalTime ToLocalTime(std::int64_t instant) noexcept {
     std::tm local{};
-    if (!Convert(instant, local)) {
+    // Beyond those years neither ISO dates nor the standard library's calendar go; Windows ends with the year
+    // 3000.
+    if (!Convert(instant, local) || !IsBetween(local.tm_year, 1 - 1900, 9999 - 1900)) {
         return {};
     }
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_wday,
@@ -51,10 +54,12 @@ std::int64_t FromLocalTime(int year, int month, int day, int hour, int minute, i
     local.tm_hour = hour;
     local.tm_min = minute;
     local.tm_sec = second;
+    local.tm_wday = -1;
     local.tm_isdst = -1;
     const std::int64_t instant = Convert(local);
-    // -1 is also one second before 1970 on systems that know such times; those set the weekday.
-    if (instant == -1 && local.tm_wday == 0 && local.tm_yday == 0) {
+    // -1 is also a second before 1970 where such times are known. Only a conversion that succeeds sets the
+    // weekday.
+    if (instant == -1 && local.tm_wday < 0) {
         throw std::invalid_argument("a local date that the system cannot convert");
     }
     return instant;
@@ -62,6 +67,7 @@ std::int64_t FromLocalTime(int year, int month, int day, int hour, int minute, i
 
 void RefreshTimeZone() {
 #ifdef _WIN32
+    // Not SetEnvironmentVariable: the C run-time keeps its own copy of the environment and reads TZ there.
     _putenv("TZ=");
     _tzset();
 #else

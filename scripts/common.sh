@@ -1,0 +1,62 @@
+# shellcheck shell=bash
+# What every script here shares. To be sourced; leaves the caller in the root of the checkout, with the folder that it
+# was called in in OLDPWD.
+set -euo pipefail
+
+SCV_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$SCV_ROOT"
+
+# The folders that hold our sources; not all of them need be there.
+SCV_FOLDERS=(util core framework layout script ui cli tests bench fuzz)
+
+# our_files PATTERN...: the sources whose names match one of the patterns, one a line, sorted.
+our_files() {
+    local folder names=()
+    for folder in "$@"; do
+        names+=(-o -name "$folder")
+    done
+    for folder in "${SCV_FOLDERS[@]}"; do
+        [ ! -d "$folder" ] || find "$folder" -type f \( "${names[@]:1}" \)
+    done | LC_ALL=C sort
+}
+
+# configured PRESET...: ends the script when one of them is not.
+configured() {
+    local preset
+    for preset in "$@"; do
+        [ -e "build/$preset/compile_commands.json" ] ||
+            fail "The build $preset is not configured: cmake --preset $preset"
+    done
+}
+
+# built_sources PRESET...: our sources that those builds compile, one a line, sorted.
+built_sources() {
+    local preset
+    configured "$@"
+    for preset in "$@"; do
+        sed -nE "s|.*\"file\": \"$SCV_ROOT/([^\"]*)\".*|\1|p" "build/$preset/compile_commands.json"
+    done | { grep -vE '^build/|\.rc$' || true; } | LC_ALL=C sort -u
+}
+
+say() { printf '%s\n' "$*"; }
+fail() {
+    printf '%s\n' "$*" >&2
+    exit 1
+}
+
+# as_root COMMAND...: runs it as root, through sudo when we are somebody else. exec_as_root replaces this process.
+root_prefix() {
+    root_command=()
+    [ "$(id -u)" -ne 0 ] || return 0
+    command -v sudo >/dev/null ||
+        fail "This needs root rights, and there is no sudo: run it as root, or run '$*' as root first."
+    root_command=(sudo)
+}
+as_root() {
+    root_prefix "$@"
+    "${root_command[@]}" "$@"
+}
+exec_as_root() {
+    root_prefix "$@"
+    exec "${root_command[@]}" "$@"
+}

@@ -1,0 +1,70 @@
+# shellcheck shell=bash
+# Running the built Windows programs. To be sourced after common.sh.
+#
+#   wine_start x64|x86 PREFIX   makes PREFIX (a folder below build/) a fresh Wine prefix and keeps its server up
+#   wine_run x64|x86 [env NAME=VALUE...] PROGRAM...
+#                               runs a program, by its path on this machine and in the calling folder
+#   wine_stop                   ends the servers that wine_start started, and every program in their prefixes
+#
+# One prefix an architecture and shell. With only 64-bit Wine at hand a 32-bit program ends with 0 without having run,
+# so never take an exit code alone for a proof that a program ran: look at what it wrote.
+
+declare -A wine_prefix=()
+declare -A wine_loader=([x64]="/usr/lib/wine/wine64" [x86]="$SCV_ROOT/scripts/wine32-root.sh run /usr/lib/wine/wine")
+declare -A wine_word=([x64]=win64 [x86]=win32)
+
+# The server keeps to its prefix: ending it with -k ends this run's programs and no others.
+wine_server() {
+    local arch=$1
+    shift
+    if [ "$arch" = x64 ]; then
+        env WINEPREFIX="${wine_prefix[x64]}" /usr/lib/wine/wineserver64 "$@"
+    else
+        env WINEPREFIX="${wine_prefix[x86]}" "$SCV_ROOT/scripts/wine32-root.sh" run /usr/lib/wine/wineserver32 "$@"
+    fi
+}
+
+# wine_exec ARCH [env NAME=VALUE...] PROGRAM [ARGUMENT...]: replaces the calling (sub)shell, so that after
+# `wine_exec x64 a.exe &` the program's own process is $!. With wine_limit set, it is ended after so many seconds.
+wine_exec() {
+    local arch=$1 settings=() limit=()
+    shift
+    if [ "$1" = env ]; then
+        shift
+        while [[ $1 == *=* ]]; do
+            settings+=("$1")
+            shift
+        done
+    fi
+    [ -z "${wine_limit:-}" ] || limit=(timeout -k 10 "$wine_limit")
+    # shellcheck disable=SC2086 # a loader is a command and its arguments
+    exec env WINEPREFIX="${wine_prefix[$arch]}" WINEARCH="${wine_word[$arch]}" WINEDEBUG="${WINEDEBUG:--all}" \
+        "${settings[@]}" "${limit[@]}" ${wine_loader[$arch]} "$@"
+}
+
+wine_run() { (wine_exec "$@"); }
+
+wine_start() {
+    local arch=$1 prefix=$2
+    mkdir -p "$prefix"
+    prefix=$(cd "$prefix" && pwd)
+    wine_prefix[$arch]=$prefix
+    wine_server "$arch" -k || true # left by a run that was cut short
+    rm -rf "$prefix"
+    mkdir -p "$prefix"
+    wine_server "$arch" -p
+    # Without a display, so that it does not ask on somebody's screen whether to fetch this or that.
+    wine_run "$arch" env DISPLAY= wineboot.exe -i
+    [ -e "$prefix/drive_c/windows/system32/kernel32.dll" ] || {
+        say "The Wine prefix $prefix could not be made." >&2
+        return 1
+    }
+}
+
+wine_stop() {
+    local arch
+    for arch in "${!wine_prefix[@]}"; do
+        wine_server "$arch" -k || true
+        unset "wine_prefix[$arch]"
+    done
+}

@@ -1,0 +1,89 @@
+#!/bin/bash
+# The 32-bit Wine in a Debian root of its own, beside this machine's packages and without touching them.
+#
+#   scripts/wine32-root.sh build            make the root when it is not there yet (root rights; a minute)
+#   scripts/wine32-root.sh run COMMAND...   run a command inside it, as the calling user, in the calling folder, with
+#                                           Wine's and our variables, TZ and DISPLAY
+#
+# The root lives in ${XDG_CACHE_HOME:-~/.cache}/scvscheduler and is shared by all checkouts of this user. The checkout
+# appears inside it under its own path, so paths mean the same on both sides. /proc, /dev and the checkout are mounted
+# in a mount namespace that belongs to the one command: nothing stays mounted, however the command ends.
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+suite=bookworm
+cache=${XDG_CACHE_HOME:-$HOME/.cache}/scvscheduler
+root=$cache/wine32-$suite
+finished=$root/.finished
+
+# The archive that this machine itself installs from; apt knows, whatever the format of its sources.
+own_mirror() {
+    # shellcheck disable=SC2016 # apt fills these in, not the shell
+    apt-get indextargets --format '$(RELEASE) $(COMPONENT) $(REPO_URI)' 'Created-By: Packages' |
+        awk -v suite="$suite" '$1 == suite && $2 == "main" { print $3; exit }'
+}
+
+# Runs as root, in a mount namespace of its own.
+make_root() {
+    local mirror
+    mirror=$(own_mirror)
+    [ -n "$mirror" ] || fail "apt's sources name no archive of $suite/main, so there is nowhere to take 32-bit Wine from."
+    rm -rf --one-file-system "$root"
+    mkdir -p "$root"
+    debootstrap --arch=i386 --variant=minbase "$suite" "$root" "$mirror"
+    # The archive is reached as this machine reaches it (proxy, certificates, checks).
+    apt-config dump | grep '^Acquire::' >"$root/etc/apt/apt.conf.d/90host" || true
+    if [ -e /etc/ssl/certs/ca-certificates.crt ]; then
+        mkdir -p "$root/etc/ssl/certs"
+        cp /etc/ssl/certs/ca-certificates.crt "$root/etc/ssl/certs/"
+    fi
+    mount -t proc proc "$root/proc"
+    chroot "$root" apt-get update
+    DEBIAN_FRONTEND=noninteractive chroot "$root" apt-get install -y --no-install-recommends wine32 wine
+    chroot "$root" apt-get clean
+    touch "$finished"
+}
+
+build() {
+    [ -e "$finished" ] && return 0
+    say "Making the 32-bit Wine root in $root (as root; about a minute, once)"
+    mkdir -p "$cache"
+    # Two checkouts may get here at the same time: the second waits and then finds it made.
+    (
+        flock 9
+        [ -e "$finished" ] || as_root env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" \
+            unshare --mount "$0" make_root
+    ) 9>"$cache/lock"
+}
+
+# Runs as root, in a mount namespace of its own.
+enter() {
+    local folder=$1 user=$2
+    shift 2
+    mount -t proc proc "$root/proc"
+    mount --rbind /dev "$root/dev"
+    mkdir -p "$root$SCV_ROOT"
+    mount --bind "$SCV_ROOT" "$root$SCV_ROOT"
+    # shellcheck disable=SC2016 # expanded by the shell inside
+    HOME=/tmp exec chroot --userspec="$user" "$root" /bin/sh -c 'cd "$0" && exec "$@"' "$folder" "$@"
+}
+
+case ${1:-} in
+build)
+    build
+    ;;
+run)
+    shift
+    [ -e "$finished" ] || fail "There is no 32-bit Wine root in $root: scripts/wine32-root.sh build makes it."
+    # sudo would drop them.
+    mapfile -d '' -t variables < <(env -0 | grep -zE '^(WINE[A-Z]*|SCV_[A-Z_]*|TZ|DISPLAY)=' || true)
+    # Replaces this process all the way down, so that whoever started it can end the command by its process id.
+    exec_as_root env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" "${variables[@]}" \
+        unshare --mount "$0" enter "$OLDPWD" "$(id -u):$(id -g)" "$@"
+    ;;
+make_root | enter)
+    "$@"
+    ;;
+*)
+    fail "Usage: scripts/wine32-root.sh build | run COMMAND..."
+    ;;
+esac
