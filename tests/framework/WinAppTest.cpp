@@ -33,7 +33,7 @@ TEST(WinApp, SettingsAreNumbersUnderTheApplicationsKey) {
                            nullptr, &raw, &size),
               ERROR_SUCCESS);
     EXPECT_EQ(raw, 2'147'483'647U);
-    RegSetKeyValueW(HKEY_CURRENT_USER, (app.m_key + L"\\CDlg").c_str(), L"left", REG_SZ, L"12", 6);
+    RegSetKeyValueW(HKEY_CURRENT_USER, (app.m_key + L"\\CDlg").c_str(), L"left", REG_SZ, L"1", 4);
     EXPECT_EQ(app.GetProfileInt(L"CDlg", L"left", 5), 5U) << "a text is no number";
 }
 
