@@ -1,0 +1,31 @@
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "framework/MessageBox.h"
+
+// Answers every message box at once while it lives and keeps what it said.
+class MessageRecorder {
+public:
+    explicit MessageRecorder(int answer = IDOK)
+        : m_before(AfxSetMessageBox([this, answer](const std::wstring& text, UINT style) {
+              texts.push_back(text);
+              styles.push_back(style);
+              if (whileOpen) {
+                  whileOpen();
+              }
+              return answer;
+          })) {}
+    MessageRecorder(const MessageRecorder&) = delete;
+    MessageRecorder& operator=(const MessageRecorder&) = delete;
+    ~MessageRecorder() { AfxSetMessageBox(std::move(m_before)); }
+
+    std::vector<std::wstring> texts;
+    std::vector<UINT> styles;
+    // Runs while a box would be on the screen.
+    std::function<void()> whileOpen;
+
+private:
+    MessageBoxFunction m_before;
+};
