@@ -43,9 +43,13 @@ public:
     // Reads the task from a section of a task list file. 0 when there is no such file or it cannot be read
     // now (the task is untouched then), else 1. (core/TaskListFile.cpp)
     int LoadFromIni(IFileSystem& files, const std::wstring& file, const std::wstring& section);
-    // Writes the task into its section of the file, replacing the file in one step. An empty file name writes
-    // nothing. Always 1: a failed write leaves the old file whole and is not reported.
+    // Writes the task into its section of the file, replacing the file in one step, and records both names.
+    // An empty file name writes and records nothing. Always 1: a failed write leaves the old file whole and
+    // is not reported.
     int SaveToIni(IFileSystem& files, const std::wstring& file, const std::wstring& section);
+    // As SaveToIni, for callers who want to know whether the file now holds the task.
+    [[nodiscard]] bool TrySaveToIni(IFileSystem& files, const std::wstring& file,
+                                    const std::wstring& section);
 
     // Starts the extraction program on the project, and records time and result; does not save. 1 when the
     // program was started, else 0. (core/Launcher.cpp)
@@ -98,6 +102,6 @@ public:
 private:
     friend class CSCVShchedulerTaskArray;
     void ReadFrom(const CPrivateProfile& profile, const std::wstring& file, const std::wstring& section);
-    void WriteTo(CPrivateProfile& profile, const std::wstring& file, const std::wstring& section);
+    void WriteTo(CPrivateProfile& profile, const std::wstring& section) const;
     void ClearCommands() noexcept;
 };

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/FileSystem.h"
 #include "core/SCVShchedulerTask.h"
 
 // The ordered list of tasks and its file. Owns its tasks: whatever removes a task deletes it. Order is the
@@ -36,11 +37,16 @@ public:
 
     // Replaces the tasks by those of the file. 0, with the array unchanged, when the file does not exist or
     // cannot be read now; else 1. A file that could not be read is not saved over until a Load of it has
-    // succeeded.
+    // succeeded or found it gone. (core/TaskListFile.cpp)
     int Load(IFileSystem& files, const std::wstring& file);
-    // Writes all tasks and removes the sections of tasks that are gone, in one step. Always 1; when it fails
-    // the old file stays as it was.
+    // As Load, for callers who want to tell a missing file (Missing) from one that is there and unreadable
+    // (Busy, Failed).
+    IFileSystem::Status TryLoad(IFileSystem& files, const std::wstring& file);
+    // Writes all tasks, removes the sections of tasks that are gone, in one step, and records in each task
+    // where it now is. Always 1; when it fails file and records stay as they were.
     int Save(IFileSystem& files, const std::wstring& file);
+    // As Save, for callers who want to know whether the file now holds the tasks.
+    [[nodiscard]] bool TrySave(IFileSystem& files, const std::wstring& file);
 
 private:
     std::vector<std::unique_ptr<CSCVShchedulerTask>> m_tasks;

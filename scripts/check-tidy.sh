@@ -12,7 +12,17 @@ mkdir -p "$remembered"
 # One source, in a process of its own.
 check_source() {
     local common=$1 preset=$2 file=$3 key flags=(--extra-arg=-Wno-unknown-warning-option)
-    [ "$preset" != windows-x64 ] || flags+=(--extra-arg-before=--target=x86_64-w64-windows-gnu)
+    if [ "$preset" = windows-x64 ]; then
+        flags+=(--extra-arg-before=--target=x86_64-w64-windows-gnu)
+        # clang does not look where Debian's posix flavour of the compiler keeps its library.
+        flags+=(--extra-arg=-nostdlibinc)
+        local folder
+        while IFS= read -r folder; do
+            flags+=("--extra-arg=-isystem$folder")
+        done < <(x86_64-w64-mingw32-g++-posix -E -v -x c++ /dev/null 2>&1 |
+            sed -n '/^#include <...>/,/^End of search/{/include\/c++\|mingw32\/include$/s/^ //p}')
+    fi
+
     key=$(cat - "$file" <<<"$common $preset" | sha256sum | cut -d' ' -f1)
     [ ! -e "$remembered/$key" ] || return 0
     # Its standard error only counts the warnings of others' headers; a failure to read the source is on both.

@@ -13,9 +13,11 @@ class TemporaryFolder {
 public:
     TemporaryFolder() {
         static std::atomic<unsigned> counter = 0;
-        m_path = std::filesystem::temp_directory_path() /
-                 (L"scv" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter));
-        std::filesystem::create_directories(m_path);
+        // A run that was killed left its folders behind, and process ids come again.
+        do {
+            m_path = std::filesystem::temp_directory_path() /
+                     (L"scv" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter));
+        } while (!std::filesystem::create_directory(m_path));
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;

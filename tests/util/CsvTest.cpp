@@ -69,7 +69,7 @@ TEST(Csv, WithoutQuotesOnlyEnclosingDoubleQuotesGo) {
 
 TEST(Csv, Lines) {
     EXPECT_EQ(Split(L"a\r\nb\r\n", L'\n'), (Fields{L"a", L"b", L""}));
-    EXPECT_EQ(Split(L"a\r\nb\rc", L'\r'), (Fields{L"a", L"b", L"c"})) << "CR LF is one break";
+    EXPECT_EQ(Split(L"a\r\n'b\r'\rc", L'\r'), (Fields{L"a", L"b\r", L"c"})) << "CR LF is one break";
     EXPECT_EQ(Split(L"'x\ny'\nz", L'\n'), (Fields{L"x\ny", L"z"})) << "a quote at a line's start joins lines";
     EXPECT_EQ(Split(L"\"x\"\r\ny", L'\n'), (Fields{L"\"x\"", L"y"}))
         << "the carriage return hides the end quote";

@@ -33,7 +33,7 @@ TEST(OpenCommand, IsReducedToItsProgram) {
         {LR"(%APPS%\x.exe %1)", LR"(C:\Program)"},
         {LR"("%NESTED%%ROOT%%NESTED%")", LR"(C:\Windows\subC:\WindowsC:\Windows\sub)"},
         {LR"("a%NOTHING%b%%c")", L"abc"},
-        {LR"("50%.exe")", L"50%.exe"},
+        {LR"("50%.exe" "%1")", L"50%.exe"},
         {LR"("%ODD%x")", L"100%x"},
         {LR"("%SELF%")", L"%SELF%"},
     };

@@ -42,6 +42,12 @@ TEST_F(Registry, TextsComeBackUpToTheLimit) {
     EXPECT_EQ(Read(L"v"), L"kept") << "127 characters";
     EXPECT_EQ(Read(L"other"), L"kept");
 
+    DWORD bytes = 0;
+    EXPECT_EQ(RegWriteString(HKEY_CURRENT_USER, m_key, L"v", L""), 1);
+    EXPECT_EQ(RegGetValueW(HKEY_CURRENT_USER, m_key.c_str(), L"v", RRF_RT_REG_SZ, nullptr, nullptr, &bytes),
+              ERROR_SUCCESS);
+    EXPECT_EQ(bytes, sizeof(wchar_t)) << "the terminator is stored";
+
     EXPECT_EQ(RegWriteString(HKEY_CURRENT_USER, m_key, nullptr, L"default"), 1);
     EXPECT_EQ(Read(nullptr), L"default");
 }

@@ -1,0 +1,196 @@
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <vector>
+
+#include "core/LocalTime.h"
+#include "core/SCVShchedulerTaskArray.h"
+#include "core/SchedulingPass.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeFileSystem.h"
+#include "tests/support/FakeShell.h"
+#include "tests/support/TaskRules.h"
+
+// What a next run costs beside the local-time conversions that its path needs, and what a pass costs beside
+// its tick. Figures of one run are compared with each other; exit 1 when one misses its mark.
+
+namespace {
+
+std::int64_t June(int day, int hour) {
+    return FromLocalTime(2026, 6, day, hour, 0, 0);
+}
+
+struct Path {
+    const char* name;
+    Rules rules;
+    int localTimes, instants;  // the conversions it needs
+};
+
+// Seen from 8 June 2026 (a Monday) 10:00; none is due then.
+std::vector<Path> Paths() {
+    const std::int64_t start = June(1, 9), last = June(8, 9), until = June(1, 23),
+                       late = FromLocalTime(2026, 6, 29, 9, 0, 0);
+    return {
+        {"every", {.start = start, .last = last, .isEvery = true, .every = 120, .until = until}, 2, 0},
+        {"every on days",
+         {.start = start, .last = last, .days = kMon, .isEvery = true, .every = 120, .until = until},
+         3,
+         0},
+        {"every, closed",
+         {.start = start, .last = last, .days = kMon, .isEvery = true, .every = 120, .until = start},
+         5,
+         1},
+        {"weekday", {.start = start, .last = last, .days = kSun}, 3, 1},
+        {"monthly", {.start = start, .last = last, .monthly = true}, 4, 1},
+        {"both", {.start = start, .last = late, .days = kSun, .monthly = true}, 5, 2},
+    };
+}
+
+void Bare(const Path& path) {
+    for (int i = 0; i < path.localTimes; ++i) {
+        const std::time_t instant = path.rules.last + i * 86400;
+        std::tm local{};
+        benchmark::DoNotOptimize(localtime_r(&instant, &local));
+        benchmark::DoNotOptimize(local);
+    }
+    for (int i = 0; i < path.instants; ++i) {
+        std::tm local{};
+        local.tm_year = 126;
+        local.tm_mon = 5;
+        local.tm_mday = 8;
+        local.tm_hour = 9;
+        local.tm_isdst = -1;
+        benchmark::DoNotOptimize(std::mktime(&local));
+    }
+}
+
+struct List {
+    CSCVShchedulerTaskArray tasks;
+    FakeClock clock{June(8, 10)};
+    CFakeFileSystem files;
+
+    void Fill(int count, const Rules& rules) {
+        for (int i = 0; i < count; ++i) {
+            SetRules(*tasks[tasks.AddTask(L"C:\\project.scvpr", clock.now)], rules);
+        }
+    }
+};
+
+double Seconds(std::chrono::steady_clock::duration duration) {
+    return std::chrono::duration<double>(duration).count();
+}
+
+// The best of some rounds: what else the machine does only ever adds.
+template <typename Work>
+double Best(int rounds, Work work) {
+    double best = 1e9;
+    for (int round = 0; round < rounds; ++round) {
+        const auto begin = std::chrono::steady_clock::now();
+        work();
+        best = std::min(best, Seconds(std::chrono::steady_clock::now() - begin));
+    }
+    return best;
+}
+
+// A shell that notes when it is first called.
+class CTimingShell final : public IShell {
+public:
+    bool FileExists(const std::wstring&) override { return true; }
+    bool CanOpenForWriting(const std::wstring&) override { return true; }
+    std::wstring RegisteredProgram(const std::wstring&) override { return L"C:\\program.exe"; }
+    std::wstring AssociatedProgram(const std::wstring&) override { return {}; }
+    std::intptr_t Open(const std::wstring&, const std::wstring&) override {
+        opened = std::chrono::steady_clock::now();
+        return 33;
+    }
+    std::chrono::steady_clock::time_point opened;
+};
+
+bool Judge(const char* what, const char* which, double figure, double limit) {
+    const bool isMet = figure <= limit;
+    std::printf("%-6s %-34s %-14s %10.3f (at most %.3f)\n", isMet ? "passed" : "MISSED", what, which, figure,
+                limit);
+    return isMet;
+}
+
+bool JudgeAll() {
+    bool areMet = true;
+    for (const Path& path : Paths()) {
+        constexpr int kRepeats = 5000;
+        CSCVShchedulerTask task;
+        SetRules(task, path.rules);
+        const std::int64_t now = June(8, 10);
+        double computed = 1e9, bare = 1e9;
+        for (int round = 0; round < 15; ++round) {  // in turn, so that both see the same machine
+            computed = std::min(computed, Best(1, [&] {
+                                    for (int i = 0; i < kRepeats; ++i) {
+                                        benchmark::DoNotOptimize(task.GetNextRunTime(now));
+                                    }
+                                }));
+            bare = std::min(bare, Best(1, [&] {
+                                for (int i = 0; i < kRepeats; ++i) {
+                                    Bare(path);
+                                }
+                            }));
+        }
+        areMet &= Judge("next run / its bare conversions", path.name, computed / bare, 1.3);
+
+        List list;
+        list.Fill(100000, path.rules);
+        FakeShell shell;
+        const double pass = Best(3, [&] {
+            RunSchedulingPass(list.tasks, {list.clock, list.files, shell}, [](const auto&) {});
+        });
+        if (!shell.starts.empty()) {
+            std::printf("MISSED a task was due\n");
+            areMet = false;
+        }
+        areMet &= Judge("pass over 100,000 tasks / the tick", path.name, pass / 2.0, 0.05);
+
+        double first = 1e9;
+        for (int round = 0; round < 5; ++round) {
+            List due;
+            due.Fill(999, path.rules);
+            due.Fill(1, {.start = now});  // the last one is the first to be launched
+            CTimingShell timing;
+            const auto begin = std::chrono::steady_clock::now();
+            RunSchedulingPass(due.tasks, {due.clock, due.files, timing}, [](const auto&) {});
+            first = std::min(first, Seconds(timing.opened - begin));
+        }
+        areMet &= Judge("ms to the first launch, 1,000 tasks", path.name, first * 1000, 1.0);
+    }
+    return areMet;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // A zone with clock changes; and without the variable glibc looks at its zone file in every mktime.
+    setenv("TZ", "Europe/Berlin", 1);
+    RefreshTimeZone();
+    const std::vector<Path> paths = Paths();
+    for (const Path& path : paths) {
+        benchmark::RegisterBenchmark((std::string("next run: ") + path.name).c_str(),
+                                     [&](benchmark::State& state) {
+                                         CSCVShchedulerTask task;
+                                         SetRules(task, path.rules);
+                                         const std::int64_t now = June(8, 10);
+                                         for (auto step : state) {
+                                             benchmark::DoNotOptimize(task.GetNextRunTime(now));
+                                         }
+                                     });
+        benchmark::RegisterBenchmark((std::string("bare conversions: ") + path.name).c_str(),
+                                     [&](benchmark::State& state) {
+                                         for (auto step : state) {
+                                             Bare(path);
+                                         }
+                                     });
+    }
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return JudgeAll() ? 0 : 1;
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class CPrivateProfile;
+
+// The layout of the task list file: one section that counts the tasks and a numbered section for each.
+
+inline constexpr std::wstring_view kTaskListSection = L"SCVShchedulerTaskList";
+inline constexpr std::wstring_view kTaskCountKey = L"TaskCount";
+// Values longer than this many UTF-16 units are cut when they are read: texts, and numbers.
+inline constexpr std::size_t kLongestText = 1023;
+inline constexpr std::size_t kLongestNumber = 254;
+
+[[nodiscard]] std::wstring TaskSectionName(std::int32_t number);
+
+// The numbers from `first` to `last` that have a section, ascending. Costs one pass over the text, however
+// large the range.
+[[nodiscard]] std::vector<std::int32_t> FindTaskSections(const CPrivateProfile& profile, std::int32_t first,
+                                                         std::int32_t last);
+
+// A decimal number as the C run-time reads it: leading blanks, a sign, digits up to the first other
+// character. 0 without digits; what exceeds 32 bits becomes the limit.
+[[nodiscard]] std::int32_t ParseStoredNumber(std::wstring_view text) noexcept;

@@ -1,0 +1,39 @@
+#!/bin/bash
+# Builds all benchmarks and runs them, the native ones first and those that need Windows under 64-bit Wine. Each compares
+# inside its own run and prints its ratios; exit code 1 when one of them failed or missed what is promised.
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+. scripts/wine.sh
+
+scripts/setup.sh build wine64 bench
+mkdir -p build
+say "Building (build/bench.log)"
+for preset in native-release windows-x64; do
+    { cmake --preset "$preset" && cmake --build --preset "$preset"; } >build/bench.log 2>&1 || {
+        tail -n 40 build/bench.log >&2
+        fail "The build $preset failed."
+    }
+done
+
+failed=()
+ran=0
+# run PROGRAM COMMAND...
+run() {
+    local program=$1
+    shift
+    say "" && say "== $program"
+    ran=$((ran + 1))
+    "$@" || failed+=("$program")
+}
+
+for program in build/native-release/bench/*; do
+    [ ! -f "$program" ] || [ ! -x "$program" ] || run "$program" "$program"
+done
+trap 'wine_stop >/dev/null 2>&1' EXIT
+trap 'exit 130' INT TERM
+wine_start x64 build/wine/bench >>build/bench.log 2>&1
+for program in build/windows-x64/bench/*.exe; do
+    [ ! -f "$program" ] || run "$program" wine_run x64 "$program"
+done
+
+[ "$ran" -gt 0 ] || fail "There is no benchmark."
+[ ${#failed[@]} -eq 0 ] || fail "Failed: ${failed[*]}"
