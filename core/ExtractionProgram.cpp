@@ -9,10 +9,10 @@ namespace {
 // The registry key of the program that an extension belongs to; empty for an extension that belongs to none.
 std::wstring ProgramKey(std::wstring_view extension) {
     if (EqualNoCase(extension, L"scvpr")) {
-        return L"Software\\Talvernick\\Scrivane";
+        return kScrivaneKey;
     }
     if (EqualNoCase(extension, L"oslpr")) {
-        return L"Software\\Talvernick\\Ostrel";
+        return kOstrelKey;
     }
     return {};
 }

@@ -52,16 +52,6 @@ bool WriteFlushed(IFileSystem& files, const std::wstring& path, std::string_view
            file->Write(bytes) && file->Flush() && file->Close();
 }
 
-bool ReplaceWith(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
-    const std::wstring fresh = path + L".tmp";
-    if (WriteFlushed(files, fresh, bytes) &&
-        TryAgainWhileBusy(files, [&] { return files.Replace(fresh, path); }) == Status::Ok) {
-        return true;
-    }
-    files.Remove(fresh);
-    return false;
-}
-
 }  // namespace
 
 ProfileRead ReadProfile(IFileSystem& files, const std::wstring& path) {
@@ -93,5 +83,15 @@ bool EditProfile(IFileSystem& files, const std::wstring& path,
     if (status == Status::Ok && bytes == old) {
         return true;
     }
-    return !files.IsReadOnly(path) && ReplaceWith(files, path, bytes);
+    return !files.IsReadOnly(path) && ReplaceFileBytes(files, path, bytes);
+}
+
+bool ReplaceFileBytes(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
+    const std::wstring fresh = path + L".tmp";
+    if (WriteFlushed(files, fresh, bytes) &&
+        TryAgainWhileBusy(files, [&] { return files.Replace(fresh, path); }) == Status::Ok) {
+        return true;
+    }
+    files.Remove(fresh);
+    return false;
 }

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/FileSystem.h"
 #include "core/PrivateProfile.h"
@@ -28,3 +29,7 @@ struct ProfileRead {
 // passes through.
 [[nodiscard]] bool EditProfile(IFileSystem& files, const std::wstring& path,
                                const std::function<void(CPrivateProfile&)>& edit);
+
+// Puts a file with these bytes into the place of `path` in one step, whatever stood there. False when that
+// failed: then nothing has changed.
+[[nodiscard]] bool ReplaceFileBytes(IFileSystem& files, const std::wstring& path, std::string_view bytes);

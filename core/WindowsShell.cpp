@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "core/ExtractionProgram.h"
 #include "core/Shell.h"
 #include "util/AssociatedProgram.h"
 #include "util/FileTests.h"
@@ -19,7 +20,7 @@ bool CWindowsShell::CanOpenForWriting(const std::wstring& path) {
 
 std::wstring CWindowsShell::RegisteredProgram(const std::wstring& key) {
     std::wstring program;
-    RegReadString(HKEY_CURRENT_USER, key, L"ProgramFileName", program);
+    RegReadString(HKEY_CURRENT_USER, key, kProgramValue, program);
     // A value may be stored with more than one terminator.
     program.resize(std::min(program.size(), program.find(L'\0')));
     return program;
