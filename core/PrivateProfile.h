@@ -52,8 +52,8 @@ public:
     // Sets the keys one after the other: a key that exists keeps its place, a new one goes behind the last
     // line of its section that is not blank, a new section to the end of the text. Values are written as they
     // are given, line breaks and NUL as blanks; a line that holds its value already stays as it is. Names
-    // must be such as can be read back: without line breaks, without "]" in a section or "=" in a key, a key
-    // not starting with ";" or "[".
+    // must be such as can be read back: without line breaks or blanks round them, without "]" in a section or
+    // "=" in a key, a key not starting with ";" or "[".
     void SetStrings(std::wstring_view section, std::span<const Entry> entries);
     // Removes header and keys of the first section of that name; comments and blank lines stay. False when
     // there is none.
