@@ -78,12 +78,14 @@ private:
     };
 
     [[nodiscard]] std::string_view Original() const;
+    [[nodiscard]] const Piece* FindPiece(Position section) const;
+    [[nodiscard]] Position EndOfPositions() const;
     [[nodiscard]] std::string_view SectionText(Position section) const;
     [[nodiscard]] ProfileLine HeaderOf(Position section) const;
     [[nodiscard]] Position EndOf(Position section) const;
     [[nodiscard]] Position FirstSectionFrom(Position position) const;
 
-    void MakeIndex();
+    [[nodiscard]] bool MakeIndex(std::size_t slots);
     void GrowIndex();
     [[nodiscard]] std::size_t FirstSlot(std::uint32_t hash) const;
     [[nodiscard]] std::size_t FindSlot(std::wstring_view section) const;
@@ -95,14 +97,15 @@ private:
     void AppendLine(std::string& text, const EncodedEntry& entry) const;
     void SetInSection(Position section, std::span<const Entry> entries,
                       std::span<const EncodedEntry> encoded);
+    void Replace(Position section, Piece piece);
     void AbsorbRemoved(Position section);
     void ConvertToUtf16();
 
     std::string m_bytes;  // as read, byte-order mark and odd last byte included
     TextEncoding m_encoding;
-    std::string m_lineBreak;  // encoded, as the text uses it
-    std::map<Position, Piece> m_pieces;
-    Position m_nextAdded = 0;
+    std::string m_lineBreak;             // encoded, as the text uses it
+    std::map<Position, Piece> m_edited;  // in the place of sections of the original text
+    std::vector<Piece> m_added;          // the first has the position of the end of the original text
     // Open-addressing hash table of the first section of each name: position + 1, 0 for a free slot.
     std::vector<Position> m_slots;
     std::size_t m_usedSlots = 0;
