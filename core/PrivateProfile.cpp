@@ -69,12 +69,16 @@ CPrivateProfile::CPrivateProfile(std::string bytes)
         throw std::length_error("private-profile text of 2 GB or more");
     }
     const std::string_view text = Original();
-    m_nextAdded = static_cast<Position>(text.size());
     const std::size_t start = ByteOrderMark(m_encoding).size();
     const ProfileLine line = start < text.size() ? ReadProfileLine(m_encoding, text, start) : ProfileLine();
     m_lineBreak =
         line.next > line.end ? std::string(text.substr(line.end, line.next - line.end)) : Encode(L"\r\n");
-    MakeIndex();
+    // A task takes some 400 bytes. The table may not cost more than twice the text, whatever that is: there
+    // are no more than 66,000 names of at most two bytes, and any other takes five bytes with its bracket and
+    // line break, so that a slot for every four bytes and 84,000 more are always enough.
+    if (!MakeIndex(text.size() / 128 + 16) && !MakeIndex(text.size() / 32 + 16)) {
+        static_cast<void>(MakeIndex(text.size() / 4 + 84000));
+    }
 }
 
 // Reading.
@@ -85,10 +89,24 @@ std::string_view CPrivateProfile::Original() const {
     return all.substr(0, all.size() - (UnitSize(m_encoding) == 2 ? all.size() % 2 : 0));
 }
 
+const CPrivateProfile::Piece* CPrivateProfile::FindPiece(Position section) const {
+    const std::size_t size = Original().size();
+    if (section >= size) {
+        return section - size < m_added.size() ? &m_added[section - size] : nullptr;
+    }
+    const auto edited = m_edited.find(section);
+    return edited != m_edited.end() ? &edited->second : nullptr;
+}
+
+// Behind the last section, edits included.
+CPrivateProfile::Position CPrivateProfile::EndOfPositions() const {
+    return static_cast<Position>(Original().size() + m_added.size());
+}
+
 // From the header on; at least to the end of the section.
 std::string_view CPrivateProfile::SectionText(Position section) const {
-    const auto piece = m_pieces.find(section);
-    return piece != m_pieces.end() ? piece->second.text : Original().substr(section);
+    const Piece* const piece = FindPiece(section);
+    return piece != nullptr ? piece->text : Original().substr(section);
 }
 
 ProfileLine CPrivateProfile::HeaderOf(Position section) const {
@@ -96,37 +114,28 @@ ProfileLine CPrivateProfile::HeaderOf(Position section) const {
 }
 
 CPrivateProfile::Position CPrivateProfile::EndOf(Position section) const {
-    const auto piece = m_pieces.find(section);
-    if (piece != m_pieces.end()) {
-        return piece->second.end;
+    const Piece* const piece = FindPiece(section);
+    if (piece != nullptr) {
+        return piece->end;
     }
     const std::string_view text = Original();
     const std::size_t next = ReadProfileLine(m_encoding, text, section).next;
     return static_cast<Position>(FindSectionLine(m_encoding, text, next));
 }
 
-// The first section that is not removed at or after `position`, which is the start or end of one; m_nextAdded
-// when there is none.
+// The first section that is not removed at or after `position`, which is the start or end of one;
+// EndOfPositions() when there is none.
 CPrivateProfile::Position CPrivateProfile::FirstSectionFrom(Position position) const {
-    while (position < m_nextAdded) {
-        const auto piece = m_pieces.lower_bound(position);
-        if (piece != m_pieces.end() && piece->first == position) {
-            if (piece->second.hasSection) {
-                return position;
-            }
-            position = piece->second.end;
-            continue;
+    const std::string_view text = Original();
+    while (position < EndOfPositions()) {
+        const Piece* const piece = FindPiece(position);
+        const std::size_t found = piece == nullptr    ? FindSectionLine(m_encoding, text, position)
+                                  : piece->hasSection ? position
+                                                      : piece->end;
+        if (found == position) {
+            break;
         }
-        const std::string_view text = Original();
-        if (position < text.size()) {
-            const std::size_t found = FindSectionLine(m_encoding, text, position);
-            if (found == position) {
-                return position;
-            }
-            position = static_cast<Position>(found);
-        } else {
-            position = piece != m_pieces.end() ? piece->first : m_nextAdded;
-        }
+        position = static_cast<Position>(found);
     }
     return position;
 }
@@ -212,26 +221,19 @@ bool CPrivateProfile::HasSection(std::wstring_view section) const {
 
 void CPrivateProfile::ForEachSection(const std::function<void(std::wstring_view name)>& visit) const {
     auto section = FirstSectionFrom(static_cast<Position>(ByteOrderMark(m_encoding).size()));
-    for (; section < m_nextAdded; section = FirstSectionFrom(EndOf(section))) {
+    for (; section < EndOfPositions(); section = FirstSectionFrom(EndOf(section))) {
         visit(DecodeName(HeaderOf(section)));
     }
 }
 
 // The index.
 
-// The table may not cost more than twice the text, whatever that is: there are no more than 66,000 names of
-// at most two bytes, and any other takes five bytes with its bracket and line break, so that a slot for every
-// four bytes and 82,000 more leave one in five free.
-void CPrivateProfile::MakeIndex() {
+// False when there are too many sections for that many slots.
+bool CPrivateProfile::MakeIndex(std::size_t slots) {
+    m_slots.assign(slots, 0);
+    m_usedSlots = 0;
     const std::string_view text = Original();
-    const std::size_t start = ByteOrderMark(m_encoding).size();
-    std::size_t sections = 0;
-    for (auto at = FindSectionLine(m_encoding, text, start); at < text.size();
-         at = FindSectionLine(m_encoding, text, ReadProfileLine(m_encoding, text, at).next)) {
-        ++sections;
-    }
-    m_slots.assign(std::min(2 * sections, text.size() / 4 + 82000) + 16, 0);
-    for (auto at = FindSectionLine(m_encoding, text, start); at < text.size();) {
+    for (auto at = FindSectionLine(m_encoding, text, ByteOrderMark(m_encoding).size()); at < text.size();) {
         const ProfileLine header = ReadProfileLine(m_encoding, text, at);
         std::size_t slot = FirstSlot(HashName(header));
         std::wstring name;
@@ -243,14 +245,17 @@ void CPrivateProfile::MakeIndex() {
                 break;
             }
         }
-        if (m_slots[slot] == 0) {
-            m_slots[slot] = static_cast<Position>(at + 1);
-            ++m_usedSlots;
-        } else {
+        if (m_slots[slot] != 0) {
             m_slots[slot] |= kRepeated;
+        } else {
+            m_slots[slot] = static_cast<Position>(at + 1);
+            if (5 * ++m_usedSlots > 4 * m_slots.size()) {
+                return false;
+            }
         }
         at = FindSectionLine(m_encoding, text, header.next);
     }
+    return true;
 }
 
 void CPrivateProfile::GrowIndex() {
@@ -334,13 +339,13 @@ bool CPrivateProfile::RemoveSection(std::wstring_view section) {
         }
     }
     m_slots[slot] = kRemoved;
-    m_pieces[position] = Piece{std::move(rest), end, false};
+    Replace(position, Piece{std::move(rest), end, false});
     if (repeated) {
         Position next = FirstSectionFrom(end);
-        while (next < m_nextAdded && !HasName(HeaderOf(next), section)) {
+        while (next < EndOfPositions() && !HasName(HeaderOf(next), section)) {
             next = FirstSectionFrom(EndOf(next));
         }
-        if (next < m_nextAdded) {
+        if (next < EndOfPositions()) {
             m_slots[slot] = (next + 1) | kRepeated;  // perhaps no more: then the next search finds none
         }
     }
@@ -351,20 +356,22 @@ std::string CPrivateProfile::Serialise() const {
     const std::string_view text = Original();
     std::string bytes;
     std::size_t size = m_bytes.size();
-    for (const auto& [position, piece] : m_pieces) {
+    for (const auto& [position, piece] : m_edited) {
+        size += piece.text.size();
+    }
+    for (const Piece& piece : m_added) {
         size += piece.text.size();
     }
     bytes.reserve(size);
     std::size_t at = 0;
-    for (const auto& [position, piece] : m_pieces) {
-        if (at < text.size()) {
-            bytes += text.substr(at, position - at);
-        }
+    for (const auto& [position, piece] : m_edited) {
+        bytes += text.substr(at, position - at);
         AppendText(bytes, piece.text);
-        at = piece.end;
+        at = std::min<std::size_t>(piece.end, text.size());  // the end can lie behind removed added sections
     }
-    if (at < text.size()) {
-        bytes += text.substr(at);
+    bytes += text.substr(at);
+    for (const Piece& piece : m_added) {
+        AppendText(bytes, piece.text);
     }
     bytes += std::string_view(m_bytes).substr(text.size());
     return bytes;
@@ -396,7 +403,7 @@ void CPrivateProfile::AppendLine(std::string& text, const EncodedEntry& entry) c
 }
 
 void CPrivateProfile::AddSection(std::wstring_view section, std::span<const EncodedEntry> entries) {
-    if (m_nextAdded >= kRemoved - 1) {
+    if (EndOfPositions() >= kRemoved - 1) {
         throw std::length_error("private-profile text with too many sections");
     }
     if (5 * (m_usedSlots + 1) > 4 * m_slots.size()) {
@@ -407,8 +414,8 @@ void CPrivateProfile::AddSection(std::wstring_view section, std::span<const Enco
         AppendLine(text, entry);
     }
     const std::size_t slot = FindSlot(section);
-    const Position position = m_nextAdded++;
-    m_pieces.emplace(position, Piece{std::move(text), m_nextAdded});
+    const Position position = EndOfPositions();
+    m_added.push_back(Piece{std::move(text), position + 1});
     m_slots[slot] = position + 1;
     ++m_usedSlots;
 }
@@ -469,29 +476,35 @@ void CPrivateProfile::SetInSection(Position section, std::span<const Entry> entr
     }
     edited += text.substr(copied, at - copied);
     const Position end = EndOf(section);
-    m_pieces[section] = Piece{std::move(edited), end};
+    Replace(section, Piece{std::move(edited), end});
+}
+
+void CPrivateProfile::Replace(Position section, Piece piece) {
+    const std::size_t size = Original().size();
+    (section < size ? m_edited[section] : m_added[section - size]) = std::move(piece);
 }
 
 // What is left of removed sections behind a section belongs to it from now on.
 void CPrivateProfile::AbsorbRemoved(Position section) {
-    if (m_pieces.empty()) {
+    if (m_edited.empty() && m_added.empty()) {
         return;
     }
     const Position end = EndOf(section);
-    auto next = m_pieces.find(end);
-    if (next == m_pieces.end() || next->second.hasSection) {
+    const Piece* next = FindPiece(end);
+    if (next == nullptr || next->hasSection) {
         return;
     }
-    auto own = m_pieces.find(section);
-    if (own == m_pieces.end()) {
-        own = m_pieces.emplace(section, Piece{std::string(Original().substr(section, end - section)), end})
-                  .first;
+    const Piece* const own = FindPiece(section);
+    Piece whole{own != nullptr ? own->text : std::string(Original().substr(section, end - section)), end};
+    for (; next != nullptr && !next->hasSection; next = FindPiece(whole.end)) {
+        AppendText(whole.text, next->text);
+        const Position taken = whole.end;
+        whole.end = next->end;
+        if (m_edited.erase(taken) == 0) {
+            Replace(taken, Piece{{}, whole.end, false});
+        }
     }
-    while (next != m_pieces.end() && next->first == own->second.end && !next->second.hasSection) {
-        AppendText(own->second.text, next->second.text);
-        own->second.end = next->second.end;
-        next = m_pieces.erase(next);
-    }
+    Replace(section, std::move(whole));
 }
 
 void CPrivateProfile::ConvertToUtf16() {

@@ -52,8 +52,8 @@ public:
     // Sets the keys one after the other: a key that exists keeps its place, a new one goes behind the last
     // line of its section that is not blank, a new section to the end of the text. Values are written as they
     // are given, line breaks and NUL as blanks; a line that holds its value already stays as it is. Names
-    // must be such as can be read back: without line breaks, without "]" in a section or "=" in a key, a key
-    // not starting with ";" or "[".
+    // must be such as can be read back: without line breaks or blanks round them, without "]" in a section or
+    // "=" in a key, a key not starting with ";" or "[".
     void SetStrings(std::wstring_view section, std::span<const Entry> entries);
     // Removes header and keys of the first section of that name; comments and blank lines stay. False when
     // there is none.
@@ -78,12 +78,14 @@ private:
     };
 
     [[nodiscard]] std::string_view Original() const;
+    [[nodiscard]] const Piece* FindPiece(Position section) const;
+    [[nodiscard]] Position EndOfPositions() const;
     [[nodiscard]] std::string_view SectionText(Position section) const;
     [[nodiscard]] ProfileLine HeaderOf(Position section) const;
     [[nodiscard]] Position EndOf(Position section) const;
     [[nodiscard]] Position FirstSectionFrom(Position position) const;
 
-    void MakeIndex();
+    [[nodiscard]] bool MakeIndex(std::size_t slots);
     void GrowIndex();
     [[nodiscard]] std::size_t FirstSlot(std::uint32_t hash) const;
     [[nodiscard]] std::size_t FindSlot(std::wstring_view section) const;
@@ -95,14 +97,15 @@ private:
     void AppendLine(std::string& text, const EncodedEntry& entry) const;
     void SetInSection(Position section, std::span<const Entry> entries,
                       std::span<const EncodedEntry> encoded);
+    void Replace(Position section, Piece piece);
     void AbsorbRemoved(Position section);
     void ConvertToUtf16();
 
     std::string m_bytes;  // as read, byte-order mark and odd last byte included
     TextEncoding m_encoding;
-    std::string m_lineBreak;  // encoded, as the text uses it
-    std::map<Position, Piece> m_pieces;
-    Position m_nextAdded = 0;
+    std::string m_lineBreak;             // encoded, as the text uses it
+    std::map<Position, Piece> m_edited;  // in the place of sections of the original text
+    std::vector<Piece> m_added;          // the first has the position of the end of the original text
     // Open-addressing hash table of the first section of each name: position + 1, 0 for a free slot.
     std::vector<Position> m_slots;
     std::size_t m_usedSlots = 0;

@@ -64,13 +64,13 @@ std::string_view SectionName(TextEncoding encoding, std::string_view text, std::
     for (std::size_t i = begin; i < end; i += Units::kSize) {
         const wchar_t unit = Units::At(text, i);
         if (unit == L']') {
-            return text.substr(begin, i - begin);
+            return Trim<Units>(text, begin, i);
         }
         if (unit >= 0x80 && encoding == TextEncoding::Ansi) {
             break;
         }
     }
-    return text.substr(begin, end - begin);
+    return Trim<Units>(text, begin, end);
 }
 
 template <typename Units>
@@ -173,6 +173,9 @@ std::wstring DecodeName(const ProfileLine& line) {
     AppendDecoded(line.encoding, line.name, name);
     if (line.kind == ProfileLine::Kind::Section) {
         name.resize(std::min(name.find(L']'), name.size()));
+        while (!name.empty() && IsBlank(name.back())) {
+            name.pop_back();
+        }
     }
     return name;
 }

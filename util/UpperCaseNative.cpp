@@ -1,7 +1,7 @@
 #include <clocale>
 #include <cwctype>
 
-#include <locale.h>
+#include <locale.h>  // NOLINT(modernize-deprecated-headers): newlocale is in no other
 
 #include "util/UpperCase.h"
 

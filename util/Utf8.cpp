@@ -66,7 +66,7 @@ std::string ToUtf8(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());
     for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t point = static_cast<char32_t>(text[i]);
+        auto point = static_cast<char32_t>(text[i]);
         if (IsHighSurrogate(point) && i + 1 < text.size() &&
             IsLowSurrogate(static_cast<char32_t>(text[i + 1]))) {
             point = 0x10000 + ((point - 0xD800) << 10) + (static_cast<char32_t>(text[i + 1]) - 0xDC00);

@@ -66,6 +66,7 @@ TEST(PrivateProfile, ReadsAsWindowsDoes) {
              {"[s] trailing\nk=v\n", L"v"},
              {"[s]k=9\nk=v\n", L"v"},
              {"[s\nk=v\n", L"v"},
+             {"[ s\t]\nk=v\n", L"v"},
              {"[s]b]\nk=v\n", L"v"},
              {"k=0\n[t]\nk=1\n", nullptr},
              {"[s]\n[t]\nk=1\n", nullptr},
