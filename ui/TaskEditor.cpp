@@ -110,13 +110,14 @@ void CTaskEditor::FollowSelection() {
 
 void CTaskEditor::UpdateStates() {
     m_hadSelection = m_list.HasSelection();
+    // Disabling may take the focus away.
+    const HWND focus = GetFocus();
     for (const stControlState& state : EditorStates(m_members, m_hadSelection)) {
         const CWnd control(m_dialog.GetDlgItem(state.id));
         if (state.id != IDC_SCRIPT_FILE_BROWSE && (control.IsWindowEnabled() != FALSE) != state.isEnabled) {
             control.EnableWindow(state.isEnabled);
         }
     }
-    const HWND focus = GetFocus();
     if (focus != nullptr && GetParent(focus) == m_dialog.m_hWnd && !::IsWindowEnabled(focus)) {
         m_dialog.SendMessage(
             WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetNextDlgTabItem(m_dialog.m_hWnd, focus, FALSE)), TRUE);

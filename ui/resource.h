@@ -1,7 +1,7 @@
 #pragma once
 
-// Ids of the program's resources, of the main dialog's controls and of its commands. Read by the resource compiler too,
-// so nothing but #defines stands here. OK and Cancel are the system's own IDOK and IDCANCEL.
+// Ids of the program's resources, of the main dialog's controls and of its commands. Read by the resource
+// compiler too, so nothing but #defines stands here. OK and Cancel are the system's own IDOK and IDCANCEL.
 
 // Dialogs and menus
 #define IDD_MAIN 102

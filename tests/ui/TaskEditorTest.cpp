@@ -1,0 +1,141 @@
+#include "ui/TaskEditor.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/MainDialog.h"
+#include "ui/FileFilters.h"
+
+namespace {
+
+class TaskEditor : public MainDialogTest {
+protected:
+    void SetUp() override { Open({L"C:\\1.scvpr", L"C:\\2.scvpr", L"C:\\3.scvpr"}); }
+    void Type(int id, const wchar_t* text) const { SetWindowTextW(Item(id), text); }
+    void Pick(int id, SYSTEMTIME time) const {
+        SendMessageW(Item(id), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+        Notify(id, DTN_DATETIMECHANGE);
+    }
+    SYSTEMTIME Picked(int id) const {
+        SYSTEMTIME time{};
+        SendMessageW(Item(id), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time));
+        return time;
+    }
+};
+
+TEST_F(TaskEditor, ShowsTheFocusedRowAndWritesIntoAllSelected) {
+    Task(2).m_bDeleteUrls = 1;
+    Task(2).m_strUrlsFile = L"urls.csv";
+    Task(2).m_nEveryValue = 30;
+    Task(2).m_nEveryUnit = 0;
+    Task(2).m_tStartTime = FromLocalTime(2024, 3, 5, 8, 15, 42);
+    Select({0, 2});
+    EXPECT_TRUE(dialog->IsDlgButtonChecked(IDC_DELETE_URLS));
+    EXPECT_EQ(dialog->GetDlgItemText(IDC_URLS_FILE), L"urls.csv");
+    EXPECT_EQ(dialog->GetDlgItemText(IDC_EVERY_VALUE), L"30");
+    EXPECT_EQ(dialog->GetDlgItemText(IDC_EVERY_UNIT), L"minutes");
+    EXPECT_EQ(Picked(IDC_START_DATE).wMonth, 3);
+    EXPECT_EQ(Picked(IDC_START_TIME).wHour, 8);
+
+    Click(IDC_DELETE_RESULTS);
+    Type(IDC_EVERY_VALUE, L"12abc");
+    SendMessageW(Item(IDC_EVERY_UNIT), CB_SETCURSEL, 1, 0);
+    dialog->SendMessage(WM_COMMAND, MAKEWPARAM(IDC_EVERY_UNIT, CBN_SELCHANGE),
+                        reinterpret_cast<LPARAM>(Item(IDC_EVERY_UNIT)));
+    for (const int row : {0, 2}) {
+        EXPECT_EQ(Task(row).m_bDeleteResults, 1);
+        EXPECT_EQ(Task(row).m_nEveryValue, 12);
+        EXPECT_EQ(Task(row).m_nEveryUnit, 1);
+    }
+    EXPECT_EQ(Task(1).m_bDeleteResults + Task(0).m_bDeleteUrls, 0)
+        << "neither the unselected nor the unchanged";
+
+    Select({});
+    NMITEMACTIVATE click{};
+    click.ptAction = {5, 4000};
+    Notify(IDC_PROJECT_LIST, NM_CLICK, &click.hdr);
+    EXPECT_FALSE(dialog->IsDlgButtonChecked(IDC_DELETE_URLS)) << "no row: a new task's defaults";
+    EXPECT_FALSE(IsEnabled(IDC_DELETE_PROJECT));
+    Click(IDC_START_PROJECT);
+    Type(IDC_EVERY_VALUE, L"5");
+    EXPECT_EQ(Task(0).m_bStart, 0);
+    EXPECT_EQ(Task(2).m_nEveryValue, 12);
+    SetState(1, LVIS_SELECTED, LVIS_SELECTED);
+    EXPECT_TRUE(IsEnabled(IDC_DELETE_PROJECT)) << "a selection without the focus counts";
+}
+
+TEST_F(TaskEditor, BoxesEnableWhatHangsOnThem) {
+    const struct {
+        int box;
+        std::vector<int> dependants;
+    } groups[] = {
+        {IDC_EXPORT_TO_NEW_FILE, {IDC_EXPORT_FILE, IDC_EXPORT_FILE_BROWSE}},
+        {IDC_IMPORT_INPUT_VALUES, {IDC_INPUT_VALUES_FILE, IDC_INPUT_ELEMENT_NAME, IDC_INPUT_ELEMENT_ID}},
+        {IDC_REPEAT_EVERY, {IDC_EVERY_VALUE, IDC_EVERY_SPIN, IDC_EVERY_UNIT, IDC_UNTIL_TIME}}};
+    for (const auto& group : groups) {
+        for (const bool on : {true, false}) {
+            Click(group.box);
+            for (const int id : group.dependants) {
+                EXPECT_EQ(IsEnabled(id), on) << id;
+            }
+        }
+    }
+    Click(IDC_GENERATE_URLS);
+    EXPECT_TRUE(IsEnabled(IDC_SCRIPT_FILE));
+    EXPECT_FALSE(IsEnabled(IDC_SCRIPT_FILE_BROWSE)) << "there is no script editor yet";
+
+    dialog->ShowWindow(SW_SHOW);
+    Click(IDC_ADD_URLS);
+    SetFocus(Item(IDC_URLS_FILE));
+    dialog->SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_URLS, 1),
+                        reinterpret_cast<LPARAM>(Item(IDC_ADD_URLS)));
+    EXPECT_EQ(GetFocus(), Item(IDC_URLS_FILE)) << "no click";
+    dialog->CheckDlgButton(IDC_ADD_URLS, false);
+    dialog->SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_URLS, BN_CLICKED),
+                        reinterpret_cast<LPARAM>(Item(IDC_ADD_URLS)));
+    EXPECT_EQ(GetFocus(), Item(IDC_GENERATE_URLS)) << "not left on a control that takes no keys";
+}
+
+TEST_F(TaskEditor, ExportFileIsOnWhileItHasAName) {
+    Select({0, 1});
+    Click(IDC_EXPORT_TO_NEW_FILE);
+    Type(IDC_EXPORT_FILE, L"out.csv");
+    EXPECT_EQ(Task(1).m_strExportFile, L"out.csv");
+    Click(IDC_EXPORT_TO_NEW_FILE);
+    EXPECT_EQ(Task(1).m_strExportFile, L"");
+    Click(IDC_EXPORT_TO_NEW_FILE);
+    EXPECT_EQ(Task(0).m_strExportFile, L"out.csv");
+    for (const stBrowseButton& browse : kBrowseButtons) {
+        Type(browse.edit, L"C:\\old.csv");
+        const FileDialogAnswer answer(L"C:\\chosen.csv");
+        dialog->SendMessage(WM_COMMAND, static_cast<WPARAM>(browse.button),
+                            reinterpret_cast<LPARAM>(Item(browse.button)));
+        EXPECT_TRUE(answer.open);
+        EXPECT_EQ(answer.fileName, L"C:\\old.csv");
+        EXPECT_EQ(answer.extension, browse.extension);
+        EXPECT_EQ(dialog->GetDlgItemText(browse.edit), L"C:\\chosen.csv");
+    }
+    EXPECT_EQ(Task(0).m_strInputValuesFile + Task(1).m_strFailedUrlsFile, L"C:\\chosen.csvC:\\chosen.csv");
+}
+
+TEST_F(TaskEditor, PickersChangeTheirHalfOfTheStart) {
+    const std::int64_t start = FromLocalTime(2024, 3, 5, 8, 15, 42);
+    Task(0).m_tStartTime = start;
+    Task(1).m_tStartTime = start + 3600;
+    Select({0, 1});
+    Pick(IDC_START_DATE, {2024, 3, 0, 6, 1, 1, 1, 0});
+    EXPECT_EQ(Task(0).m_tStartTime, FromLocalTime(2024, 3, 6, 8, 15, 42));
+    EXPECT_EQ(Task(1).m_tStartTime, FromLocalTime(2024, 3, 6, 9, 15, 42));
+    Pick(IDC_START_TIME, {2001, 1, 0, 1, 10, 30, 59, 0});
+    EXPECT_EQ(Task(0).m_tStartTime, FromLocalTime(2024, 3, 6, 10, 30, 0)) << "without seconds";
+    Pick(IDC_UNTIL_TIME, {2024, 3, 0, 6, 18, 45, 0, 0});
+    EXPECT_EQ(Task(1).m_tUntilTime, FromLocalTime(2024, 3, 6, 18, 45, 0));
+    clock.now += 59;
+    Click(IDC_SET_CURRENT);
+    EXPECT_EQ(Task(1).m_tStartTime, clock.now - 59);
+    EXPECT_EQ(Picked(IDC_START_TIME).wHour, 10);
+    EXPECT_EQ(Picked(IDC_START_DATE).wYear, 2026);
+    EXPECT_EQ(Picked(IDC_UNTIL_TIME).wHour, 18) << "the other picker stays";
+    EXPECT_NE(Task(2).m_tStartTime, clock.now - 59);
+}
+
+}  // namespace
