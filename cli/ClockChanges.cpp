@@ -18,8 +18,8 @@ std::int64_t Local(std::int64_t instant) {
     using namespace std::chrono;
     const year_month_day date =
         year(local.year) / month(static_cast<unsigned>(local.month)) / day(static_cast<unsigned>(local.day));
-    return sys_days(date).time_since_epoch().count() * kDay + local.hour * 3600 + local.minute * 60 +
-           local.second;
+    const std::int64_t seconds = (local.hour * 60 + local.minute) * 60 + local.second;
+    return sys_days(date).time_since_epoch().count() * kDay + seconds;
 }
 
 std::int64_t Offset(std::int64_t instant) {

@@ -27,7 +27,7 @@ CConsole::~CConsole() {
     }
 }
 
-std::size_t CConsole::Width() const {
+std::size_t CConsole::Width() {
     constexpr std::size_t kUsual = 80;
     CONSOLE_SCREEN_BUFFER_INFO info{};
     if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == FALSE) {
@@ -43,6 +43,6 @@ void CConsole::CatchStop() {
     SetConsoleCtrlHandler(HandleStop, TRUE);
 }
 
-bool CConsole::WaitForStop(unsigned milliseconds) const {
+bool CConsole::WaitForStop(unsigned milliseconds) {
     return WaitForSingleObject(StopEvent(), milliseconds) == WAIT_OBJECT_0;
 }

@@ -12,12 +12,12 @@ public:
     ~CConsole();  // gives the code page back
 
     // Columns of the window; 80 when the output goes elsewhere.
-    [[nodiscard]] std::size_t Width() const;
+    [[nodiscard]] static std::size_t Width();
     // From here on Ctrl+C, Ctrl+Break and closing the console no longer end the process but WaitForStop's
     // wait.
-    void CatchStop();
+    static void CatchStop();
     // True as soon as the user wants to end, false after the time.
-    [[nodiscard]] bool WaitForStop(unsigned milliseconds) const;
+    [[nodiscard]] static bool WaitForStop(unsigned milliseconds);
 
 private:
     unsigned m_codePage;

@@ -43,7 +43,7 @@ int Run(int argc, wchar_t** argv) {
     for (int i = 1; i < argc; ++i) {
         words.push_back(ToUtf8(argv[i]));
     }
-    CConsole console;
+    const CConsole console;
     ParsedCommandLine parsed = ParseArguments(std::move(words));
     if (!parsed.arguments) {
         if (parsed.exitCode == kFine) {
@@ -58,7 +58,7 @@ int Run(int argc, wchar_t** argv) {
         path = FullPath(path);
     }
     if (arguments.command == Command::Watch) {
-        console.CatchStop();
+        CConsole::CatchStop();
     }
 
     CSystemClock clock;
@@ -70,9 +70,9 @@ int Run(int argc, wchar_t** argv) {
                           arguments.list.empty() ? DefaultList() : FullPath(arguments.list),
                           std::cout,
                           std::cerr,
-                          console.Width(),
+                          CConsole::Width(),
                           [&instances] { return instances.WhyNotToLaunch(); },
-                          [&console](unsigned milliseconds) { return console.WaitForStop(milliseconds); }};
+                          CConsole::WaitForStop};
     return RunCommand(arguments, context);
 }
 

@@ -64,27 +64,27 @@ TEST_F(Check, WhatCannotBeLaunchedIsFound) {
     shell.missing.clear();
     shell.programs.clear();
     EXPECT_THAT(OfTask(""), ElementsAre(HasSubstr("no program is registered")));
-    EXPECT_THAT(OfCommandLine("\"C:\\a.txt\""),
+    EXPECT_THAT(OfCommandLine(R"("C:\a.txt")"),
                 ElementsAre(HasSubstr("'txt' is neither"), HasSubstr("no program")));
 }
 
 TEST_F(Check, WhatDoesNotSurviveTheFileIsFound) {
-    const std::string longPath = "\"C:\\a.scvpr\" \"-at" + std::string(1100, 'x') + "\"";
+    const std::string longPath = R"("C:\a.scvpr" "-at)" + std::string(1100, 'x') + '"';
     EXPECT_THAT(OfCommandLine(longPath), testing::Contains(HasSubstr("of which 1023 are read")));
-    EXPECT_THAT(OfCommandLine("\"C:\\it''s.scvpr\""),
+    EXPECT_THAT(OfCommandLine(R"("C:\it''s.scvpr")"),
                 ElementsAre(HasSubstr("apostrophe in the command line")));
     EXPECT_THAT(OfTask("LastRunResult='Failure to run ''''\n"),
                 ElementsAre(HasSubstr("apostrophe in the last result")));
-    EXPECT_THAT(OfCommandLine("\"C:\\a.scvpr\" -aiv\"q,1,2,C:\\v.txt\""), ElementsAre(HasSubstr("comma")));
-    EXPECT_THAT(OfCommandLine("\"C:\\a.scvpr\" -aiv\"q,,C:\\v.txt\""), IsEmpty());
+    EXPECT_THAT(OfCommandLine(R"("C:\a.scvpr" -aiv"q,1,2,C:\v.txt")"), ElementsAre(HasSubstr("comma")));
+    EXPECT_THAT(OfCommandLine(R"("C:\a.scvpr" -aiv"q,,C:\v.txt")"), IsEmpty());
     EXPECT_THAT(OfTask("UntilTime=4294967295\n"),
                 ElementsAre(HasSubstr("until time lies at or past 2038-01-19")));
 }
 
 TEST_F(Check, ASwitchWithoutItsArgumentIsFound) {
-    EXPECT_THAT(OfCommandLine("\"C:\\a.scvpr\" -at -gt -eft -fr -qe"),
+    EXPECT_THAT(OfCommandLine(R"("C:\a.scvpr" -at -gt -eft -fr -qe)"),
                 ElementsAre(HasSubstr("-at "), HasSubstr("-gt "), HasSubstr("-eft ")));
-    EXPECT_THAT(OfCommandLine("\"C:\\a.scvpr\" -aiv"),
+    EXPECT_THAT(OfCommandLine(R"("C:\a.scvpr" -aiv)"),
                 ElementsAre(HasSubstr("no file"), HasSubstr("neither")));
 }
 

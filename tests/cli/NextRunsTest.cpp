@@ -27,7 +27,7 @@ TEST(NextRuns, ALateRunCountsFromNow) {
     task.m_tLastRunTime = start;
     task.m_tUntilTime = FromLocalTime(2024, 6, 3, 23, 0, 0);
     task.m_bEnableEvery = 1;
-    const std::int64_t now = start + 5 * 3600 + 600;
+    const std::int64_t now = start + 18'600;
     EXPECT_EQ(NextRuns(task, now, 3), (Runs{start + 3600, now + 3600, now + 7200}))
         << "the missed hour runs at once, the rest follows from now";
 }

@@ -2,7 +2,7 @@
 
 #ifndef _WIN32
 
-#include <stdlib.h>
+#include <cstdlib>
 
 #include "core/LocalTime.h"
 
