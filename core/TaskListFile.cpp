@@ -43,10 +43,17 @@ std::wstring Quote(std::wstring_view text) {
     return quoted + L'\'';
 }
 
+// Quicker than std::to_wstring, which goes through the C run-time's formatted print.
+template <typename Number>
+std::wstring ToText(Number number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
 // The low 32 bits, unsigned; read back as signed, so that instants from 2038-01-19 03:14:08 UTC on become
 // that limit.
 std::wstring FormatTime(std::int64_t instant) {
-    return std::to_wstring(static_cast<std::uint32_t>(instant));
+    return ToText(static_cast<std::uint32_t>(instant));
 }
 
 // The number of a task section's name as TaskSectionName writes it; 0 for any other name.
@@ -56,13 +63,13 @@ std::int32_t SectionNumber(std::wstring_view name) {
     }
     const std::wstring_view digits = name.substr(kSectionPrefix.size());
     const std::int32_t number = ParseStoredNumber(digits);
-    return digits == std::to_wstring(number) ? number : 0;
+    return digits == ToText(number) ? number : 0;
 }
 
 }  // namespace
 
 std::wstring TaskSectionName(std::int32_t number) {
-    return std::wstring(kSectionPrefix) + std::to_wstring(number);
+    return std::wstring(kSectionPrefix) + ToText(number);
 }
 
 std::vector<std::int32_t> FindTaskSections(const CPrivateProfile& profile, std::int32_t first,
@@ -80,7 +87,9 @@ std::vector<std::int32_t> FindTaskSections(const CPrivateProfile& profile, std::
 
 std::int32_t ParseStoredNumber(std::wstring_view text) noexcept {
     constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
-    text.remove_prefix(std::min(text.find_first_not_of(L" \t\n\v\f\r"), text.size()));
+    while (!text.empty() && (text.front() == L' ' || (text.front() >= L'\t' && text.front() <= L'\r'))) {
+        text.remove_prefix(1);
+    }
     const bool negative = text.starts_with(L'-');
     if (negative || text.starts_with(L'+')) {
         text.remove_prefix(1);
@@ -115,23 +124,13 @@ void CSCVShchedulerTask::ReadFrom(const CPrivateProfile& profile, const std::wst
 }
 
 void CSCVShchedulerTask::WriteTo(CPrivateProfile& profile, const std::wstring& section) const {
-    std::array<std::wstring, kKeys.size()> values = {std::to_wstring(m_bEnable),
-                                                     Quote(BuildCommandLine()),
-                                                     FormatTime(m_tStartTime),
-                                                     FormatTime(m_tUntilTime),
-                                                     FormatTime(m_tLastRunTime),
-                                                     std::to_wstring(m_bRepeatOnMon),
-                                                     std::to_wstring(m_bRepeatOnTue),
-                                                     std::to_wstring(m_bRepeatOnWen),
-                                                     std::to_wstring(m_bRepeatOnThu),
-                                                     std::to_wstring(m_bRepeatOnFri),
-                                                     std::to_wstring(m_bRepeatOnSat),
-                                                     std::to_wstring(m_bRepeatOnSun),
-                                                     std::to_wstring(m_bRepeatOnMonthly),
-                                                     std::to_wstring(m_bEnableEvery),
-                                                     std::to_wstring(m_nEveryValue),
-                                                     std::to_wstring(m_nEveryUnit),
-                                                     Quote(m_strLastRunResult)};
+    std::array<std::wstring, kKeys.size()> values = {
+        ToText(m_bEnable),          Quote(BuildCommandLine()),  FormatTime(m_tStartTime),
+        FormatTime(m_tUntilTime),   FormatTime(m_tLastRunTime), ToText(m_bRepeatOnMon),
+        ToText(m_bRepeatOnTue),     ToText(m_bRepeatOnWen),     ToText(m_bRepeatOnThu),
+        ToText(m_bRepeatOnFri),     ToText(m_bRepeatOnSat),     ToText(m_bRepeatOnSun),
+        ToText(m_bRepeatOnMonthly), ToText(m_bEnableEvery),     ToText(m_nEveryValue),
+        ToText(m_nEveryUnit),       Quote(m_strLastRunResult)};
     std::array<CPrivateProfile::Entry, kKeys.size()> entries;
     for (std::size_t i = 0; i < kKeys.size(); ++i) {
         entries[i] = {kKeys[i], std::move(values[i])};
@@ -203,7 +202,7 @@ bool CSCVShchedulerTaskArray::TrySave(IFileSystem& files, const std::wstring& fi
     const auto count = static_cast<std::int32_t>(GetSize());
     const bool saved = EditProfile(files, file, [&](CPrivateProfile& profile) {
         const std::int32_t oldCount = profile.GetInt(kTaskListSection, kTaskCountKey, 0);
-        const CPrivateProfile::Entry newCount{kTaskCountKey, std::to_wstring(count)};
+        const CPrivateProfile::Entry newCount{kTaskCountKey, ToText(count)};
         profile.SetStrings(kTaskListSection, {&newCount, 1});
         for (std::int32_t i = 0; i < count; ++i) {
             GetAt(i)->WriteTo(profile, TaskSectionName(i + 1));

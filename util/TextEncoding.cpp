@@ -1,5 +1,7 @@
 #include "util/TextEncoding.h"
 
+#include <algorithm>
+
 #include "util/AnsiText.h"
 #include "util/Utf8.h"
 
@@ -39,7 +41,9 @@ void AppendDecoded(TextEncoding encoding, std::string_view bytes, std::wstring& 
     while (ascii < bytes.size() && static_cast<unsigned char>(bytes[ascii]) < 0x80) {
         ++ascii;
     }
-    text.append(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(ascii));
+    const std::size_t old = text.size();
+    text.resize(old + ascii);  // appending iterators of another type makes a copy first
+    std::copy_n(bytes.begin(), ascii, text.begin() + static_cast<std::ptrdiff_t>(old));
     bytes.remove_prefix(ascii);
     if (encoding == TextEncoding::Utf8) {
         text += FromUtf8(bytes);

@@ -225,6 +225,13 @@ TEST(WindowsFileSystem, TwoProcessesLoseNoneOfEachOthersSections) {
     EXPECT_EQ(EntriesOf(folder), 1);
 }
 
+// Finer than std::filesystem tells it, which is in seconds here.
+ULONGLONG LastWrite(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    EXPECT_TRUE(GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data));
+    return ULONGLONG{data.ftLastWriteTime.dwHighDateTime} << 32 | data.ftLastWriteTime.dwLowDateTime;
+}
+
 // The generation that the list bears, which has to be there whole.
 unsigned WholeGeneration(const std::wstring& path) {
     const std::string bytes = BytesOf(path);
@@ -261,11 +268,11 @@ TEST_P(KilledWhileSaving, AWholeListIsLeft) {
     unsigned interrupted = 0;
     for (unsigned round = 0; round < kRoundsOfATurn; ++round) {
         SCOPED_TRACE(testing::Message() << "round " << round << ", seed " << seed - GetParam());
-        const auto before = std::filesystem::last_write_time(path);
+        const ULONGLONG before = LastWrite(path);
         const SaveChild child(L"lists \"" + path + L"\" " + std::to_wstring(generation + 1));
         // It has saved once the file has changed; only then is it worth killing.
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (std::filesystem::last_write_time(path) == before) {
+        while (LastWrite(path) == before) {
             ASSERT_LT(std::chrono::steady_clock::now(), deadline) << "the child does not save";
             Sleep(1);
         }

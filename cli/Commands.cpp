@@ -1,0 +1,104 @@
+#include "cli/Commands.h"
+
+#include <ostream>
+
+#include "cli/Check.h"
+#include "cli/ExitCode.h"
+#include "cli/JsonReport.h"
+#include "cli/Passes.h"
+#include "cli/TaskReport.h"
+#include "cli/TextReport.h"
+#include "core/Clock.h"
+#include "core/FileSystem.h"
+#include "core/ProfileFile.h"
+#include "core/SCVShchedulerTaskArray.h"
+#include "util/Utf8.h"
+
+namespace {
+
+int TellUnread(IFileSystem::Status status, const Context& context) {
+    context.err << "scvsched: the task list " << ToUtf8(context.list)
+                << (status == IFileSystem::Status::Missing ? " does not exist\n" : " cannot be read\n");
+    return kNoList;
+}
+
+// False, with the reason told, when a path names no task of the list.
+bool AreAllListed(const std::vector<std::wstring>& paths, const CSCVShchedulerTaskArray& tasks,
+                  const Context& context) {
+    for (const std::wstring& path : paths) {
+        if (tasks.FindTask(path) < 0) {
+            context.err << "scvsched: no task of the list has the project " << ToUtf8(path) << '\n';
+            return false;
+        }
+    }
+    return true;
+}
+
+int Report(const Arguments& arguments, const Context& context, CSCVShchedulerTaskArray& tasks,
+           std::int64_t now) {
+    const bool next = arguments.command == Command::Next;
+    if (!AreAllListed(arguments.paths, tasks, context)) {
+        return kUsage;
+    }
+    const std::vector<TaskReport> reports =
+        ReportTasks(tasks, arguments.paths, now, next ? arguments.count : 1);
+    if (arguments.json) {
+        context.out << TasksAsJson(context.list, now, reports, next) << '\n';
+    } else if (next) {
+        context.out << NextRunsAsText(reports);
+    } else {
+        context.out << TasksAsText(reports, context.width);
+    }
+    return kFine;
+}
+
+int Check(const Arguments& arguments, const Context& context, CSCVShchedulerTaskArray& tasks,
+          std::int64_t now) {
+    // The tasks alone do not show what loading them has cut or left out.
+    const ProfileRead read = ReadProfile(context.platform.files, context.list);
+    if (!read.profile) {
+        return TellUnread(read.status, context);
+    }
+    const std::vector<Finding> findings = FindProblems(*read.profile, tasks, context.platform.shell, now);
+    if (arguments.json) {
+        context.out << FindingsAsJson(context.list, now, findings) << '\n';
+    } else {
+        context.out << FindingsAsText(context.list, findings);
+    }
+    return findings.empty() ? kFine : kFindings;
+}
+
+}  // namespace
+
+int RunCommand(const Arguments& arguments, const Context& context) {
+    const bool launches = arguments.command == Command::Pass || arguments.command == Command::Watch;
+    if (launches) {
+        std::string why = context.whyNotToLaunch();
+        // A run that cannot be recorded would be launched again by the next pass.
+        if (why.empty() && context.platform.files.IsReadOnly(context.list)) {
+            why = "the task list " + ToUtf8(context.list) + " is read-only, so no run could be recorded";
+        }
+        if (!why.empty()) {
+            context.err << "scvsched: " << why << '\n';
+            return kFindings;
+        }
+    }
+    CSCVShchedulerTaskArray tasks;
+    if (const auto status = tasks.TryLoad(context.platform.files, context.list);
+        status != IFileSystem::Status::Ok) {
+        return TellUnread(status, context);
+    }
+    const std::int64_t now = arguments.at.value_or(context.platform.clock.Now());
+    switch (arguments.command) {
+        case Command::List:
+        case Command::Next:
+            return Report(arguments, context, tasks, now);
+        case Command::Check:
+            return Check(arguments, context, tasks, now);
+        case Command::Pass:
+            return RunPass(tasks, context);
+        case Command::Watch:
+            return Watch(tasks, context);
+    }
+    return kUsage;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "cli/Check.h"
+#include "cli/TaskReport.h"
+
+// Reports for programs: one JSON object in UTF-8, times as seconds since 1970. A lone surrogate, which JSON's
+// encoding cannot hold, becomes U+FFFD.
+
+// With `runs`, each task carries the array of its next runs.
+[[nodiscard]] std::string TasksAsJson(const std::wstring& list, std::int64_t now,
+                                      const std::vector<TaskReport>& reports, bool runs);
+[[nodiscard]] std::string FindingsAsJson(const std::wstring& list, std::int64_t now,
+                                         const std::vector<Finding>& findings);

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Times on the command line and in reports.
+
+// The instant of an ISO local time ("2024-03-31T02:30", seconds optional, a blank for the T allowed) or of a
+// count of seconds since 1970. Nothing when the text is neither or names a date or time that no calendar
+// holds. A local time that a clock change skips or repeats is what the system makes of it.
+[[nodiscard]] std::optional<std::int64_t> ParseTime(std::string_view text);
+
+// "2024-03-31 02:30" in local time; "-" for 0; the number of seconds for an instant that has no local time.
+[[nodiscard]] std::string FormatMinute(std::int64_t instant);
+// As FormatMinute, to the second.
+[[nodiscard]] std::string FormatSecond(std::int64_t instant);

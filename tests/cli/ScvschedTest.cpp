@@ -1,0 +1,88 @@
+// The console program as its user starts it.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "cli/ExitCode.h"
+#include "tests/support/ChildProcess.h"
+#include "tests/support/TemporaryFolder.h"
+#include "util/Handle.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::wstring kScvsched = L"../cli/scvsched.exe";
+
+class Scvsched : public testing::Test {
+protected:
+    [[nodiscard]] ChildResult Run(const std::wstring& words) const {
+        return RunChild(kScvsched, L"--list \"" + m_list + L"\" " + words);
+    }
+
+    const TemporaryFolder m_folder;
+    // A name that no console code page holds.
+    const std::wstring m_list =
+        m_folder.File(L"\u4fa1\u683c \u0426\u0435\u043d\u044b.ini",
+                      "[SCVShchedulerTaskList]\nTaskCount=1\n[SCVShchedulerTask1]\n"
+                      "CommandLine='\"C:\\none\\a.scvpr\" -s'\nStartTime=1711850400\n");
+};
+
+TEST_F(Scvsched, ReportsGoToStandardOutputInUtf8) {
+    const ChildResult list = Run(L"list");
+    EXPECT_EQ(list.exitCode, kFine) << list.err;
+    EXPECT_NE(list.out.find("SCVShchedulerTask1"), std::string::npos) << list.out;
+    const ChildResult next = Run(L"--json next --at 1711850000 C:\\none\\A.scvpr");
+    EXPECT_EQ(next.exitCode, kFine) << next.err;
+    const auto json = nlohmann::json::parse(next.out);
+    EXPECT_EQ(json["tasks"][0]["runs"], (std::vector<int>{1711850400}));
+    EXPECT_NE(json["list"].get<std::string>().find("\xD0\xA6\xD0\xB5\xD0\xBD\xD1\x8B.ini"),
+              std::string::npos);
+    EXPECT_EQ(next.err, "");
+}
+
+TEST_F(Scvsched, ErrorsAreOneLineOnStandardErrorWithTheirExitCode) {
+    const std::pair<const wchar_t*, unsigned> table[] = {{L"lost", kUsage},
+                                                         {L"next C:\\not\\listed.scvpr", kUsage},
+                                                         {L"--list C:\\none.ini list", kNoList},
+                                                         {L"check", kFindings}};
+    for (const auto& [words, exitCode] : table) {
+        const ChildResult result =
+            std::wstring(words).starts_with(L"--list") ? RunChild(kScvsched, words) : Run(words);
+        EXPECT_EQ(result.exitCode, exitCode) << fs::path(words);
+        const std::string& told = exitCode == kFindings ? result.out : result.err;
+        EXPECT_GT(told.size(), 10U) << fs::path(words);
+        EXPECT_EQ(result.err.find('\n'), exitCode == kFindings ? std::string::npos : result.err.size() - 1)
+            << result.err;
+    }
+}
+
+TEST_F(Scvsched, ThePassRecordsItsLaunchAndComesOnce) {
+    const ChildResult first = Run(L"pass");
+    EXPECT_EQ(first.exitCode, kFindings) << "the project is missing";
+    EXPECT_NE(first.out.find("Failure: File does not exist"), std::string::npos) << first.out << first.err;
+    const ChildResult second = Run(L"pass");
+    EXPECT_EQ(second.exitCode, kFine) << second.err;
+    EXPECT_EQ(second.out, "");
+}
+
+TEST_F(Scvsched, NothingIsLaunchedWhileTheWindowProgramOrAnotherConsoleDoes) {
+    {
+        const CKernelHandle event(CreateEventW(nullptr, TRUE, FALSE, L"SCVSchedulerApp"));
+        for (const wchar_t* command : {L"pass", L"watch"}) {
+            const ChildResult refused = Run(command);
+            EXPECT_EQ(refused.exitCode, kFindings);
+            EXPECT_NE(refused.err.find("window program is running"), std::string::npos) << refused.err;
+        }
+        EXPECT_EQ(Run(L"list").exitCode, kFine);
+    }
+    const CKernelHandle claim(CreateMutexW(nullptr, FALSE, L"SCVSchedulerConsole"));
+    const ChildResult refused = Run(L"pass");
+    EXPECT_NE(refused.err.find("another scvsched"), std::string::npos) << refused.err;
+    EXPECT_EQ(refused.out, "") << "the due task was not launched";
+}
+
+}  // namespace
