@@ -1,8 +1,5 @@
 #include "ui/EditorRules.h"
 
-#include <algorithm>
-#include <limits>
-
 namespace {
 
 template <typename Change>
@@ -83,20 +80,6 @@ void ApplyStartNow(std::int64_t now, SelectedTasks tasks) {
     const LocalTime local = ToLocalTime(now);
     ApplyStartDate(local, tasks);
     ApplyStartTime(local, tasks);
-}
-
-std::int32_t ParseCount(std::wstring_view text) noexcept {
-    constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
-    text.remove_prefix(std::min(text.find_first_not_of(L" \t\n\v\f\r"), text.size()));
-    const bool isNegative = text.starts_with(L'-');
-    if (isNegative || text.starts_with(L'+')) {
-        text.remove_prefix(1);
-    }
-    std::int64_t count = 0;
-    for (const wchar_t unit : text.substr(0, text.find_first_not_of(L"0123456789"))) {
-        count = std::min(count * 10 + (unit - L'0'), kHighest + 1);
-    }
-    return static_cast<std::int32_t>(isNegative ? -count : std::min(count, kHighest));
 }
 
 std::vector<stControlState> EditorStates(const stEditorMembers& members, bool hasSelection) {

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <span>
-#include <string_view>
 #include <vector>
 
 #include "core/LocalTime.h"
@@ -26,10 +25,6 @@ void ApplyStartTime(const LocalTime& picked, SelectedTasks tasks);
 void ApplyUntilTime(const LocalTime& picked, SelectedTasks tasks);
 // After "Set Current" has put `now` into both start pickers.
 void ApplyStartNow(std::int64_t now, SelectedTasks tasks);
-
-// The number in the count's edit box as the C run-time reads it: leading blanks, a sign, digits up to the
-// first other character. 0 without digits; what exceeds 32 bits becomes the limit.
-[[nodiscard]] std::int32_t ParseCount(std::wstring_view text) noexcept;
 
 struct stControlState {
     int id;

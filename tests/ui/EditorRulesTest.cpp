@@ -139,32 +139,6 @@ TEST_F(EditorRules, AStartThatCannotBeEndsTheChangeThere) {
     }
 }
 
-TEST(EditorCount, ReadsLeadingDigits) {
-    struct {
-        const wchar_t* text;
-        std::int32_t count;
-    } const cases[] = {{L"12abc", 12},
-                       {L" \t\n7 8", 7},
-                       {L"", 0},
-                       {L"   ", 0},
-                       {L"abc", 0},
-                       {L"-5", -5},
-                       {L"+5", 5},
-                       {L"--5", 0},
-                       {L"- 5", 0},
-                       {L"0x10", 0},
-                       {L"1,000", 1},
-                       {L"\u0665", 0},
-                       {L"2147483647", INT32_MAX},
-                       {L"2147483648", INT32_MAX},
-                       {L"-2147483648", INT32_MIN},
-                       {L"-99999999999999999999", INT32_MIN},
-                       {L"99999999999999999999", INT32_MAX}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(ParseCount(c.text), c.count) << c.text;
-    }
-}
-
 TEST_F(EditorRules, DependantsFollowTheirBoxAndProjectButtonsTheSelection) {
     const auto enabled = [&](bool hasSelection) {
         std::vector<int> ids;
