@@ -134,6 +134,7 @@ TEST_F(ProjectList, DropTakesProjectsOfOneKind) {
     drop(paths);
     EXPECT_EQ(RowCount(), 302);
     dialog->SendMessage(WM_DROPFILES, 0);
+    EXPECT_EQ(Selected(), Names{L"299.scvpr"});
     EXPECT_EQ(Saved().size(), 1U) << "nothing is saved by dropping";
 }
 

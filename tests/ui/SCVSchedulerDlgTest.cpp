@@ -186,8 +186,10 @@ TEST_F(SCVSchedulerDlg, RunIsNeverDoubledByALaunchThatPumpsOrASaveThatFails) {
     dialog.emplace(CPlatform{clock, files, pumping}, kList);
     dialog->Create(IDD_MAIN);
     pumping.window = dialog->m_hWnd;
+    Task(0).m_bExit = 1;
     Click(IDC_RUN_PROJECT);
     EXPECT_EQ(pumping.starts, 1);
+    EXPECT_EQ(Task(0).m_bExit, 1) << "the task that is being launched was read again";
     EXPECT_EQ(Task(0).m_tLastRunTime, clock.now);
     Task(0).m_tLastRunTime = 0;
     clock.now += 300;
