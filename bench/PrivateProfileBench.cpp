@@ -134,11 +134,24 @@ void ReplaceFile(const std::string& path, const std::string& bytes) {
     }
 }
 
-void LoadEngine(benchmark::State& state) {
+// Several lists at once, each read from its file.
+std::vector<CPrivateProfile> Load(const benchmark::State& state) {
     const std::string& path = TaskFile(static_cast<int>(state.range(0)));
+    std::vector<std::string> texts;
+    for (auto lists = state.range(1); lists > 0; --lists) {
+        texts.push_back(ReadFile(path));
+    }
+    std::vector<CPrivateProfile> profiles;
+    for (std::string& text : texts) {
+        profiles.emplace_back(std::move(text));
+    }
+    return profiles;
+}
+
+void LoadEngine(benchmark::State& state) {
     for (auto _ : state) {
-        const CPrivateProfile profile(ReadFile(path));
-        benchmark::DoNotOptimize(&profile);
+        const auto profiles = Load(state);
+        benchmark::DoNotOptimize(profiles.data());
     }
 }
 
@@ -152,15 +165,15 @@ void LoadSimpleIni(benchmark::State& state) {
 
 void ReadAllEngine(benchmark::State& state) {
     const int tasks = static_cast<int>(state.range(0));
-    const std::string& path = TaskFile(tasks);
     const std::vector<std::wstring> names = WideKeys();
     const std::vector<std::wstring_view> keys(names.begin(), names.end());
     for (auto _ : state) {
-        const CPrivateProfile profile(ReadFile(path));
-        for (int i = 1; i <= tasks; ++i) {
-            const auto values = profile.GetStrings(SectionName(i), keys);
-            if (!values.back() || *values.back() != L"Success") {
-                state.SkipWithError("a value was not read");
+        for (const CPrivateProfile& profile : Load(state)) {
+            for (int i = 1; i <= tasks; ++i) {
+                const auto values = profile.GetStrings(SectionName(i), keys);
+                if (!values.back() || *values.back() != L"Success") {
+                    state.SkipWithError("a value was not read");
+                }
             }
         }
     }
@@ -218,27 +231,50 @@ void WriteAllEngine(benchmark::State& state) {
         entries.push_back({name, L"1234567890"});
     }
     for (auto _ : state) {
-        CPrivateProfile profile{std::string()};
-        for (int i = 1; i <= tasks; ++i) {
-            profile.SetStrings(SectionName(i), entries);
+        std::vector<CPrivateProfile> profiles(static_cast<std::size_t>(state.range(1)),
+                                              CPrivateProfile(std::string()));
+        for (CPrivateProfile& profile : profiles) {
+            for (int i = 1; i <= tasks; ++i) {
+                profile.SetStrings(SectionName(i), entries);
+            }
         }
-        benchmark::DoNotOptimize(profile.Serialise());
-        for (int i = 1; i <= tasks; ++i) {
-            profile.RemoveSection(SectionName(i));
-        }
-        if (!profile.Serialise().empty()) {
-            state.SkipWithError("sections were not removed");
+        for (CPrivateProfile& profile : profiles) {
+            benchmark::DoNotOptimize(profile.Serialise());
+            for (int i = 1; i <= tasks; ++i) {
+                profile.RemoveSection(SectionName(i));
+            }
+            if (!profile.Serialise().empty()) {
+                state.SkipWithError("sections were not removed");
+            }
         }
     }
 }
 
-BENCHMARK(LoadEngine)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Repetitions(3);
+BENCHMARK(LoadEngine)
+    ->Args({1000, 1})
+    ->Args({10000, 1})
+    ->Args({10000, 10})
+    ->Args({100000, 1})
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(3);
 BENCHMARK(LoadSimpleIni)->Arg(10000)->Unit(benchmark::kMillisecond)->Repetitions(3);
-BENCHMARK(ReadAllEngine)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Repetitions(3);
+BENCHMARK(ReadAllEngine)
+    ->Args({1000, 1})
+    ->Args({10000, 1})
+    ->Args({10000, 10})
+    ->Args({100000, 1})
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(3);
 BENCHMARK(ReadAllSimpleIni)->Arg(10000)->Unit(benchmark::kMillisecond)->Repetitions(3);
 BENCHMARK(SaveEngine)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime()->Repetitions(5);
 BENCHMARK(SaveSimpleIni)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime()->Repetitions(5);
-BENCHMARK(WriteAllEngine)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->Repetitions(3);
+BENCHMARK(WriteAllEngine)
+    ->Args({1000, 1})
+    ->Args({10000, 1})
+    ->Args({10000, 10})
+    ->Args({100000, 1})
+    ->Unit(benchmark::kMillisecond)
+    ->Repetitions(3);
 
 // Time of the quickest repetition by the benchmark's name: that of the processor, where nothing waits for the
 // disk.
@@ -317,20 +353,22 @@ int main(int argc, char** argv) {
     CQuickest times;
     benchmark::RunSpecifiedBenchmarks(&times);
     bool passed = !times.Failed();
+    // Growth is judged against ten lists held at once: a single one of 10,000 fits the processor's caches,
+    // which says nothing about the code.
     try {
         std::puts("");
         passed &= Check("load, times quicker than SimpleIni",
-                        times.Ratio("LoadSimpleIni/10000", "LoadEngine/10000"), true, 5);
+                        times.Ratio("LoadSimpleIni/10000", "LoadEngine/10000/1"), true, 5);
         passed &= Check("load and read all, times quicker",
-                        times.Ratio("ReadAllSimpleIni/10000", "ReadAllEngine/10000"), true, 5);
+                        times.Ratio("ReadAllSimpleIni/10000", "ReadAllEngine/10000/1"), true, 5);
         passed &= Check("save one changed task, times quicker",
                         times.Ratio("SaveSimpleIni/10000", "SaveEngine/10000"), true, 5);
-        passed &= Check("load, 100,000 tasks to 10,000", times.Ratio("LoadEngine/100000", "LoadEngine/10000"),
-                        false, 12);
-        passed &= Check("load and read all, 100,000 to 10,000",
-                        times.Ratio("ReadAllEngine/100000", "ReadAllEngine/10000"), false, 12);
-        passed &= Check("write and remove all, 100,000 to 10,000",
-                        times.Ratio("WriteAllEngine/100000", "WriteAllEngine/10000"), false, 12);
+        passed &= Check("load, a list of 100,000 to ten of 10,000",
+                        times.Ratio("LoadEngine/100000/1", "LoadEngine/10000/10"), false, 1.2);
+        passed &= Check("load and read all, the same",
+                        times.Ratio("ReadAllEngine/100000/1", "ReadAllEngine/10000/10"), false, 1.2);
+        passed &= Check("write and remove all, the same",
+                        times.Ratio("WriteAllEngine/100000/1", "WriteAllEngine/10000/10"), false, 1.2);
     } catch (const std::out_of_range&) {
         std::puts("A filter left out what the bounds compare.");
         passed = false;

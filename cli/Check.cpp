@@ -65,7 +65,8 @@ void TaskChecker::CheckProject(IShell& shell) {
     }
     const std::wstring program = FindExtractionProgram(shell, project);
     if (program.empty()) {
-        Add("no program is registered for the project");
+        Add("no program is registered for the project, or its path is longer than the 126 characters that "
+            "are read");
     } else if (!shell.FileExists(program)) {
         Add("the program " + ToUtf8(program) + " does not exist");
     }

@@ -48,7 +48,7 @@ std::int64_t FromLocalDate(const year_month_day& date, const TimeOfDay& time) {
 // differ by.
 std::int64_t WallSeconds(const year_month_day& date, const TimeOfDay& time) {
     return std::chrono::sys_days{date}.time_since_epoch().count() * kDay +
-           (time.hour * 60 + time.minute) * 60;
+           (std::int64_t{time.hour} * 60 + time.minute) * 60;
 }
 
 // That time of day on that date and on no other: when a clock change skips it, the run-time answers on one

@@ -50,6 +50,37 @@ std::size_t FindKey(const ProfileLine& line, const Keys& keys, std::size_t& next
     return kNotFound;
 }
 
+// The slots that a name may be in, one after the other.
+class CProbe {
+public:
+    // The number of slots is prime, so that any step leads to all of them.
+    CProbe(NameHash hash, std::size_t slots)
+        : m_slot(hash.place % slots), m_step(1 + hash.step % (slots - 1)), m_slots(slots) {}
+
+    [[nodiscard]] std::size_t Slot() const { return m_slot; }
+    void Next() {
+        m_slot += m_step;
+        m_slot -= m_slot < m_slots ? 0 : m_slots;
+    }
+
+private:
+    std::size_t m_slot;
+    std::size_t m_step;
+    std::size_t m_slots;
+};
+
+std::size_t PrimeFrom(std::size_t number) {
+    for (number |= 1U;; number += 2) {
+        std::size_t divisor = 3;
+        while (divisor * divisor <= number && number % divisor != 0) {
+            divisor += 2;
+        }
+        if (divisor * divisor > number) {
+            return number;
+        }
+    }
+}
+
 bool HasRepeatedKey(std::span<const CPrivateProfile::Entry> entries) {
     for (std::size_t i = 1; i < entries.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
@@ -76,7 +107,7 @@ CPrivateProfile::CPrivateProfile(std::string bytes)
     // A task takes some 400 bytes. The table may not cost more than twice the text, whatever that is: there
     // are no more than 66,000 names of at most two bytes, and any other takes five bytes with its bracket and
     // line break, so that a slot for every four bytes and 84,000 more are always enough.
-    if (!MakeIndex(text.size() / 128 + 16) && !MakeIndex(text.size() / 32 + 16)) {
+    if (!MakeIndex(text.size() / 64 + 16) && !MakeIndex(text.size() / 16 + 16)) {
         static_cast<void>(MakeIndex(text.size() / 4 + 84000));
     }
 }
@@ -230,25 +261,26 @@ void CPrivateProfile::ForEachSection(const std::function<void(std::wstring_view 
 
 // False when there are too many sections for that many slots.
 bool CPrivateProfile::MakeIndex(std::size_t slots) {
-    m_slots.assign(slots, 0);
+    m_slots.assign(PrimeFrom(slots), 0);
     m_usedSlots = 0;
     const std::string_view text = Original();
     for (auto at = FindSectionLine(m_encoding, text, ByteOrderMark(m_encoding).size()); at < text.size();) {
         const ProfileLine header = ReadProfileLine(m_encoding, text, at);
-        std::size_t slot = FirstSlot(HashName(header));
+        CProbe probe(HashName(header), m_slots.size());
         std::wstring name;
-        for (; m_slots[slot] != 0; slot = slot + 1 < m_slots.size() ? slot + 1 : 0) {
+        for (; m_slots[probe.Slot()] != 0; probe.Next()) {
             if (name.empty()) {
                 name = DecodeName(header);
             }
-            if (HasName(HeaderOf((m_slots[slot] & ~kRepeated) - 1), name)) {
+            if (HasName(HeaderOf((m_slots[probe.Slot()] & ~kRepeated) - 1), name)) {
                 break;
             }
         }
-        if (m_slots[slot] != 0) {
-            m_slots[slot] |= kRepeated;
+        Position& slot = m_slots[probe.Slot()];
+        if (slot != 0) {
+            slot |= kRepeated;
         } else {
-            m_slots[slot] = static_cast<Position>(at + 1);
+            slot = static_cast<Position>(at + 1);
             if (5 * ++m_usedSlots > 4 * m_slots.size()) {
                 return false;
             }
@@ -262,29 +294,25 @@ void CPrivateProfile::GrowIndex() {
     std::vector<Position> old = std::exchange(m_slots, {});
     std::erase_if(old, [](Position slot) { return slot == 0 || slot == kRemoved; });
     m_usedSlots = old.size();
-    m_slots.assign(4 * m_usedSlots + 16, 0);
+    m_slots.assign(PrimeFrom(4 * m_usedSlots + 16), 0);
     for (const Position entry : old) {
-        std::size_t slot = FirstSlot(HashName(HeaderOf((entry & ~kRepeated) - 1)));
-        while (m_slots[slot] != 0) {
-            slot = slot + 1 < m_slots.size() ? slot + 1 : 0;
+        CProbe probe(HashName(HeaderOf((entry & ~kRepeated) - 1)), m_slots.size());
+        while (m_slots[probe.Slot()] != 0) {
+            probe.Next();
         }
-        m_slots[slot] = entry;
+        m_slots[probe.Slot()] = entry;
     }
-}
-
-std::size_t CPrivateProfile::FirstSlot(std::uint32_t hash) const {
-    hash = (hash ^ hash >> 16) * 0x45d9f3bU;
-    return (hash ^ hash >> 16) % m_slots.size();
 }
 
 // The slot of the section, or the free one where it would be.
 std::size_t CPrivateProfile::FindSlot(std::wstring_view section) const {
-    std::size_t slot = FirstSlot(HashName(section));
-    while (m_slots[slot] != 0 &&
-           (m_slots[slot] == kRemoved || !HasName(HeaderOf((m_slots[slot] & ~kRepeated) - 1), section))) {
-        slot = slot + 1 < m_slots.size() ? slot + 1 : 0;
+    CProbe probe(HashName(section), m_slots.size());
+    for (;; probe.Next()) {
+        const Position slot = m_slots[probe.Slot()];
+        if (slot == 0 || (slot != kRemoved && HasName(HeaderOf((slot & ~kRepeated) - 1), section))) {
+            return probe.Slot();
+        }
     }
-    return slot;
 }
 
 std::optional<CPrivateProfile::Position> CPrivateProfile::Find(std::wstring_view section) const {

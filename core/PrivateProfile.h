@@ -87,7 +87,6 @@ private:
 
     [[nodiscard]] bool MakeIndex(std::size_t slots);
     void GrowIndex();
-    [[nodiscard]] std::size_t FirstSlot(std::uint32_t hash) const;
     [[nodiscard]] std::size_t FindSlot(std::wstring_view section) const;
     [[nodiscard]] std::optional<Position> Find(std::wstring_view section) const;
 

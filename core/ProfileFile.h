@@ -13,7 +13,7 @@
 
 struct ProfileRead {
     // Missing when there is surely no such file; Busy or Failed when it is there and cannot be read.
-    IFileSystem::Status status = IFileSystem::Status::Missing;
+    IFileSystem::Status status = IFileSystem::Status::Failed;
     // Set when Ok.
     std::optional<CPrivateProfile> profile;
 };

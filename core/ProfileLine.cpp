@@ -151,11 +151,36 @@ std::size_t FindSection(std::string_view text, std::size_t position) {
     return text.size();
 }
 
-std::uint32_t AddToHash(std::uint32_t hash, wchar_t unit) {
-    return (hash ^ static_cast<std::uint32_t>(ToUpper(unit))) * 0x01000193U;
-}
+class CNameHasher {
+public:
+    void Add(wchar_t unit) {
+        if (unit >= L'0' && unit <= L'9') {
+            m_number = m_number * 10 + static_cast<std::uint32_t>(unit - L'0');
+            ++m_digits;
+            return;
+        }
+        if (m_digits > 0) {
+            m_hash = Mixed(m_hash, m_number);
+        }
+        m_hash = Mixed(m_hash, m_digits << 16 ^ static_cast<std::uint32_t>(ToUpper(unit)));
+        m_number = 0;
+        m_digits = 0;
+    }
+    [[nodiscard]] NameHash Result() const {
+        const std::uint32_t place = Mixed(m_hash, m_digits) + m_number;
+        return {place, Mixed(place, m_hash)};
+    }
 
-constexpr std::uint32_t kEmptyHash = 0x811c9dc5U;
+private:
+    static std::uint32_t Mixed(std::uint32_t hash, std::uint32_t more) {
+        hash = (hash ^ more) * 0x9e3779b1U;
+        return hash ^ hash >> 15;
+    }
+
+    std::uint32_t m_hash = 0;
+    std::uint32_t m_number = 0;  // at the end of what came so far, and how many digits it has
+    std::uint32_t m_digits = 0;
+};
 
 }  // namespace
 
@@ -196,24 +221,24 @@ bool HasName(const ProfileLine& line, std::wstring_view name) {
     });
 }
 
-std::uint32_t HashName(std::wstring_view name) {
-    std::uint32_t hash = kEmptyHash;
+NameHash HashName(std::wstring_view name) {
+    CNameHasher hasher;
     for (const wchar_t unit : name) {
-        hash = AddToHash(hash, unit);
+        hasher.Add(unit);
     }
-    return hash;
+    return hasher.Result();
 }
 
-std::uint32_t HashName(const ProfileLine& line) {
+NameHash HashName(const ProfileLine& line) {
     return WithUnits(line.encoding, [&]<typename Units>(Units) {
-        std::uint32_t hash = kEmptyHash;
+        CNameHasher hasher;
         for (std::size_t offset = 0; offset < line.name.size(); offset += Units::kSize) {
             const wchar_t unit = Units::At(line.name, offset);
             if (Units::kSize == 1 && unit >= 0x80) {
                 return HashName(DecodeName(line));
             }
-            hash = AddToHash(hash, unit);
+            hasher.Add(unit);
         }
-        return hash;
+        return hasher.Result();
     });
 }

@@ -35,6 +35,12 @@ struct ProfileLine {
 // Whether the line's name is `name`, without regard to case.
 [[nodiscard]] bool HasName(const ProfileLine& line, std::wstring_view name);
 
-// Alike for all names that HasName takes for the same.
-[[nodiscard]] std::uint32_t HashName(std::wstring_view name);
-[[nodiscard]] std::uint32_t HashName(const ProfileLine& line);
+// Where a name is looked for in a hash table: at `place`, then every `step` further. Alike for all names that
+// HasName takes for the same. Names that differ in a number at their end have neighbouring places, so that
+// numbered sections are entered and found in the order of the memory; `step` leads others out of their way.
+struct NameHash {
+    std::uint32_t place;
+    std::uint32_t step;
+};
+[[nodiscard]] NameHash HashName(std::wstring_view name);
+[[nodiscard]] NameHash HashName(const ProfileLine& line);

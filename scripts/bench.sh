@@ -7,7 +7,7 @@
 scripts/setup.sh build wine64 bench
 mkdir -p build
 say "Building (build/bench.log)"
-for preset in native-release windows-x64; do
+for preset in native-release windows-x64-release; do
     { cmake --preset "$preset" && cmake --build --preset "$preset"; } >build/bench.log 2>&1 || {
         tail -n 40 build/bench.log >&2
         fail "The build $preset failed."
@@ -31,7 +31,7 @@ done
 trap 'wine_stop >/dev/null 2>&1' EXIT
 trap 'exit 130' INT TERM
 wine_start x64 build/wine/bench >>build/bench.log 2>&1
-for program in build/windows-x64/bench/*.exe; do
+for program in build/windows-x64-release/bench/*.exe; do
     [ ! -f "$program" ] || run "$program" wine_run x64 "$program"
 done
 

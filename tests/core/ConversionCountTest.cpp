@@ -10,6 +10,8 @@
 
 namespace {
 
+// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables, bugprone-reserved-identifier): what --wrap
+// asks for
 int localTimes = 0;
 int instants = 0;
 
@@ -31,17 +33,22 @@ std::time_t __wrap_mktime(std::tm* local) {
     return __real_mktime(local);
 }
 }
+// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables, bugprone-reserved-identifier)
 
 namespace {
 
 TEST(ConversionCount, EachPathMakesOnlyTheConversionsItNeeds) {
     const auto june = [](int day, int hour) { return FromLocalTime(2026, 6, day, hour, 0, 0); };
-    const std::int64_t start = june(1, 9), last = june(8, 9), noon = june(1, 12), early = june(1, 8);
+    const std::int64_t start = june(1, 9);
+    const std::int64_t last = june(8, 9);
+    const std::int64_t noon = june(1, 12);
+    const std::int64_t early = june(1, 8);
     struct Case {
-        const char* path;
+        const char* path = "";
         Rules rules;
-        std::int64_t now;
-        int localTimes, instants;
+        std::int64_t now = 0;
+        int localTimes = 0;
+        int instants = 0;
     };
     const Case cases[] = {
         {"start ahead",

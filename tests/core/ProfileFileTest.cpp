@@ -44,6 +44,7 @@ TEST(ProfileFile, EachCallMayFailOnceOrFromThenOn) {
             const bool saved = EditProfile(files, kPath, SetNew);
             EXPECT_EQ(files.Bytes(kPath), saved ? kNew : kOld);
             if (!forever) {
+                EXPECT_TRUE(saved || call != 1) << "the lock is asked for once more";
                 EXPECT_EQ(files.FileCount(), 1U) << "a temporary file is left";
             }
             files.FailCalls(CFakeFileSystem::kForever, CFakeFileSystem::kForever);
