@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include <objbase.h>
 #include <shlobj.h>
 
 #include <exception>
@@ -15,26 +14,11 @@
 #include "core/LocalTime.h"
 #include "core/Shell.h"
 #include "core/WindowsFileSystem.h"
+#include "util/ComApartment.h"
 #include "util/ProcessHardening.h"
 #include "util/Utf8.h"
 
 namespace {
-
-// The shell may start a program through components that want this; without it the start may still succeed.
-class CComApartment {
-public:
-    CComApartment() : m_result(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)) {}
-    CComApartment(const CComApartment&) = delete;
-    CComApartment& operator=(const CComApartment&) = delete;
-    ~CComApartment() {
-        if (SUCCEEDED(m_result)) {
-            CoUninitialize();
-        }
-    }
-
-private:
-    HRESULT m_result;
-};
 
 std::wstring FullPath(const std::wstring& path) {
     const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
