@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include <objbase.h>
 #include <shlobj.h>
 
 #include <exception>
@@ -19,22 +18,6 @@
 #include "util/Utf8.h"
 
 namespace {
-
-// The shell may start a program through components that want this; without it the start may still succeed.
-class CComApartment {
-public:
-    CComApartment() : m_result(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE)) {}
-    CComApartment(const CComApartment&) = delete;
-    CComApartment& operator=(const CComApartment&) = delete;
-    ~CComApartment() {
-        if (SUCCEEDED(m_result)) {
-            CoUninitialize();
-        }
-    }
-
-private:
-    HRESULT m_result;
-};
 
 std::wstring FullPath(const std::wstring& path) {
     const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
@@ -61,7 +44,6 @@ int Run(int argc, wchar_t** argv) {
         words.push_back(ToUtf8(argv[i]));
     }
     const CConsole console;
-    const CComApartment apartment;
     ParsedCommandLine parsed = ParseArguments(std::move(words));
     if (!parsed.arguments) {
         if (parsed.exitCode == kFine) {
