@@ -45,7 +45,6 @@ int Run(int argc, wchar_t** argv) {
         words.push_back(ToUtf8(argv[i]));
     }
     const CConsole console;
-    const CComApartment apartment;
     ParsedCommandLine parsed = ParseArguments(std::move(words));
     if (!parsed.arguments) {
         if (parsed.exitCode == kFine) {
