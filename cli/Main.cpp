@@ -14,7 +14,6 @@
 #include "core/LocalTime.h"
 #include "core/Shell.h"
 #include "core/WindowsFileSystem.h"
-#include "util/ComApartment.h"
 #include "util/ProcessHardening.h"
 #include "util/Utf8.h"
 
