@@ -26,10 +26,10 @@ TEST(NextRun, FollowsTheRulesInTheirOrder) {
     const std::int64_t until18 = At(2020, 1, 31, 18, 0);
     const std::int64_t until12 = June(8, 12, 0, 59);
     struct Case {
-        const char* what;
+        const char* what = "";
         Rules rules;
-        std::int64_t now;
-        std::int64_t next;
+        std::int64_t now = 0;
+        std::int64_t next = 0;
     };
     const Case cases[] = {
         // The first run.

@@ -116,7 +116,7 @@ public:
         return static_cast<unsigned>(m_state >> 33) % limit;
     }
     template <typename T, std::size_t N>
-    T Pick(T (&from)[N]) {
+    T Pick(T (&from)[N]) {  // NOLINT(readability-const-return-type): T is const with its array
         return from[Number(N)];
     }
 

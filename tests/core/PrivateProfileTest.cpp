@@ -152,7 +152,8 @@ TEST(PrivateProfile, KeepsTheEncodingUntilItCannotHoldAText) {
                   Utf16(L"[a]\nx=\ndd0\n[s]\nK=" + lone + L"\nl=\u0a0d\n", bigEndian));
         CPrivateProfile odd(before + "!");
         odd.SetStrings(L"new", Entries{{L"k", emoji}});
-        EXPECT_EQ(odd.Serialise(), before + Utf16(L"[new]\nk=" + emoji + L"\n", bigEndian).substr(2) + "!");
+        const std::string added = Utf16(L"[new]\nk=" + emoji + L"\n", bigEndian).substr(2).append("!");
+        EXPECT_EQ(odd.Serialise(), before + added);
         EXPECT_TRUE(odd.GetString(L"NEW", L"K") == emoji);
         EXPECT_TRUE(odd.RemoveSection(L"new"));
         EXPECT_EQ(odd.Serialise(), before + "!");

@@ -40,7 +40,7 @@ protected:
         return m_repainted;
     }
 
-    bool IsSaved(const std::string& name) const {
+    [[nodiscard]] bool IsSaved(const std::string& name) const {
         return m_files.Has(L"C:\\list.ini") &&
                m_files.Bytes(L"C:\\list.ini").find("[" + name + "]") != std::string::npos;
     }

@@ -22,7 +22,7 @@ const std::wstring kPath = L"C:\\lists\\tasks.ini";
 // A list as it stands on disk, with what the array makes of it.
 struct List {
     explicit List(std::string bytes) { files.Put(kPath, std::move(bytes)); }
-    const std::string& Bytes() const { return files.Bytes(kPath); }
+    [[nodiscard]] const std::string& Bytes() const { return files.Bytes(kPath); }
 
     CFakeFileSystem files;
     CSCVShchedulerTaskArray tasks;
@@ -353,7 +353,7 @@ TEST(TaskListFile, NoContentStopsALoadOrASave) {
         std::string(1, '\0'),
         "\xff\xfe",
         "\xff\xfe[",
-        "\xff\xfe\x00\xd8",
+        std::string("\xff\xfe\x00\xd8", 4),
         "\xef\xbb\xbf",
         "[",
         noise,
