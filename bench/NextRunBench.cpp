@@ -32,8 +32,10 @@ struct Path {
 
 // Seen from 8 June 2026 (a Monday) 10:00; none is due then.
 std::vector<Path> Paths() {
-    const std::int64_t start = June(1, 9), last = June(8, 9), until = June(1, 23),
-                       late = FromLocalTime(2026, 6, 29, 9, 0, 0);
+    const std::int64_t start = June(1, 9);
+    const std::int64_t last = June(8, 9);
+    const std::int64_t until = June(1, 23);
+    const std::int64_t late = FromLocalTime(2026, 6, 29, 9, 0, 0);
     return {
         {"every", {.start = start, .last = last, .isEvery = true, .every = 120, .until = until}, 2, 0},
         {"every on days",
@@ -124,7 +126,8 @@ bool JudgeAll() {
         CSCVShchedulerTask task;
         SetRules(task, path.rules);
         const std::int64_t now = June(8, 10);
-        double computed = 1e9, bare = 1e9;
+        double computed = 1e9;
+        double bare = 1e9;
         for (int round = 0; round < 15; ++round) {  // in turn, so that both see the same machine
             computed = std::min(computed, Best(1, [&] {
                                     for (int i = 0; i < kRepeats; ++i) {
