@@ -50,10 +50,10 @@ struct Window {
         dialog.emplace(CPlatform{clock, files, shell}, kList);
         dialog->Create(IDD_MAIN);
     }
-    LRESULT List(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    LRESULT List(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageW(dialog->GetDlgItem(IDC_PROJECT_LIST), message, wParam, lParam);
     }
-    void SelectFirst(int count) const {
+    void SelectFirst(int count) {
         LVITEMW item{};
         item.state = item.stateMask = LVIS_SELECTED;
         for (int row = 0; row < count; ++row) {
@@ -105,7 +105,7 @@ bool Judge(const char* what, double figure, double limit) {
 }
 
 bool JudgeLongList() {
-    const Window window(10'000);
+    Window window(10'000);
     bool areMet = true;
     for (const int column : {0, 3, 4}) {
         window.ClickHeader(column);
@@ -149,7 +149,7 @@ Use Measure() {
 }
 
 bool JudgeIdle() {
-    const Window window(1'000);
+    Window window(1'000);
     const auto idle = [&] {
         window.Tick();
         window.dialog->Invalidate();

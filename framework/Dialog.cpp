@@ -61,7 +61,7 @@ BOOL CDialog::Create(UINT templateId, CWnd* parent) {
 INT_PTR CDialog::DoModal() {
     const CWinApp* app = AfxGetApp();
     CWnd* parent = m_parent != nullptr || app == nullptr ? m_parent : app->m_pMainWnd;
-    const CWnd owner(parent != nullptr ? GetAncestor(parent->m_hWnd, GA_ROOT) : nullptr);
+    CWnd owner(parent != nullptr ? GetAncestor(parent->m_hWnd, GA_ROOT) : nullptr);
     m_result = IDCANCEL;
     m_modal = true;
     const bool disabled = owner.m_hWnd != nullptr && !owner.EnableWindow(FALSE);

@@ -52,12 +52,12 @@ FileDialogFunction AfxSetFileDialog(FileDialogFunction function) {
     return std::exchange(g_fileDialog, std::move(function));
 }
 
-CFileDialog::CFileDialog(bool open, const wchar_t* defaultExtension, const std::wstring& fileName,
-                         DWORD flags, const std::wstring& filter, const CWnd* parent)
+CFileDialog::CFileDialog(bool open, const wchar_t* defaultExtension, std::wstring fileName, DWORD flags,
+                         std::wstring filter, const CWnd* parent)
     : m_open(open),
       m_extension(defaultExtension != nullptr ? defaultExtension : L""),
-      m_fileName(fileName),
-      m_filter(filter),
+      m_fileName(std::move(fileName)),
+      m_filter(std::move(filter)),
       m_flags(flags),
       m_owner(parent != nullptr ? parent->m_hWnd : nullptr) {
     std::replace(m_filter.begin(), m_filter.end(), L'|', L'\0');

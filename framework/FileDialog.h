@@ -16,8 +16,8 @@ public:
     // `open` chooses between the open and the save form; `fileName` is what the name box starts with;
     // `filter` holds pairs of a description and its patterns, each followed by '|', and one more '|' at the
     // end; `flags` are OFN_ flags.
-    CFileDialog(bool open, const wchar_t* defaultExtension, const std::wstring& fileName, DWORD flags,
-                const std::wstring& filter, const CWnd* parent);
+    CFileDialog(bool open, const wchar_t* defaultExtension, std::wstring fileName, DWORD flags,
+                std::wstring filter, const CWnd* parent);
 
     // The folder that is shown first, unless the file name brings its own.
     void SetInitialFolder(const std::wstring& folder) { m_folder = folder; }

@@ -36,11 +36,11 @@ CWinApp* AfxGetApp() noexcept {
     return g_app;
 }
 
-CWinApp::CWinApp() : m_previous(g_app) {
-    const std::wstring path = GetModulePath();
-    m_strExeName = StripFileExtension(GetFileName(path));
-    m_strAppName = m_strExeName;
-    m_strHelpFilePath = GetFolderPath(path) + m_strExeName + L".HLP";
+CWinApp::CWinApp()
+    : m_strExeName(StripFileExtension(GetFileName(GetModulePath()))),
+      m_strAppName(m_strExeName),
+      m_strHelpFilePath(GetFolderPath(GetModulePath()) + m_strExeName + L".HLP"),
+      m_previous(g_app) {
     g_app = this;
 }
 

@@ -27,14 +27,21 @@ public:
         ::CheckDlgButton(m_hWnd, id, check ? BST_CHECKED : BST_UNCHECKED);
     }
 
-    // Returns whether it was disabled before.
-    BOOL EnableWindow(BOOL enable = TRUE) const { return ::EnableWindow(m_hWnd, enable); }
     [[nodiscard]] BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
-    // Returns whether it was visible before.
-    BOOL ShowWindow(int command) const { return ::ShowWindow(m_hWnd, command); }
     [[nodiscard]] BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
-    HWND SetFocus() const { return ::SetFocus(m_hWnd); }
-    BOOL SetForegroundWindow() const { return ::SetForegroundWindow(m_hWnd); }
+
+    // NOLINTBEGIN(readability-make-member-function-const): they change the window, if not this object
+    // Returns whether it was disabled before.
+    BOOL EnableWindow(BOOL enable = TRUE) { return ::EnableWindow(m_hWnd, enable); }
+    // Returns whether it was visible before.
+    BOOL ShowWindow(int command) { return ::ShowWindow(m_hWnd, command); }
+    HWND SetFocus() { return ::SetFocus(m_hWnd); }
+    BOOL SetForegroundWindow() { return ::SetForegroundWindow(m_hWnd); }
+    // The period is in milliseconds. The timer dies with the window.
+    UINT_PTR SetTimer(UINT_PTR id, UINT period) { return ::SetTimer(m_hWnd, id, period, nullptr); }
+    BOOL DestroyWindow() { return ::DestroyWindow(m_hWnd); }
+    // NOLINTEND(readability-make-member-function-const)
+
     // The large icon or the small one; the caller keeps it alive as long as the window.
     void SetIcon(HICON icon, bool large) const;
 
@@ -50,10 +57,6 @@ public:
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return ::PostMessageW(m_hWnd, message, wParam, lParam);
     }
-    // The period is in milliseconds. The timer dies with the window.
-    UINT_PTR SetTimer(UINT_PTR id, UINT period) const { return ::SetTimer(m_hWnd, id, period, nullptr); }
-    BOOL DestroyWindow() const { return ::DestroyWindow(m_hWnd); }
-
     // Null when there is no window (any more).
     HWND m_hWnd = nullptr;
 

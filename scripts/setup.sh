@@ -1,7 +1,8 @@
 #!/bin/bash
 # Installs with apt what is missing on a Debian 12, and only that; with nothing missing it says nothing and is quick.
 #
-#   scripts/setup.sh SET...     sets: build, wine64, wine32 (which makes the 32-bit Wine root as well), checks, bench
+#   scripts/setup.sh SET...     sets: build, wine64, wine32 (which makes the 32-bit Wine root as well), desktop, checks,
+#                               bench
 #
 # The only place that lists packages.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -9,7 +10,8 @@
 declare -A packages=(
     [build]="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix cmake ninja-build googletest libcli11-dev
              nlohmann-json3-dev"
-    [wine64]="wine64"
+    [wine64]="wine64 fonts-wine"
+    [desktop]="xvfb xdotool imagemagick"
     [wine32]="debootstrap util-linux mount"
     [checks]="g++ clang clang-format clang-tidy libclang-rt-14-dev tzdata shellcheck"
     [bench]="g++ libsimpleini-dev libbenchmark-dev"

@@ -1,10 +1,14 @@
 # shellcheck shell=bash
 # Running the built Windows programs. To be sourced after common.sh.
 #
-#   wine_start x64|x86 PREFIX   makes PREFIX (a folder below build/) a fresh Wine prefix and keeps its server up
+#   wine_start x64|x86 PREFIX [desktop]
+#                               makes PREFIX (a folder below build/) a fresh Wine prefix and keeps its server up; with
+#                               "desktop" its programs share one desktop with a task bar, 1280 by 900
 #   wine_run x64|x86 [env NAME=VALUE...] PROGRAM...
 #                               runs a program, by its path on this machine and in the calling folder
 #   wine_stop                   ends the servers that wine_start started, and every program in their prefixes
+#   display_start               starts a display that nobody looks at, and points DISPLAY to it; before wine_start
+#   display_stop                ends it
 #
 # One prefix an architecture and shell. With only 64-bit Wine at hand a 32-bit program ends with 0 without having run,
 # so never take an exit code alone for a proof that a program ran: look at what it wrote.
@@ -45,7 +49,7 @@ wine_exec() {
 wine_run() { (wine_exec "$@"); }
 
 wine_start() {
-    local arch=$1 prefix=$2
+    local arch=$1 prefix=$2 kind=${3:-}
     mkdir -p "$prefix"
     prefix=$(cd "$prefix" && pwd)
     wine_prefix[$arch]=$prefix
@@ -59,6 +63,19 @@ wine_start() {
         say "The Wine prefix $prefix could not be made." >&2
         return 1
     }
+    # The dialogs' font and the caption's symbols, which Wine does not find by itself where Debian keeps them.
+    cp /usr/share/wine/fonts/{tahoma,tahomabd,marlett}.ttf "$prefix/drive_c/windows/Fonts/"
+    # Without a window manager to wait for, a window that is shown does not take two seconds.
+    wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+    if [ "$kind" = desktop ]; then
+        # The one name for which Wine's explorer brings a task bar of its own accord.
+        wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\Explorer' /v Desktop /d shell /f
+        wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\Explorer\Desktops' /v shell /d 1280x900 /f
+    fi
+    # Anew, as the server's desktop has none for as long as it lives when it came up without a display.
+    wine_server "$arch" -k || true
+    wine_server "$arch" -w
+    wine_server "$arch" -p
 }
 
 wine_stop() {
@@ -67,4 +84,22 @@ wine_stop() {
         wine_server "$arch" -k || true
         unset "wine_prefix[$arch]"
     done
+}
+
+display_start() {
+    local number=build/display.$$
+    # 1280 by 900 in true colour; -displayfd takes a free number and tells it once clients can connect.
+    mkdir -p build
+    mkfifo "$number"
+    Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$number" >/dev/null 2>&1 8>&- &
+    display_pid=$!
+    read -r -t 30 DISPLAY <"$number" || true
+    rm -f "$number"
+    [ -n "${DISPLAY:-}" ] || fail "Xvfb did not start."
+    export DISPLAY=:$DISPLAY
+}
+
+display_stop() {
+    [ -z "${display_pid:-}" ] || kill "$display_pid" 2>/dev/null || true
+    display_pid=
 }

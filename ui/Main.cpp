@@ -8,7 +8,7 @@
 #include "util/ComApartment.h"
 #include "util/ProcessHardening.h"
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR commandLine, int) {
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR lpCmdLine, int) {
     HardenProcess();
     RefreshTimeZone();
     const CComApartment apartment;
@@ -16,5 +16,5 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR commandLine, int) {
     CWindowsFileSystem files;
     CWindowsShell shell;
     CSCVSchedulerApp app({clock, files, shell});
-    return AfxWinMain(app, commandLine);
+    return AfxWinMain(app, lpCmdLine);
 }

@@ -23,7 +23,7 @@ public:
 private:
     struct stRun {
         std::wstring project;
-        std::int64_t time;
+        std::int64_t time = 0;
         std::wstring result;
     };
     std::map<std::wstring, stRun> m_runs;  // by section

@@ -19,7 +19,7 @@ std::wstring Folded(std::wstring text) {
 }  // namespace
 
 CRowOrder::CRowOrder(const CSCVShchedulerTaskArray& tasks, int column, bool ascending, std::int64_t now)
-    : m_kind(Kind::Text), m_bAscending(ascending) {
+    : m_bAscending(ascending) {
     m_keys.reserve(static_cast<std::size_t>(tasks.GetSize()));
     for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
         const CSCVShchedulerTask& task = *tasks[i];

@@ -30,7 +30,7 @@ private:
 
     [[nodiscard]] int CompareAscending(const stKey& left, const stKey& right) const noexcept;
 
-    Kind m_kind;
+    Kind m_kind = Kind::Text;
     bool m_bAscending;
     std::unordered_map<const CSCVShchedulerTask*, stKey> m_keys;
 };

@@ -113,7 +113,7 @@ void CTaskEditor::UpdateStates() {
     // Disabling may take the focus away.
     const HWND focus = GetFocus();
     for (const stControlState& state : EditorStates(m_members, m_hadSelection)) {
-        const CWnd control(m_dialog.GetDlgItem(state.id));
+        CWnd control(m_dialog.GetDlgItem(state.id));
         if (state.id != IDC_SCRIPT_FILE_BROWSE && (control.IsWindowEnabled() != FALSE) != state.isEnabled) {
             control.EnableWindow(state.isEnabled);
         }

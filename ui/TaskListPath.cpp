@@ -26,7 +26,7 @@ void MoveOldList(const std::wstring& from, const std::wstring& to, ITaskListPlac
 std::wstring SettleTaskListPath(const stTaskListNames& names, ITaskListPlaces& places) {
     const std::wstring file = L"\\" + names.executable + L".ini";
     const std::wstring beside = ListBesideExecutable(names.helpFile);
-    const std::wstring path =
+    std::wstring path =
         names.localFolder.empty() ? beside : names.localFolder + L"\\" + names.application + file;
     if (!places.Exists(path)) {
         places.CreateFolder(GetFolderPath(path));

@@ -18,7 +18,7 @@ TEST(AnchorGeometry, EachAnchorKeepsItsDistance) {
     EXPECT_EQ(MeasureDistances(kFirst, kControl), (Edges{20, 10, 130, 50}));
     EXPECT_EQ(MeasureDistances({5, 6, 100, 90}, kControl), (Edges{15, 4, 30, 40}));
     struct {
-        std::uint32_t flags;
+        std::uint32_t flags = 0;
         Placement larger;   // 300 x 250
         Placement smaller;  // 100 x 55
     } const cases[] = {
@@ -52,7 +52,7 @@ TEST(AnchorGeometry, LimitsAndStoredPlaces) {
     EXPECT_EQ(MinTrackSize(333), 266);
     EXPECT_EQ(MinTrackSize(0), 0);
     struct {
-        const char* what;
+        const char* what = nullptr;
         Edges stored;
         Placement used;  // on a screen of 1280 x 900
     } const cases[] = {

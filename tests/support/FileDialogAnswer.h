@@ -10,7 +10,7 @@
 // with a cancel; and keeps what the dialog was asked for.
 class FileDialogAnswer {
 public:
-    explicit FileDialogAnswer(std::optional<std::wstring> answer)
+    explicit FileDialogAnswer(const std::optional<std::wstring>& answer)
         : m_before(AfxSetFileDialog([this, answer](bool openForm, OPENFILENAMEW& record) {
               ++count;
               open = openForm;

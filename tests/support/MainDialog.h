@@ -49,8 +49,8 @@ protected:
         ASSERT_TRUE(dialog->Create(IDD_MAIN));
     }
 
-    HWND Item(int id) const { return dialog->GetDlgItem(id); }
-    bool IsEnabled(int id) const { return IsWindowEnabled(Item(id)) != FALSE; }
+    [[nodiscard]] HWND Item(int id) const { return dialog->GetDlgItem(id); }
+    [[nodiscard]] bool IsEnabled(int id) const { return IsWindowEnabled(Item(id)) != FALSE; }
     void Click(int id) const { SendMessageW(Item(id), BM_CLICK, 0, 0); }
     LRESULT Notify(int id, UINT code, const NMHDR* more = nullptr) const {
         NMHDR plain{};
@@ -62,11 +62,12 @@ protected:
     }
     void Tick(WPARAM id = CSCVSchedulerDlg::kTimer) const { dialog->SendMessage(WM_TIMER, id); }
 
+    // NOLINTNEXTLINE(modernize-use-nodiscard): most messages are sent for what they do
     LRESULT List(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return SendMessageW(Item(IDC_PROJECT_LIST), message, wParam, lParam);
     }
-    int RowCount() const { return static_cast<int>(List(LVM_GETITEMCOUNT)); }
-    std::wstring Cell(int row, int column) const {
+    [[nodiscard]] int RowCount() const { return static_cast<int>(List(LVM_GETITEMCOUNT)); }
+    [[nodiscard]] std::wstring Cell(int row, int column) const {
         wchar_t text[512] = {};
         LVITEMW item{};
         item.iSubItem = column;
@@ -76,14 +77,14 @@ protected:
         return text;
     }
     // The first column from top to bottom.
-    Names Rows() const {
+    [[nodiscard]] Names Rows() const {
         Names rows;
         for (int row = 0; row < RowCount(); ++row) {
             rows.push_back(Cell(row, 0));
         }
         return rows;
     }
-    CSCVShchedulerTask& Task(int row) const {
+    [[nodiscard]] CSCVShchedulerTask& Task(int row) const {
         LVITEMW item{};
         item.mask = LVIF_PARAM;
         item.iItem = row;
@@ -104,7 +105,7 @@ protected:
             SetState(row, state, state);
         }
     }
-    Names Selected() const {
+    [[nodiscard]] Names Selected() const {
         Names names;
         for (int row = -1;
              (row = static_cast<int>(List(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED))) >= 0;) {
@@ -112,7 +113,7 @@ protected:
         }
         return names;
     }
-    int Focused() const {
+    [[nodiscard]] int Focused() const {
         return static_cast<int>(List(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
     }
 

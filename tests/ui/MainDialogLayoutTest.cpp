@@ -24,16 +24,18 @@ struct Control {
     DWORD style;
     RECT rect;  // client coordinates
 
-    bool IsVisible() const { return (style & WS_VISIBLE) != 0; }
-    bool IsButton(DWORD type) const { return kind == WC_BUTTONW && (style & BS_TYPEMASK) == type; }
-    bool IsGroup() const { return IsButton(BS_GROUPBOX); }
-    bool IsIconButton() const { return kind == WC_BUTTONW && (style & BS_ICON) != 0; }
-    bool IsField() const {
+    [[nodiscard]] bool IsVisible() const { return (style & WS_VISIBLE) != 0; }
+    [[nodiscard]] bool IsButton(DWORD type) const {
+        return kind == WC_BUTTONW && (style & BS_TYPEMASK) == type;
+    }
+    [[nodiscard]] bool IsGroup() const { return IsButton(BS_GROUPBOX); }
+    [[nodiscard]] bool IsIconButton() const { return kind == WC_BUTTONW && (style & BS_ICON) != 0; }
+    [[nodiscard]] bool IsField() const {
         static const std::set<std::wstring> fields = {WC_EDITW, WC_COMBOBOXW, WC_LISTVIEWW,
                                                       DATETIMEPICK_CLASSW};
         return fields.contains(kind);
     }
-    bool Contains(const Control& other) const {
+    [[nodiscard]] bool Contains(const Control& other) const {
         RECT both;
         UnionRect(&both, &rect, &other.rect);
         return EqualRect(&both, &rect) != FALSE;
@@ -57,6 +59,11 @@ std::vector<WORD> TemplateWithPointSize(WORD points) {
 }
 
 // The real dialog, hidden, with the fonts of 96, 120, 144 and 192 dots per inch.
+// Not a lambda: those have the other calling convention in 32 bit.
+INT_PTR CALLBACK LeavesAllToTheSystem(HWND, UINT, WPARAM, LPARAM) {
+    return FALSE;
+}
+
 class MainDialogLayout : public testing::TestWithParam<int> {
 protected:
     void SetUp() override {
@@ -67,7 +74,7 @@ protected:
         m_dialog = CreateDialogIndirectParamW(
             GetModuleHandleW(nullptr),
             static_cast<const DLGTEMPLATE*>(static_cast<const void*>(bytes.data())), nullptr,
-            [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
+            LeavesAllToTheSystem, 0);
         ASSERT_TRUE(m_dialog);
         for (HWND child = GetWindow(m_dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
             wchar_t kind[64] = {};
@@ -87,9 +94,9 @@ protected:
     }
     void TearDown() override { DestroyWindow(m_dialog); }
 
-    int Scale(int pixels) const { return MulDiv(pixels, GetParam(), 96); }
+    static int Scale(int pixels) { return MulDiv(pixels, GetParam(), 96); }
 
-    SIZE TextSize(const std::wstring& text) const {
+    [[nodiscard]] SIZE TextSize(const std::wstring& text) const {
         const HDC dc = GetDC(m_dialog);
         const HGDIOBJ old =
             SelectObject(dc, reinterpret_cast<HGDIOBJ>(SendMessageW(m_dialog, WM_GETFONT, 0, 0)));
@@ -100,14 +107,14 @@ protected:
         return {rect.right, rect.bottom};
     }
 
-    const Control* GroupAround(const Control& control) const {
+    [[nodiscard]] const Control* GroupAround(const Control& control) const {
         const auto found = std::ranges::find_if(m_controls, [&](const Control& group) {
             return group.IsGroup() && &group != &control && group.Contains(control);
         });
         return found == m_controls.end() ? nullptr : &*found;
     }
 
-    void ExpectNoOverlap(const std::vector<Control>& controls) const {
+    static void ExpectNoOverlap(const std::vector<Control>& controls) {
         for (const Control& one : controls) {
             for (const Control& other : controls) {
                 const bool belongs = (one.IsGroup() && one.Contains(other)) || other.kind == UPDOWN_CLASSW;

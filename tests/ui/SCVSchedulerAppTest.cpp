@@ -27,7 +27,9 @@ struct Program {
         key = L"Software\\Talvernick\\" + app.m_strAppName;
     }
     ~Program() { RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str()); }
-    bool IsVisible() const { return app.m_pMainWnd != nullptr && app.m_pMainWnd->IsWindowVisible(); }
+    [[nodiscard]] bool IsVisible() const {
+        return app.m_pMainWnd != nullptr && app.m_pMainWnd->IsWindowVisible();
+    }
 };
 
 // A window of the title by which a running instance is looked for.

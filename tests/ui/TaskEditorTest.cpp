@@ -15,7 +15,7 @@ protected:
         SendMessageW(Item(id), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
         Notify(id, DTN_DATETIMECHANGE);
     }
-    SYSTEMTIME Picked(int id) const {
+    [[nodiscard]] SYSTEMTIME Picked(int id) const {
         SYSTEMTIME time{};
         SendMessageW(Item(id), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time));
         return time;

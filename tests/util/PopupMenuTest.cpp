@@ -17,7 +17,7 @@ struct Seen {
 LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* seen = reinterpret_cast<Seen*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (seen != nullptr && message == WM_INITMENUPOPUP) {
-        const auto menu = reinterpret_cast<HMENU>(wParam);
+        auto* const menu = reinterpret_cast<HMENU>(wParam);
         seen->defaultItem = GetMenuDefaultItem(menu, FALSE, 0);
         seen->items = GetMenuItemCount(menu);
         PostMessageW(window, WM_KEYDOWN, VK_UP, 0);

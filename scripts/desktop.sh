@@ -1,0 +1,125 @@
+# shellcheck shell=bash disable=SC2034,SC2154 # what it sets for its caller, and takes from wine.sh and its caller
+# The program on a desktop of its own, used by mouse and keyboard. To be sourced after wine.sh.
+#
+#   desktop_start x64|x86 PREFIX     a display, a fresh prefix with a task bar, and C:\demo with the program, the stand-in and
+#                                    some projects in it; the stand-in is registered as the extraction program
+#   desktop_stop                     ends all of that
+#   program_start [ARGUMENT...]      starts the program; its process is $program_pid
+#   program_ends                     waits until it has ended
+#   window_is TITLE shown|hidden|gone     waits until it is so; TITLE may end in *
+#   item TITLE ID                    where a control is: "left top right bottom ..."
+#   click TITLE ID [BUTTON]          clicks into the middle of a control
+#   press KEY...                     such as alt+a
+#   list_row N                       clicks the text of row N (from 1) of the project list
+#   choose_file PATH                 types PATH into the open file dialog that comes up
+#   tray_click BUTTON [TIMES]        clicks the icon at the right end of the task bar
+#   tray_exit                        chooses "Exit" in the icon's menu
+#   picture NAME                     keeps the screen as NAME.png in $pictures
+#
+# Waiting gives up after 30 seconds and ends the script: nothing here goes on over something that did not happen.
+
+main_title='SCV Scheduler*'
+demo='C:\demo'
+
+desktop_start() {
+    desktop_arch=$1
+    display_start
+    wine_start "$desktop_arch" "$2" desktop >"build/desktop-$desktop_arch.log" 2>&1 8>&-
+    local projects=(prices 'new books' news)
+    drive_c=${wine_prefix[$desktop_arch]}/drive_c
+    mkdir -p "$drive_c/demo"
+    cp "build/windows-$desktop_arch/ui/SCVScheduler.exe" "build/windows-$desktop_arch/tests/"{standin,window}.exe \
+        "$drive_c/demo/"
+    # The text of a project is how many seconds the stand-in keeps it open.
+    local project
+    for project in "${projects[@]}"; do
+        echo 0 >"$drive_c/demo/$project.scvpr"
+    done
+    registry add 'HKCU\Software\Talvernick\Scrivane' /v ProgramFileName /d "$demo\\standin.exe" /f >/dev/null
+    # The folders of the one user, whatever Wine calls him.
+    local folders=("$drive_c"/users/[!P]*/AppData)
+    local_folder=${folders[0]}/Local/SCVScheduler
+    roaming_folder=${folders[0]}/Roaming/Scrivane
+    task_list=$local_folder/SCVScheduler.ini
+}
+
+desktop_stop() {
+    wine_stop
+    display_stop
+}
+
+registry() { wine_run "$desktop_arch" reg.exe "$@" | tr -d '\r'; }
+
+# The value of a name under the program's own key, empty when there is none.
+setting() {
+    registry query "HKCU\\Software\\Talvernick\\SCVScheduler\\$1" /v "$2" 2>/dev/null |
+        awk -v name="$2" '$1 == name { print $3 }'
+}
+
+program_start() {
+    wine_exec "$desktop_arch" "$drive_c/demo/SCVScheduler.exe" "$@" >/dev/null 2>&1 </dev/null 8>&- &
+    program_pid=$!
+}
+
+# until_true SECONDS WHAT COMMAND...: asks again and again.
+until_true() {
+    local deadline=$((SECONDS + $1)) what=$2
+    shift 2
+    while ! "$@"; do
+        [ "$SECONDS" -lt "$deadline" ] || fail "Did not happen: $what"
+        sleep 0.2
+    done
+}
+
+has_ended() { ! kill -0 "$1" 2>/dev/null; }
+program_ends() { until_true 30 "the program ends" has_ended "$program_pid"; }
+
+window_tool() { wine_run "$desktop_arch" "$drive_c/demo/window.exe" "$@" | tr -d '\r'; }
+
+window_state() {
+    local place
+    place=$(window_tool "$1" place) || true
+    case $place in
+    *shown*) [ "$2" = shown ] ;;
+    *hidden*) [ "$2" = hidden ] ;;
+    *) [ "$2" = gone ] ;;
+    esac
+}
+window_is() { until_true 30 "window \"$1\" is $2" window_state "$1" "$2"; }
+
+item() { window_tool "$1" place "$2"; }
+
+click_at() { xdotool mousemove "$1" "$2" sleep 0.1 click "${3:-1}" sleep 0.2; }
+
+click() {
+    local left top right bottom rest
+    read -r left top right bottom rest < <(item "$1" "$2")
+    [ -n "$rest" ] || fail "There is no control $2 in \"$1\"."
+    click_at $(((left + right) / 2)) $(((top + bottom) / 2)) "${3:-1}"
+}
+
+press() { xdotool key "$@" sleep 0.4; }
+
+# At 96 dpi a row has 14 pixels, and row 0 is the header.
+list_row() {
+    local left top right bottom rest
+    read -r left top right bottom rest < <(item "$main_title" 1017 | tail -n 1)
+    click_at $((left + 60)) $((bottom + 14 * $1 - 7))
+}
+
+choose_file() {
+    window_is 'Open' shown
+    xdotool sleep 0.3 type --delay 20 "$1"
+    xdotool key Return
+    window_is 'Open' gone
+}
+
+tray_click() { xdotool mousemove 1269 890 sleep 0.2 click --repeat "${2:-1}" --delay 60 "$1" sleep 0.3; }
+
+# The menu lies above the mouse, "Exit" at its lower end.
+tray_exit() {
+    tray_click 3
+    xdotool mousemove_relative -- -80 -22 sleep 0.2 click 1
+}
+
+picture() { import -window root "$pictures/$1.png"; }

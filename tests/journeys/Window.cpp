@@ -1,0 +1,82 @@
+// What scripts that play a user need to know of another program's windows, so that mouse and keyboard find them.
+//
+//   window TITLE place [ID]       where the window whose title is TITLE is (or begins with it, when TITLE ends in *); with
+//                                 ID, where that control of it is. Prints "left top right bottom" in pixels of the screen,
+//                                 "shown" or "hidden", "enabled" or "disabled"; for a list its header on a second line.
+//   window TITLE rename TEXT      gives it another title
+//
+// Ends with 1 when there is no such window, with 2 when it was not told what to do.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+struct Search {
+    std::wstring title;
+    bool isPrefix = false;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK Match(HWND window, LPARAM parameter) {
+    Search& search = *reinterpret_cast<Search*>(parameter);
+    wchar_t title[256] = {};
+    GetWindowTextW(window, title, 256);
+    const std::wstring text = title;
+    if (search.isPrefix ? text.starts_with(search.title) : text == search.title) {
+        search.found = window;
+    }
+    return search.found == nullptr;
+}
+
+HWND Find(std::wstring title) {
+    Search search{std::move(title)};
+    if (search.title.ends_with(L'*')) {
+        search.isPrefix = true;
+        search.title.pop_back();
+    }
+    EnumWindows(Match, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+void Print(HWND window) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    std::printf("%ld %ld %ld %ld %s %s\n", rect.left, rect.top, rect.right, rect.bottom,
+                IsWindowVisible(window) ? "shown" : "hidden",
+                IsWindowEnabled(window) ? "enabled" : "disabled");
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+    if (count < 3) {
+        return 2;
+    }
+    HWND window = Find(arguments[1]);
+    const std::wstring verb = arguments[2];
+    if (verb == L"rename" && count > 3 && window != nullptr) {
+        SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(arguments[3]));
+        return 0;
+    }
+    if (verb != L"place") {
+        return 2;
+    }
+    if (window != nullptr && count > 3) {
+        window = GetDlgItem(window, static_cast<int>(std::wcstol(arguments[3], nullptr, 10)));
+    }
+    if (window == nullptr) {
+        return 1;
+    }
+    Print(window);
+    wchar_t kind[64] = {};
+    GetClassNameW(window, kind, 64);
+    if (std::wstring(kind) == WC_LISTVIEWW) {
+        Print(reinterpret_cast<HWND>(SendMessageW(window, LVM_GETHEADER, 0, 0)));
+    }
+    return 0;
+}
