@@ -20,3 +20,10 @@ struct IconPolicy {
 };
 // An icon that was loaded without LR_SHARED.
 using CIconHandle = CUniqueHandle<IconPolicy>;
+
+struct FontPolicy {
+    using Type = HFONT;
+    static HFONT None() noexcept { return nullptr; }
+    static bool Close(HFONT font) noexcept { return DeleteObject(font) != 0; }
+};
+using CFontHandle = CUniqueHandle<FontPolicy>;
