@@ -46,7 +46,7 @@ std::optional<std::wstring> VBScriptValue(std::wstring_view expression) {
             value += L"\r\n";
             expression.remove_prefix(kNewLine.size());
         } else if (const std::size_t end = expression.find(L'"', 1);
-                   expression.starts_with(L'"') && end != expression.npos) {
+                   expression.starts_with(L'"') && end != std::wstring::npos) {
             value += expression.substr(1, end - 1);
             expression.remove_prefix(end + 1);
         } else {
@@ -75,7 +75,7 @@ std::wstring WithVBScriptLineBreaks(const std::wstring& value) {
 }
 
 void FillWith(const std::wstring& value) {
-    if (value.find(L"%PARAM_") != value.npos || value.find(L"{{") != value.npos) {
+    if (value.find(L"%PARAM_") != std::wstring::npos || value.find(L"{{") != std::wstring::npos) {
         return;  // is filled in by itself
     }
     const COneTemplate text(L"\"%PARAM_1%\"");
@@ -85,8 +85,8 @@ void FillWith(const std::wstring& value) {
     Require(JScriptValue(generator.InstantiateTemplate(kJScript, &record, L"Main")) == value);
     // Quotes between line breaks are not doubled, and the words run together are torn apart even in a
     // literal.
-    if (value.find_first_of(L"\r\n") != value.npos && value.find(L'"') == value.npos &&
-        value.find(L"vbNewLinevbNewLine") == value.npos) {
+    if (value.find_first_of(L"\r\n") != std::wstring::npos && value.find(L'"') == std::wstring::npos &&
+        value.find(L"vbNewLinevbNewLine") == std::wstring::npos) {
         Require(VBScriptValue(generator.InstantiateTemplate(kVBScript, &record, L"Main")) ==
                 WithVBScriptLineBreaks(value));
     }
@@ -100,10 +100,10 @@ void AddTo(std::wstring_view language, const std::wstring& script) {
     const std::wstring result = generator.AddToScript(language, script, &record);
     const std::size_t end = result.rfind(L"\r\n\r\nMain");
     const std::wstring name = result.substr(end + 4);
-    const bool countsAsEmpty = script.find(L"Main") == 0 || script.find(L"Main") == script.npos;
-    Require(countsAsEmpty ? name == L"Main" : script.find(name) == script.npos);
+    const bool countsAsEmpty = script.find(L"Main") == 0 || script.find(L"Main") == std::wstring::npos;
+    Require(countsAsEmpty ? name == L"Main" : script.find(name) == std::wstring::npos);
     // Either nothing is touched, or a call is put round something, and all before and after it stays.
-    const std::size_t call = countsAsEmpty ? result.npos : result.find(name + L" (");
+    const std::size_t call = countsAsEmpty ? std::wstring::npos : result.find(name + L" (");
     if (call >= end) {
         Require(result == script + L"\r\n\r\n" + name);
         return;

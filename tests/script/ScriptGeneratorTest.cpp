@@ -35,7 +35,7 @@ protected:
         }
         return record;
     }
-    Names ParamNames(std::ptrdiff_t firstIndex) const {
+    [[nodiscard]] Names ParamNames(std::ptrdiff_t firstIndex) const {
         const CStringArray names = m_generator.GetTemplateParamNames(1, firstIndex);
         return {names.begin(), names.end()};
     }
