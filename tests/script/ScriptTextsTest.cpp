@@ -133,6 +133,11 @@ TEST(ScriptTexts, EveryTemplateKeepsTheFormat) {
                               ? L"End Function\r\n\r\n' " + description + L"\r\nFunction " + helper + L"\r\n"
                               : L"}\r\n\r\n// " + description + L"\r\nfunction " + helper + L" {\r\n"));
         }
+        // In a script of several templates no name means two things.
+        const std::wregex defined(L"\r\n(?:[Ff]unction|Sub|Class|Dim|var) (\\w+)");
+        for (std::wsregex_iterator each(text.begin(), text.end(), defined), none; each != none; ++each) {
+            EXPECT_THAT((*each)[1].str(), StartsWith(generator.GetTemplateFunctionName(number)));
+        }
         std::wstring others = text;
         for (std::size_t at = others.find(L"\r\n"); at != std::wstring::npos; at = others.find(L"\r\n", at)) {
             others.erase(at, 2);
