@@ -1,7 +1,9 @@
 #include "util/SystemError.h"
 
+#include <stdexcept>
 #include <string_view>
 
+#include "util/Utf8.h"
 #include "util/WhiteSpace.h"
 
 std::wstring SystemErrorText(DWORD code) {
@@ -10,4 +12,8 @@ std::wstring SystemErrorText(DWORD code) {
                                         code, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
     const std::wstring_view trimmed = TrimRight({text, length});
     return trimmed.empty() ? L"Error " + std::to_wstring(static_cast<LONG>(code)) : std::wstring(trimmed);
+}
+
+void RaiseSystemError(DWORD code) {
+    throw std::runtime_error(ToUtf8(SystemErrorText(code)));
 }
