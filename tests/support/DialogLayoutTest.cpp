@@ -37,6 +37,10 @@ Edges ToEdges(const RECT& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
+INT_PTR CALLBACK DoNothing(HWND, UINT, WPARAM, LPARAM) {
+    return FALSE;
+}
+
 }  // namespace
 
 bool LayoutControl::IsButton(DWORD type) const {
@@ -77,7 +81,7 @@ void DialogLayoutTest::SetUp() {
         TemplateWithPointSize(m_templateId, static_cast<WORD>(MulDiv(8, GetParam(), 96)));
     m_dialog = CreateDialogIndirectParamW(
         GetModuleHandleW(nullptr), static_cast<const DLGTEMPLATE*>(static_cast<const void*>(bytes.data())),
-        nullptr, [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return FALSE; }, 0);
+        nullptr, &DoNothing, 0);
     ASSERT_TRUE(m_dialog);
     for (HWND child = GetWindow(m_dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         wchar_t kind[64] = {};

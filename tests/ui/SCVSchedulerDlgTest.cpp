@@ -229,7 +229,7 @@ TEST_F(SCVSchedulerDlg, HandOverShowsTheWindowAndReadsOnlyWhatWasDelivered) {
 
 TEST_F(SCVSchedulerDlg, TrayIconShowsByDoubleClickAndMenuCommand) {
     Open({L"C:\\a.scvpr"});
-    const auto show = [&](UINT mouse) {
+    const auto show = [&](LPARAM mouse) {
         EXPECT_EQ(dialog->SendMessage(kTrayMessage, 103, mouse), 1);
         MSG message{};
         const bool posted =
