@@ -25,6 +25,10 @@ public:
     [[nodiscard]] LRESULT GetItemData(int index) const {
         return SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(index));
     }
+    [[nodiscard]] int GetCount() const { return static_cast<int>(SendMessage(LB_GETCOUNT)); }
+    // Lets a list with a horizontal scroll bar scroll as far as its longest item reaches, and shows the bar
+    // only when there is one too long. To be called after the list was filled.
+    void FitHorizontalExtent() const;
     // Empty for no item.
     [[nodiscard]] std::wstring GetText(int index) const {
         const LRESULT length = SendMessage(LB_GETTEXTLEN, static_cast<WPARAM>(index));

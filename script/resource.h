@@ -1,7 +1,7 @@
 #pragma once
 
-// Ids of the script editor's dialogs, their controls and its icon. Read by the resource compiler too, so nothing
-// but #defines stands here. OK and Cancel are the system's own IDOK and IDCANCEL.
+// Ids of the script editor's dialogs, their controls and its icon. Read by the resource compiler too, so
+// nothing but #defines stands here. OK and Cancel are the system's own IDOK and IDCANCEL.
 
 #define IDD_SCRIPT 293
 #define IDD_SCRIPT_FUNCTION 322
