@@ -16,9 +16,8 @@ Function Extract_Email_Addresses ( text )
 
 	' Names of pictures such as photo@2x.png look like addresses. The bounds keep long words from costing time.
 	Set expression = New RegExp
-	expression.Pattern = "[a-z0-9_][a-z0-9._%+-]{0,63}@(?!\dx\.(?:png|jpe?g|gif|webp|svg))(?:[a-z0-9-]{1,63}\.)+[a-z]{2,63}"
+	expression.Pattern = "[A-Za-z0-9_][A-Za-z0-9._%+-]{0,63}@(?!\dx\.(?:png|jpe?g|gif|webp|svg))(?:[A-Za-z0-9-]{1,63}\.)+[A-Za-z]{2,63}"
 	expression.Global = True
-	expression.IgnoreCase = True
 	Set known = CreateObject("Scripting.Dictionary")
 
 	' Long results are put together from chunks, for each addition copies what is there.

@@ -12,7 +12,7 @@ End Function
 ' This function extracts the text of the selected item of every drop-down list (select tag), one per line. Where no item is marked as selected it is the first that is not disabled, as a browser shows it; a list of several choices (multiple attribute) gives all that are marked. Tags within an item are removed and entities such as &amp; replaced by their characters.
 Function Extract_Selected_Text_From_DropDownList ( text )
 
-	Dim tags, attributes, tag, name, result, list, optionStart, optionAttributes
+	Dim tags, attributes, tag, parts, name, result, list, optionStart, optionAttributes
 
 	' What follows the name in a tag; quoted values may hold any character, elsewhere < and > end the tag.
 	attributes = "([^<>=]*(?:=(?:\s*""[^""]*""|\s*'[^']*'|(?!\s*""[^""]*""|\s*'[^']*'))[^<>=]*)*)"
@@ -27,7 +27,8 @@ Function Extract_Selected_Text_From_DropDownList ( text )
 	list = Extract_Selected_Text_From_DropDownList_New("")
 	optionStart = 0
 	For Each tag In tags.Execute(text)
-		name = LCase(tag.SubMatches(3))
+		Set parts = tag.SubMatches
+		name = LCase(parts(3))
 		If name = "select" Or name = "option" Or name = "optgroup" Then
 			' Each of these tags ends an item.
 			If optionStart > 0 Then
@@ -36,10 +37,10 @@ Function Extract_Selected_Text_From_DropDownList ( text )
 			End If
 			If name = "select" Then
 				result = result & Extract_Selected_Text_From_DropDownList_Shown(list)
-				list = Extract_Selected_Text_From_DropDownList_New(tag.SubMatches(4))
-			ElseIf name = "option" And tag.SubMatches(2) = "" Then
+				list = Extract_Selected_Text_From_DropDownList_New(parts(4))
+			ElseIf name = "option" And parts(2) = "" Then
 				optionStart = tag.FirstIndex + tag.Length + 1
-				optionAttributes = tag.SubMatches(4)
+				optionAttributes = parts(4)
 			End If
 		End If
 	Next
@@ -96,12 +97,12 @@ Function Extract_Selected_Text_From_DropDownList_Has ( attributes , name )
 
 	Dim expression, names
 
-	Set expression = New RegExp
-	expression.Global = True
-	expression.IgnoreCase = True
-	expression.Pattern = "=\s*(?:""[^""]*""|'[^']*'|[^\s""']+)"
 	Extract_Selected_Text_From_DropDownList_Has = False
 	If InStr(1, attributes, name, 1) > 0 Then
+		Set expression = New RegExp
+		expression.Global = True
+		expression.IgnoreCase = True
+		expression.Pattern = "=\s*(?:""[^""]*""|'[^']*'|[^\s""']+)"
 		names = expression.Replace(attributes, " ")
 		expression.Pattern = "(?:^|[\s\/])" & name & "(?:[\s\/]|$)"
 		Extract_Selected_Text_From_DropDownList_Has = expression.Test(names)
