@@ -22,15 +22,15 @@ std::wstring Replaced(std::wstring_view text, std::wstring_view what, std::wstri
 
 }  // namespace
 
-std::ptrdiff_t CaretColumn(std::wstring_view script, std::ptrdiff_t position) {
+std::int64_t CaretColumn(std::wstring_view script, std::int64_t position) {
     if (position <= 0) {
         return 1;
     }
     const std::size_t lineFeed = script.substr(0, static_cast<std::size_t>(position)).rfind(L'\n');
-    return lineFeed == std::wstring_view::npos ? position : position - static_cast<std::ptrdiff_t>(lineFeed);
+    return lineFeed == std::wstring_view::npos ? position : position - static_cast<std::int64_t>(lineFeed);
 }
 
-std::wstring CaretText(std::ptrdiff_t line, std::ptrdiff_t column) {
+std::wstring CaretText(std::int64_t line, std::int64_t column) {
     return L"Ln " + std::to_wstring(line) + L", Col " + std::to_wstring(column);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,10 +13,10 @@
 // The column that is told of a position in a script, in UTF-16 units from the script's start. Counted from 1
 // on every line but the first, where, on purpose, it is the number of characters before the position; but at
 // least 1.
-[[nodiscard]] std::ptrdiff_t CaretColumn(std::wstring_view script, std::ptrdiff_t position);
+[[nodiscard]] std::int64_t CaretColumn(std::wstring_view script, std::int64_t position);
 
 // `line` and `column` as they are told, "Ln 1, Col 1".
-[[nodiscard]] std::wstring CaretText(std::ptrdiff_t line, std::ptrdiff_t column);
+[[nodiscard]] std::wstring CaretText(std::int64_t line, std::int64_t column);
 
 // What a test run shows of its results: one a line, without the empty ones.
 [[nodiscard]] std::wstring JoinResults(const CStringArray& results);

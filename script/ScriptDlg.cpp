@@ -250,7 +250,7 @@ void CScriptDlg::OnScriptChange() {
 void CScriptDlg::UpdateCaret() {
     const DWORD end = m_script.GetSel().second;
     SetDlgItemText(IDC_SCRIPT_CARET,
-                   CaretText(CaretLine(end) + 1, CaretColumn(m_script.GetWindowText(), std::ptrdiff_t{end})));
+                   CaretText(CaretLine(end) + 1, CaretColumn(m_script.GetWindowText(), std::int64_t{end})));
 }
 
 // From 0. The thread's caret is elsewhere while the script has no focus, and can be scrolled out of sight.

@@ -30,7 +30,7 @@ public:
 
 TEST(EditorText, TheFirstLinesColumnsLagByOne) {
     const struct {
-        std::ptrdiff_t position, column;
+        std::int64_t position, column;
     } cases[] = {{-1, 1}, {0, 1}, {1, 1}, {2, 2}, {3, 3}, {4, 1}, {5, 2}, {6, 3}, {7, 4}, {8, 1}, {99, 92}};
     for (const auto& item : cases) {
         EXPECT_EQ(CaretColumn(L"ab\r\ncd\r\n", item.position), item.column) << item.position;

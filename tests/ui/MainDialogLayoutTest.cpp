@@ -81,15 +81,19 @@ TEST(Resources, HoldTheTrayMenuAndEveryIconSize) {
     EXPECT_STREQ(text, L"Exit");
     DestroyMenu(menu);
 
+    std::set<int> pictures;
     for (const int id : {128, 133, 141, 142, 143, 144, 145, 241, 512}) {
         const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(id), RT_GROUP_ICON);
         ASSERT_TRUE(resource) << id;
         // A header of three words, the last the count; then 14 bytes a picture, its width first (0 means
-        // 256).
+        // 256), its resource's id last.
         const auto* bytes = static_cast<const BYTE*>(LockResource(LoadResource(nullptr, resource)));
         std::set<int> widths;
         for (int i = 0; i < bytes[4]; ++i) {
-            widths.insert(bytes[6 + 14 * i] ? bytes[6 + 14 * i] : 256);
+            const BYTE* entry = bytes + 6 + 14 * i;
+            widths.insert(entry[0] != 0 ? entry[0] : 256);
+            EXPECT_TRUE(pictures.insert(entry[12] + 256 * entry[13]).second)
+                << "another icon's picture: " << id;
         }
         const bool mark = id == 142 || id == 144;
         EXPECT_EQ(widths, mark ? std::set<int>({8, 10, 12, 16}) : std::set<int>({16, 20, 24, 32, 48, 256}))
