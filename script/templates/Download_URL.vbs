@@ -9,7 +9,7 @@ Function {{MAIN_FUNCTION_NAME}} ( text, url )
 
 End Function
 
-' This function downloads the page whose URL is the text and returns its source. Redirections are followed; a connection is awaited for 10 seconds, each part of the answer for 30 seconds and the whole of it for 60 seconds. The result is empty when the server cannot be reached, does not answer in time or answers with an error.
+' This function downloads the page whose URL is the text and returns its source. Redirections are followed; a connection is awaited for 10 seconds and the whole answer for 60 seconds. The result is empty when the server cannot be reached, does not answer in time or answers with an error.
 Function Download_URL ( text )
 
 	Dim request, completed, body
@@ -18,7 +18,7 @@ Function Download_URL ( text )
 	Set request = CreateObject("WinHttp.WinHttpRequest.5.1")
 
 	On Error Resume Next
-	request.SetTimeouts 10000, 10000, 30000, 30000
+	request.SetTimeouts 10000, 10000, 60000, 60000
 	request.Open "GET", Trim(Replace(Replace(Replace(text, vbCr, " "), vbLf, " "), vbTab, " ")), True
 	request.Send
 	completed = False

@@ -40,7 +40,7 @@ End Function
 ' The text of a run of %XX sequences.
 Function Extract_Url_From_Url_Params_Bytes ( run )
 
-	Dim position, sequence, number, count, index, part, chunk
+	Dim position, following, number, count, index, part, chunk
 
 	Extract_Url_From_Url_Params_Bytes = ""
 	chunk = ""
@@ -50,26 +50,28 @@ Function Extract_Url_From_Url_Params_Bytes ( run )
 
 		' How many bytes the first one asks for, and its share of the number.
 		count = 1
+		part = number
 		If number >= 194 And number <= 223 Then
 			count = 2
+			part = number - 192
 		ElseIf number >= 224 And number <= 239 Then
 			count = 3
+			part = number - 224
 		ElseIf number >= 240 And number <= 244 Then
 			count = 4
+			part = number - 240
 		End If
-		part = number
-		If count > 1 Then part = number - Array(0, 0, 192, 224, 240)(count)
 		For index = 1 To count - 1
 			If position + 3 * index > Len(run) Then
 				part = -1
 				Exit For
 			End If
-			sequence = CLng("&H" & Mid(run, position + 3 * index + 1, 2))
-			If sequence < 128 Or sequence > 191 Then
+			following = CLng("&H" & Mid(run, position + 3 * index + 1, 2))
+			If following < 128 Or following > 191 Then
 				part = -1
 				Exit For
 			End If
-			part = part * 64 + (sequence And 63)
+			part = part * 64 + (following And 63)
 		Next
 
 		' Numbers that have a shorter form, or are halves of pairs, are no valid UTF-8.

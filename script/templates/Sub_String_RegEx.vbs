@@ -14,6 +14,9 @@ Function Sub_String_RegEx ( text , pattern , unique )
 
 	Dim expression, match, known, chunk, separator
 
+	Sub_String_RegEx = ""
+	If Len(pattern) = 0 Then Exit Function
+
 	Set expression = New RegExp
 	expression.Pattern = pattern
 	expression.Global = True
@@ -21,7 +24,6 @@ Function Sub_String_RegEx ( text , pattern , unique )
 	Set known = CreateObject("Scripting.Dictionary")
 
 	' Long results are put together from chunks, for each addition copies what is there.
-	Sub_String_RegEx = ""
 	chunk = ""
 	separator = ""
 	For Each match In expression.Execute(text)
