@@ -110,50 +110,59 @@ Function Extract_Selected_Text_From_DropDownList_Has ( attributes , name )
 
 End Function
 
-' Each entity replaced by its character; names other than these and what the engine cannot write stay as they are.
+' The text with each entity replaced by its character.
 Function Extract_Selected_Text_From_DropDownList_Decode ( text )
 
-	Dim expression, match, number, position, chunk
+	Dim chunk, position, match, entities
 
-	Set expression = New RegExp
-	expression.Pattern = "&(?:#(\d{1,7})|#x([0-9a-f]{1,6})|amp|lt|gt|quot|apos|nbsp);"
-	expression.Global = True
-	expression.IgnoreCase = True
+	Set entities = New RegExp
+	entities.Pattern = "&(?:#\d{1,7}|#x[0-9a-f]{1,6}|amp|lt|gt|quot|apos|nbsp);"
+	entities.Global = True
+	entities.IgnoreCase = True
 
 	Extract_Selected_Text_From_DropDownList_Decode = ""
 	chunk = ""
 	position = 1
-	For Each match In expression.Execute(text)
-		chunk = chunk & Mid(text, position, match.FirstIndex + 1 - position)
+	For Each match In entities.Execute(text)
+		chunk = chunk & Mid(text, position, match.FirstIndex + 1 - position) & Extract_Selected_Text_From_DropDownList_Entity(match.Value)
 		position = match.FirstIndex + match.Length + 1
-		Select Case LCase(match.Value)
-			Case "&amp;"
-				chunk = chunk & "&"
-			Case "&lt;"
-				chunk = chunk & "<"
-			Case "&gt;"
-				chunk = chunk & ">"
-			Case "&quot;"
-				chunk = chunk & """"
-			Case "&apos;"
-				chunk = chunk & "'"
-			Case "&nbsp;"
-				chunk = chunk & " "
-			Case Else
-				number = match.SubMatches(0)
-				If Len(number) = 0 Then
-					' In two parts, for &HFFFF would be -1.
-					number = Right("00000" & match.SubMatches(1), 6)
-					number = CLng("&H" & Left(number, 4)) * 256 + CLng("&H" & Right(number, 2))
-				End If
-				chunk = chunk & Extract_Selected_Text_From_DropDownList_Character(CLng(number), match.Value)
-		End Select
 		If Len(chunk) > 4000 Then
 			Extract_Selected_Text_From_DropDownList_Decode = Extract_Selected_Text_From_DropDownList_Decode & chunk
 			chunk = ""
 		End If
 	Next
 	Extract_Selected_Text_From_DropDownList_Decode = Extract_Selected_Text_From_DropDownList_Decode & chunk & Mid(text, position)
+
+End Function
+
+' The character that an entity stands for; other names than these, and what the engine cannot write, stay as they are.
+Function Extract_Selected_Text_From_DropDownList_Entity ( entity )
+
+	Dim number
+
+	Select Case LCase(entity)
+		Case "&amp;"
+			Extract_Selected_Text_From_DropDownList_Entity = "&"
+		Case "&lt;"
+			Extract_Selected_Text_From_DropDownList_Entity = "<"
+		Case "&gt;"
+			Extract_Selected_Text_From_DropDownList_Entity = ">"
+		Case "&quot;"
+			Extract_Selected_Text_From_DropDownList_Entity = """"
+		Case "&apos;"
+			Extract_Selected_Text_From_DropDownList_Entity = "'"
+		Case "&nbsp;"
+			Extract_Selected_Text_From_DropDownList_Entity = " "
+		Case Else
+			If LCase(Mid(entity, 3, 1)) = "x" Then
+				' In two parts, for &HFFFF would be -1.
+				number = Right("00000" & Mid(entity, 4, Len(entity) - 4), 6)
+				number = CLng("&H" & Left(number, 4)) * 256 + CLng("&H" & Right(number, 2))
+			Else
+				number = CLng(Mid(entity, 3, Len(entity) - 3))
+			End If
+			Extract_Selected_Text_From_DropDownList_Entity = Extract_Selected_Text_From_DropDownList_Character(number, entity)
+	End Select
 
 End Function
 

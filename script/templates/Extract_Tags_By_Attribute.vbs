@@ -167,8 +167,11 @@ End Function
 ' Finds the attributes in what follows the name in a tag.
 Function Extract_Tags_By_Attribute_Pairs ( )
 
-	Set Extract_Tags_By_Attribute_Pairs = New RegExp
-	Extract_Tags_By_Attribute_Pairs.Pattern = "([^\s""'<>\/=]+)(?:\s*=\s*(?:""([^""]*)(?:""|$)|'([^']*)(?:'|$)|([^\s""'>][^\s>]*)))?"
-	Extract_Tags_By_Attribute_Pairs.Global = True
+	Dim expression
+
+	Set expression = New RegExp
+	expression.Pattern = "([^\s""'<>\/=]+)(?:\s*=\s*(?:""([^""]*)(?:""|$)|'([^']*)(?:'|$)|([^\s""'>][^\s>]*)))?"
+	expression.Global = True
+	Set Extract_Tags_By_Attribute_Pairs = expression
 
 End Function

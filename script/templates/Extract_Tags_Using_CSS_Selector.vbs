@@ -286,8 +286,11 @@ End Function
 ' Finds the attributes in what follows the name in a tag.
 Function Extract_Tags_Using_CSS_Selector_Pairs ( )
 
-	Set Extract_Tags_Using_CSS_Selector_Pairs = New RegExp
-	Extract_Tags_Using_CSS_Selector_Pairs.Pattern = "([^\s""'<>\/=]+)(?:\s*=\s*(?:""([^""]*)(?:""|$)|'([^']*)(?:'|$)|([^\s""'>][^\s>]*)))?"
-	Extract_Tags_Using_CSS_Selector_Pairs.Global = True
+	Dim expression
+
+	Set expression = New RegExp
+	expression.Pattern = "([^\s""'<>\/=]+)(?:\s*=\s*(?:""([^""]*)(?:""|$)|'([^']*)(?:'|$)|([^\s""'>][^\s>]*)))?"
+	expression.Global = True
+	Set Extract_Tags_Using_CSS_Selector_Pairs = expression
 
 End Function

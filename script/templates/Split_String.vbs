@@ -12,7 +12,7 @@ End Function
 ' This function splits the text at every occurrence of the string specified in the strDelimiter parameter and returns one of the items. The strItemIndex parameter is the number of the item: 0 - the first item, 1 - the second item, and so on; when it is empty, all items are returned, one per line. The reverseOrder parameter specifies how items are counted and can have one of the following values: 0 - from the first item to the last, 1 - from the last item to the first. The result is empty when there is no item of that number.
 Function Split_String ( text , strDelimiter , strItemIndex , reverseOrder )
 
-	Dim items, index, number, chunk, separator
+	Dim chunk, items, index, reverse
 
 	Split_String = ""
 	If Len(text) = 0 Then Exit Function
@@ -22,29 +22,28 @@ Function Split_String ( text , strDelimiter , strItemIndex , reverseOrder )
 	Else
 		items = Split(text, strDelimiter)
 	End If
+	reverse = CStr(reverseOrder) = "1"
 
 	If Len(strItemIndex) > 0 Then
 		If Not IsNumeric(strItemIndex) Then Exit Function
-		number = CDbl(strItemIndex)
-		If number < 0 Or number > UBound(items) Or number <> Int(number) Then Exit Function
-		If CStr(reverseOrder) = "1" Then number = UBound(items) - number
-		Split_String = items(number)
-		Exit Function
+		index = CDbl(strItemIndex)
+		If index < 0 Or index > UBound(items) Or index <> Int(index) Then Exit Function
+		If reverse Then index = UBound(items) - index
+		Split_String = items(index)
+	ElseIf Not reverse Then
+		Split_String = text
+		If Len(strDelimiter) > 0 Then Split_String = Replace(text, strDelimiter, vbNewLine)
+	Else
+		' Long results are put together from chunks, for each addition copies what is there.
+		chunk = ""
+		For index = UBound(items) To 0 Step -1
+			chunk = chunk & vbNewLine & items(index)
+			If Len(chunk) > 1000 Then
+				Split_String = Split_String & chunk
+				chunk = ""
+			End If
+		Next
+		Split_String = Mid(Split_String & chunk, Len(vbNewLine) + 1)
 	End If
-
-	' Long results are put together from chunks, for each addition copies what is there.
-	chunk = ""
-	separator = ""
-	For index = 0 To UBound(items)
-		number = index
-		If CStr(reverseOrder) = "1" Then number = UBound(items) - index
-		chunk = chunk & separator & items(number)
-		separator = vbNewLine
-		If Len(chunk) > 4000 Then
-			Split_String = Split_String & chunk
-			chunk = ""
-		End If
-	Next
-	Split_String = Split_String & chunk
 
 End Function

@@ -28,7 +28,7 @@ Function Unescape_String ( text )
 		chunk = chunk & Mid(text, position, match.FirstIndex + 1 - position)
 		position = match.FirstIndex + match.Length + 1
 		If Left(match.Value, 1) = "&" Then
-			chunk = chunk & Unescape_String_Decode(match.Value)
+			chunk = chunk & Unescape_String_Entity(match.Value)
 		ElseIf LCase(Left(match.Value, 2)) = "%u" Then
 			number = CLng("&H" & Mid(match.Value, 3, 2)) * 256 + CLng("&H" & Mid(match.Value, 5))
 			chunk = chunk & Unescape_String_Code_Unit(number, match.Value)
@@ -47,56 +47,69 @@ End Function
 ' The text of a run of %XX sequences.
 Function Unescape_String_Bytes ( run )
 
-	Dim position, following, number, count, index, part, chunk
+	Dim chunk, position, number
 
 	Unescape_String_Bytes = ""
 	chunk = ""
 	position = 1
 	Do While position < Len(run)
 		number = CLng("&H" & Mid(run, position + 1, 2))
-
-		' How many bytes the first one asks for, and its share of the number.
-		count = 1
-		part = number
-		If number >= 194 And number <= 223 Then
-			count = 2
-			part = number - 192
-		ElseIf number >= 224 And number <= 239 Then
-			count = 3
-			part = number - 224
-		ElseIf number >= 240 And number <= 244 Then
-			count = 4
-			part = number - 240
+		If number < 128 Then
+			chunk = chunk & Chr(number)
+			position = position + 3
+		Else
+			chunk = chunk & Unescape_String_Multibyte(run, position, number)
 		End If
-		For index = 1 To count - 1
-			If position + 3 * index > Len(run) Then
-				part = -1
-				Exit For
-			End If
-			following = CLng("&H" & Mid(run, position + 3 * index + 1, 2))
-			If following < 128 Or following > 191 Then
-				part = -1
-				Exit For
-			End If
-			part = part * 64 + (following And 63)
-		Next
-
-		' Numbers that have a shorter form, or are halves of pairs, are no valid UTF-8.
-		If count = 3 And part < 2048 Or count = 4 And part < 65536 Then part = -1
-		If part > 1114111 Or (part >= 55296 And part <= 57343) Then part = -1
-		If part < 0 Then
-			count = 1
-			part = number
-		End If
-
-		chunk = chunk & Unescape_String_Character(part, Mid(run, position, 3 * count))
-		position = position + 3 * count
 		If Len(chunk) > 4000 Then
 			Unescape_String_Bytes = Unescape_String_Bytes & chunk
 			chunk = ""
 		End If
 	Loop
 	Unescape_String_Bytes = Unescape_String_Bytes & chunk
+
+End Function
+
+' The character whose first byte, with the given number, is at that position, which moves behind it.
+Function Unescape_String_Multibyte ( run , position , number )
+
+	Dim count, part, index, following
+
+	' How many bytes the first one asks for, and its share of the number.
+	count = 1
+	part = number
+	If number >= 194 And number <= 223 Then
+		count = 2
+		part = number - 192
+	ElseIf number >= 224 And number <= 239 Then
+		count = 3
+		part = number - 224
+	ElseIf number >= 240 And number <= 244 Then
+		count = 4
+		part = number - 240
+	End If
+	For index = 1 To count - 1
+		If position + 3 * index > Len(run) Then
+			part = -1
+			Exit For
+		End If
+		following = CLng("&H" & Mid(run, position + 3 * index + 1, 2))
+		If following < 128 Or following > 191 Then
+			part = -1
+			Exit For
+		End If
+		part = part * 64 + (following And 63)
+	Next
+
+	' Numbers that have a shorter form, or are halves of pairs, are no valid UTF-8.
+	If count = 3 And part < 2048 Or count = 4 And part < 65536 Then part = -1
+	If part > 1114111 Or (part >= 55296 And part <= 57343) Then part = -1
+	If part < 0 Then
+		count = 1
+		part = number
+	End If
+
+	Unescape_String_Multibyte = Unescape_String_Character(part, Mid(run, position, 3 * count))
+	position = position + 3 * count
 
 End Function
 
@@ -113,50 +126,34 @@ Function Unescape_String_Code_Unit ( number , otherwise )
 
 End Function
 
-' Each entity replaced by its character; names other than these and what the engine cannot write stay as they are.
-Function Unescape_String_Decode ( text )
+' The character that an entity stands for; other names than these, and what the engine cannot write, stay as they are.
+Function Unescape_String_Entity ( entity )
 
-	Dim expression, match, number, position, chunk
+	Dim number
 
-	Set expression = New RegExp
-	expression.Pattern = "&(?:#(\d{1,7})|#x([0-9a-f]{1,6})|amp|lt|gt|quot|apos|nbsp);"
-	expression.Global = True
-	expression.IgnoreCase = True
-
-	Unescape_String_Decode = ""
-	chunk = ""
-	position = 1
-	For Each match In expression.Execute(text)
-		chunk = chunk & Mid(text, position, match.FirstIndex + 1 - position)
-		position = match.FirstIndex + match.Length + 1
-		Select Case LCase(match.Value)
-			Case "&amp;"
-				chunk = chunk & "&"
-			Case "&lt;"
-				chunk = chunk & "<"
-			Case "&gt;"
-				chunk = chunk & ">"
-			Case "&quot;"
-				chunk = chunk & """"
-			Case "&apos;"
-				chunk = chunk & "'"
-			Case "&nbsp;"
-				chunk = chunk & " "
-			Case Else
-				number = match.SubMatches(0)
-				If Len(number) = 0 Then
-					' In two parts, for &HFFFF would be -1.
-					number = Right("00000" & match.SubMatches(1), 6)
-					number = CLng("&H" & Left(number, 4)) * 256 + CLng("&H" & Right(number, 2))
-				End If
-				chunk = chunk & Unescape_String_Character(CLng(number), match.Value)
-		End Select
-		If Len(chunk) > 4000 Then
-			Unescape_String_Decode = Unescape_String_Decode & chunk
-			chunk = ""
-		End If
-	Next
-	Unescape_String_Decode = Unescape_String_Decode & chunk & Mid(text, position)
+	Select Case LCase(entity)
+		Case "&amp;"
+			Unescape_String_Entity = "&"
+		Case "&lt;"
+			Unescape_String_Entity = "<"
+		Case "&gt;"
+			Unescape_String_Entity = ">"
+		Case "&quot;"
+			Unescape_String_Entity = """"
+		Case "&apos;"
+			Unescape_String_Entity = "'"
+		Case "&nbsp;"
+			Unescape_String_Entity = " "
+		Case Else
+			If LCase(Mid(entity, 3, 1)) = "x" Then
+				' In two parts, for &HFFFF would be -1.
+				number = Right("00000" & Mid(entity, 4, Len(entity) - 4), 6)
+				number = CLng("&H" & Left(number, 4)) * 256 + CLng("&H" & Right(number, 2))
+			Else
+				number = CLng(Mid(entity, 3, Len(entity) - 3))
+			End If
+			Unescape_String_Entity = Unescape_String_Character(number, entity)
+	End Select
 
 End Function
 
