@@ -15,5 +15,6 @@ void CListBox::FitHorizontalExtent() const {
         widest = std::max(widest, size.cx);
     }
     // The list draws its texts a little inside its edges.
-    SendMessage(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + 2 * GetSystemMetrics(SM_CXEDGE)));
+    widest += 2 * GetSystemMetrics(SM_CXEDGE);
+    SendMessage(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest));
 }

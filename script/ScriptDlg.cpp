@@ -55,6 +55,11 @@ bool MayMoveCaret(const MSG& message) {
            (message.message == WM_MOUSEMOVE && (message.wParam & MK_LBUTTON) != 0);
 }
 
+int AskToKeepChanges() {
+    return AfxMessageBox(L"The script has been modified. Do you want to save the changes?",
+                         MB_YESNOCANCEL | MB_ICONQUESTION);
+}
+
 }  // namespace
 
 CScriptDlg::CScriptDlg(CWnd* parent) : CResizingDialog(IDD_SCRIPT, parent) {}
@@ -264,11 +269,6 @@ LRESULT CScriptDlg::CaretLine(DWORD selectionEnd) const {
         }
     }
     return m_script.SendMessage(EM_LINEFROMCHAR, selectionEnd);
-}
-
-int CScriptDlg::AskToKeepChanges() const {
-    return AfxMessageBox(L"The script has been modified. Do you want to save the changes?",
-                         MB_YESNOCANCEL | MB_ICONQUESTION);
 }
 
 // Yes goes on also when the user then cancels the saving.

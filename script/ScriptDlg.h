@@ -31,7 +31,7 @@ public:
 
 protected:
     // The engine of one action, set to whatever language; null when the machine has none.
-    virtual std::unique_ptr<IScriptController> CreateController() const;
+    [[nodiscard]] virtual std::unique_ptr<IScriptController> CreateController() const;
 
     BOOL PreTranslateMessage(MSG* message) override;
     BOOL OnInitDialog() override;
@@ -53,7 +53,6 @@ private:
 
     // True unless the user wants to keep the script that is about to be replaced.
     bool MayReplaceScript();
-    [[nodiscard]] int AskToKeepChanges() const;
     // Counts as a change of the user's.
     void SetScript(const std::wstring& script);
     bool Parse(bool tellsSuccess);

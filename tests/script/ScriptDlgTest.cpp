@@ -74,7 +74,7 @@ public:
     bool hasEngine = true;
 
 protected:
-    std::unique_ptr<IScriptController> CreateController() const override {
+    [[nodiscard]] std::unique_ptr<IScriptController> CreateController() const override {
         if (!hasEngine) {
             return nullptr;
         }
