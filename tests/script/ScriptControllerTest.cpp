@@ -243,10 +243,14 @@ TEST_P(ScriptController, AnotherLanguageIsAnotherEngine) {
               1);
     EXPECT_EQ(Run(L"F", {}), std::pair(1, Texts{L"12"}));
 
+    const std::wstring lowerCase = IsJScript() ? L"vbscript" : L"jscript";
+    EXPECT_EQ(m_controller->SetLanguage(lowerCase), 1);
+    EXPECT_EQ(m_controller->GetLanguage(), lowerCase);
+
     const std::wstring unknown = L"No such language";
     if (IsControl()) {
         EXPECT_THROW(m_controller->SetLanguage(unknown), CComError);
-        EXPECT_EQ(m_controller->GetLanguage(), OtherLanguage());
+        EXPECT_EQ(m_controller->GetLanguage(), lowerCase);
         EXPECT_EQ(m_controller->IsCreated(), 1);
     } else {
         EXPECT_EQ(m_controller->SetLanguage(unknown), 0);
