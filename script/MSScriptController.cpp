@@ -144,7 +144,7 @@ void CMSScriptController::GetErrorInfo(std::wstring& source, std::wstring& descr
     text = std::move(last.info.text);
 }
 
-HRESULT CMSScriptController::Check(HRESULT result) const {
+HRESULT CMSScriptController::Check(HRESULT result) {
     if (SUCCEEDED(result)) {
         return result;
     }

@@ -29,7 +29,7 @@ public:
 
 private:
     // Raises a failing call.
-    HRESULT Check(HRESULT result) const;
+    HRESULT Check(HRESULT result);
 
     struct LastError {
         LONG number = 0;

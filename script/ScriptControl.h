@@ -5,8 +5,8 @@
 #include <oaidl.h>
 
 // The Script Control's interfaces, as its type library publishes them: the order of the functions is what
-// counts, and so the list runs as far as the last one that is called. Objects of these come from the control
-// and belong to whoever asked for them.
+// counts, not their names, and so the list runs as far as the last one that is called. Objects of these come
+// from the control and belong to whoever asked for them.
 
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"  // IDispatch has one, as it must
@@ -21,7 +21,7 @@ protected:
 };
 
 struct IScriptProcedureCollection : IDispatch {
-    virtual HRESULT STDMETHODCALLTYPE get__NewEnum(IUnknown** enumerator) = 0;
+    virtual HRESULT STDMETHODCALLTYPE get_NewEnum(IUnknown** enumerator) = 0;
     // By name or by number, from 1.
     virtual HRESULT STDMETHODCALLTYPE get_Item(VARIANT index, IScriptProcedure** procedure) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Count(LONG* count) = 0;
@@ -62,7 +62,7 @@ struct IScriptControl : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Error(IScriptError** error) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_CodeObject(IDispatch** object) = 0;
     virtual HRESULT STDMETHODCALLTYPE get_Procedures(IScriptProcedureCollection** procedures) = 0;
-    virtual HRESULT STDMETHODCALLTYPE _AboutBox() = 0;
+    virtual HRESULT STDMETHODCALLTYPE AboutBox() = 0;
     virtual HRESULT STDMETHODCALLTYPE AddObject(BSTR name, IDispatch* object, VARIANT_BOOL addMembers) = 0;
     virtual HRESULT STDMETHODCALLTYPE Reset() = 0;
     virtual HRESULT STDMETHODCALLTYPE AddCode(BSTR code) = 0;

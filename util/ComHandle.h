@@ -71,8 +71,8 @@ using CSafeArray = CUniqueHandle<SafeArrayPolicy>;
 // A value of automation, empty at first.
 class [[nodiscard]] CVariant {
 public:
-    CVariant() noexcept { VariantInit(&m_value); }
-    CVariant(CVariant&& other) noexcept : m_value(other.m_value) { VariantInit(&other.m_value); }
+    CVariant() noexcept = default;
+    CVariant(CVariant&& other) noexcept : m_value(std::exchange(other.m_value, {})) {}
     CVariant& operator=(CVariant&& other) noexcept {
         std::swap(m_value, other.m_value);
         VariantClear(&other.m_value);
@@ -88,7 +88,7 @@ public:
     }
 
 private:
-    VARIANT m_value;
+    VARIANT m_value{};
 };
 
 // What went wrong in a call of automation, filled in by who was called.

@@ -103,10 +103,12 @@ DWORD Write(CFileHandle& file, std::string_view bytes, bool append) {
 
 std::wstring ReadTextFile(const std::wstring& path, const ShowMessageBox& show) {
     CFileHandle file;
-    for (DWORD error; (error = Open(file, path, GENERIC_READ, OPEN_EXISTING)) != ERROR_SUCCESS;) {
+    DWORD error = Open(file, path, GENERIC_READ, OPEN_EXISTING);
+    while (error != ERROR_SUCCESS) {
         if (!AsksToRetry(show, error, path)) {
             return {};
         }
+        error = Open(file, path, GENERIC_READ, OPEN_EXISTING);
     }
     const std::string bytes = ReadAll(file.Get());
     file.Close();

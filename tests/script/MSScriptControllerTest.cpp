@@ -122,7 +122,7 @@ public:
     HRESULT STDMETHODCALLTYPE put_UseSafeSubset(VARIANT_BOOL) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE get_Modules(IDispatch**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE get_CodeObject(IDispatch**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE _AboutBox() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE AboutBox() override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE AddObject(BSTR, IDispatch*, VARIANT_BOOL) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Eval(BSTR, VARIANT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE ExecuteStatement(BSTR) override { return E_NOTIMPL; }

@@ -85,7 +85,7 @@ TEST(ScriptControl, IsDeclaredAsItsTypeLibraryIsRegistered) {
              {L"Error", INVOKE_PROPERTYGET, 1507, SlotOf(&IScriptControl::get_Error)},
              {L"CodeObject", INVOKE_PROPERTYGET, 1000, SlotOf(&IScriptControl::get_CodeObject)},
              {L"Procedures", INVOKE_PROPERTYGET, 1001, SlotOf(&IScriptControl::get_Procedures)},
-             {L"_AboutBox", INVOKE_FUNC, -552, SlotOf(&IScriptControl::_AboutBox)},
+             {L"_AboutBox", INVOKE_FUNC, -552, SlotOf(&IScriptControl::AboutBox)},
              {L"AddObject", INVOKE_FUNC, 2500, SlotOf(&IScriptControl::AddObject)},
              {L"Reset", INVOKE_FUNC, 2501, SlotOf(&IScriptControl::Reset)},
              {L"AddCode", INVOKE_FUNC, 2000, SlotOf(&IScriptControl::AddCode)},
@@ -93,7 +93,7 @@ TEST(ScriptControl, IsDeclaredAsItsTypeLibraryIsRegistered) {
              {L"ExecuteStatement", INVOKE_FUNC, 2002, SlotOf(&IScriptControl::ExecuteStatement)},
              {L"Run", INVOKE_FUNC, 2003, SlotOf(&IScriptControl::Run)}});
     Compare(*library.Get(), __uuidof(IScriptProcedureCollection),
-            {{L"_NewEnum", INVOKE_PROPERTYGET, -4, SlotOf(&IScriptProcedureCollection::get__NewEnum)},
+            {{L"_NewEnum", INVOKE_PROPERTYGET, -4, SlotOf(&IScriptProcedureCollection::get_NewEnum)},
              {L"Item", INVOKE_PROPERTYGET, 0, SlotOf(&IScriptProcedureCollection::get_Item)},
              {L"Count", INVOKE_PROPERTYGET, 1, SlotOf(&IScriptProcedureCollection::get_Count)}});
     Compare(*library.Get(), __uuidof(IScriptProcedure),
