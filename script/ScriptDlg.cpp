@@ -1,5 +1,7 @@
 #include "script/ScriptDlg.h"
 
+#include <commctrl.h>
+
 #include "framework/FileDialog.h"
 #include "framework/IconResource.h"
 #include "framework/MessageBox.h"
@@ -55,6 +57,17 @@ bool MayMoveCaret(const MSG& message) {
            (message.message == WM_MOUSEMOVE && (message.wParam & MK_LBUTTON) != 0);
 }
 
+// A box that is reached by Tab or its mnemonic has all its text selected, and the next key would replace the
+// script: this one keeps its selection.
+LRESULT CALLBACK KeepSelection(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                               DWORD_PTR) {
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(window, &KeepSelection, id);
+    }
+    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    return message == WM_GETDLGCODE ? result & ~LRESULT{DLGC_HASSETSEL} : result;
+}
+
 int AskToKeepChanges() {
     return AfxMessageBox(L"The script has been modified. Do you want to save the changes?",
                          MB_YESNOCANCEL | MB_ICONQUESTION);
@@ -103,6 +116,7 @@ BOOL CScriptDlg::OnInitDialog() {
         AddControl(GetDlgItem(control.id), control.anchors);
     }
     SetScriptFont();
+    SetWindowSubclass(m_script.m_hWnd, &KeepSelection, 0, 0);
     FillLists();
     for (const int id : {IDC_SCRIPT_TEST_TEXT, IDC_SCRIPT_TEST_RESULT}) {
         CEdit(GetDlgItem(id)).SetLimitText(0);
@@ -210,6 +224,13 @@ bool CScriptDlg::OnKey(const MSG& message) {
                 return false;
             }
             m_script.ReplaceSel(L"\t", true);
+            return true;
+        case 'A':
+            if (message.hwnd != m_script.m_hWnd || !IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
+                return false;
+            }
+            m_script.SendMessage(EM_SETSEL, 0, -1);
+            UpdateCaret();
             return true;
         case VK_ESCAPE:
             // Only this way out asks; the Cancel button and the close box do not.

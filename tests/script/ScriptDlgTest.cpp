@@ -265,13 +265,24 @@ TEST_F(ScriptDlg, KeysOfItsOwn) {
     EXPECT_EQ(Text(IDC_SCRIPT_CARET), L"Ln 1, Col 2");
     box.SendMessage(EM_UNDO);
     EXPECT_EQ(Script(), L"ab");
-    BYTE keys[256] = {};
-    keys[VK_SHIFT] = 0x80;
-    SetKeyboardState(keys);
-    Send(box.m_hWnd, WM_KEYDOWN, VK_TAB);
-    keys[VK_SHIFT] = 0;
-    SetKeyboardState(keys);
+    const auto sendWith = [&](int modifier, WPARAM key) {
+        BYTE keys[256] = {};
+        keys[modifier] = 0x80;
+        SetKeyboardState(keys);
+        const bool isTaken = Send(box.m_hWnd, WM_KEYDOWN, key);
+        keys[modifier] = 0;
+        SetKeyboardState(keys);
+        return isTaken;
+    };
+    sendWith(VK_SHIFT, VK_TAB);
     EXPECT_EQ(Script(), L"ab") << "backwards it leaves the box";
+    box.SetSel(1, 1);
+    SetFocus(Item(IDC_SCRIPT_TEST_TEXT));
+    dialog.SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(box.m_hWnd), TRUE);
+    EXPECT_EQ(box.GetSel(), std::pair(1UL, 1UL)) << "reached by Tab, it is not all selected for the next one";
+    sendWith(VK_CONTROL, 'A');
+    EXPECT_EQ(box.GetSel(), std::pair(0UL, 2UL));
+    EXPECT_EQ(Text(IDC_SCRIPT_CARET), L"Ln 1, Col 2");
     Send(Item(IDC_SCRIPT_TEST_TEXT), WM_KEYDOWN, VK_TAB);
     EXPECT_EQ(Text(IDC_SCRIPT_TEST_TEXT), L"");
 
