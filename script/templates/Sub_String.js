@@ -16,7 +16,7 @@ function Sub_String ( text , startSearchFor , endSearchFor , reverseSearch ) {
 		if (endSearchFor !== "") {
 			last = text.lastIndexOf(endSearchFor);
 		}
-		if (last >= 0 && startSearchFor !== "") {
+		if (startSearchFor !== "") {
 			first = text.substring(0, last).lastIndexOf(startSearchFor);
 		}
 	} else {

@@ -221,7 +221,8 @@ TEST_F(Template, StripHtmlTags2) {
 TEST_F(Template, TagAttributeValue) {
     const std::wstring page =
         L"<a href=\"x>y?a=1&amp;b=&#50;\" data-href=no>t</a><A title='href=no' HREF='say \"q\"'>"
-        L"<a href=/un/quoted/?a=b>href=\"no\"<!-- <a href=no> --><script href=s>\"<a href=no>\"</script>"
+        L"<b data-href=no><a href=/un/quoted/?a=b>href=\"no\"<!-- <a href=no> --><script href=s>\"<a "
+        L"href=no>\"</script>"
         L"<a href = \"x>y?a=1&amp;b=2\"><a href><a href=1 href=no><a href=\"open>";
     Expect({61327},
            {{{L"Href", L"0"},
@@ -303,6 +304,7 @@ TEST_F(Template, CssSelector) {
         {L"div p img, ul p img", L"<img src=i.png>"},
         {L"", L""},
         {L"p,", L""},
+        {L"[class]li", L""},
         {L"> p", L""},
         {L"p + p", L""},
         {L"[x=\"]", L""},
