@@ -10,6 +10,7 @@ function {{MAIN_FUNCTION_NAME}} ( text, url ) {
 // This function downloads the page whose URL is the text and returns its source. Redirections are followed; a connection is awaited for 10 seconds and the whole answer for 60 seconds. The result is empty when the server cannot be reached, does not answer in time or answers with an error.
 function Download_URL ( text ) {
 	var request = new ActiveXObject("WinHttp.WinHttpRequest.5.1");
+	var body = "";
 
 	try {
 		request.SetTimeouts(10000, 10000, 60000, 60000);
@@ -17,11 +18,12 @@ function Download_URL ( text ) {
 		request.Send();
 		if (!request.WaitForResponse(60)) {
 			request.Abort();
-			return "";
+		} else if (request.Status >= 200 && request.Status < 300) {
+			body = request.ResponseText;
 		}
-
-		return request.Status >= 200 && request.Status < 300 ? request.ResponseText : "";
 	} catch (error) {
-		return "";
+		body = "";
 	}
+
+	return body;
 }

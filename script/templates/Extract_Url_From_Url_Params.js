@@ -18,8 +18,10 @@ function Extract_Url_From_Url_Params ( text ) {
 	address = match[1].replace(/\+/g, "%20");
 
 	try {
-		return decodeURIComponent(address);
+		address = decodeURIComponent(address);
 	} catch (error) {
-		return unescape(address);  // not UTF-8
+		address = unescape(address);  // not UTF-8
 	}
+
+	return address;
 }
