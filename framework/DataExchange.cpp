@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "framework/Dialog.h"
+#include "framework/MessageBox.h"
 
 HWND CDataExchange::PrepareCtrl(int id) const {
     const HWND control = m_pDlgWnd->GetDlgItem(id);
@@ -13,6 +14,13 @@ HWND CDataExchange::PrepareCtrl(int id) const {
         throw std::invalid_argument("the dialog has no control " + std::to_string(id));
     }
     return control;
+}
+
+void CDataExchange::Fail(int id) const {
+    const CWnd control(PrepareCtrl(id));
+    control.SetFocus();
+    control.SendMessage(EM_SETSEL, 0, -1);
+    throw CUserException();
 }
 
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {
@@ -37,6 +45,17 @@ void DDX_Text(CDataExchange* exchange, int id, std::wstring& value) {
     } else if (shown != value) {
         // Setting the same text again would flicker and move the caret.
         control.SetWindowText(value);
+    }
+}
+
+void DDV_MaxChars(CDataExchange* exchange, int id, const std::wstring& value, int maximum) {
+    const auto limit = static_cast<std::size_t>(maximum);
+    if (!exchange->m_bSaveAndValidate) {
+        CWnd(exchange->PrepareCtrl(id)).SendMessage(EM_SETLIMITTEXT, limit);
+    } else if (value.size() > limit) {
+        AfxMessageBox(L"Enter no more than " + std::to_wstring(maximum) + L" characters.",
+                      MB_OK | MB_ICONEXCLAMATION);
+        exchange->Fail(id);
     }
 }
 

@@ -9,6 +9,9 @@
 
 class CDialog;
 
+// Ends what the program was doing, after the user was told why. Not an error: nothing more is shown.
+class CUserException {};
+
 // One exchange between a dialog's controls and its members. The DDX_ functions move one value each: from the
 // control when m_bSaveAndValidate is set, else to it. A control that the dialog does not have raises
 // std::invalid_argument.
@@ -18,6 +21,9 @@ public:
         : m_pDlgWnd(&dialog), m_bSaveAndValidate(saveAndValidate) {}
     // The control's handle.
     [[nodiscard]] HWND PrepareCtrl(int id) const;
+    // Ends the exchange, after the user was told why: the control gets the focus, with its text selected, and
+    // UpdateData answers FALSE. Members that were read before keep their new values.
+    [[noreturn]] void Fail(int id) const;
 
     CDialog* m_pDlgWnd;
     bool m_bSaveAndValidate;
@@ -28,6 +34,9 @@ void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
 // A check box; any value but 0 ticks it, and reading gives 0 or 1.
 void DDX_Check(CDataExchange* exchange, int id, std::int32_t& value);
 void DDX_Text(CDataExchange* exchange, int id, std::wstring& value);
+// Lets an edit box take no more characters from its user, and tells him when it holds more nevertheless.
+// Stands right after the DDX_Text of the same control and value.
+void DDV_MaxChars(CDataExchange* exchange, int id, const std::wstring& value, int maximum);
 // A decimal number. Reading skips blanks and stops at the first character that is no digit; without digits
 // the number is 0, and one out of range the nearest in range.
 void DDX_Text(CDataExchange* exchange, int id, std::int32_t& value);

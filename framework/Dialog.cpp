@@ -108,7 +108,11 @@ BOOL CDialog::UpdateData(BOOL saveAndValidate) {
         ~Lock() { flag = before; }
     } const lock(m_updating);
     CDataExchange exchange(*this, saveAndValidate != FALSE);
-    DoDataExchange(&exchange);
+    try {
+        DoDataExchange(&exchange);
+    } catch (const CUserException&) {
+        return FALSE;
+    }
     return TRUE;
 }
 

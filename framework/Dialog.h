@@ -29,7 +29,8 @@ public:
     void EndDialog(int result);
 
     // Moves the controls' contents into the members (TRUE) or back (FALSE) by DoDataExchange. Notifications
-    // that the controls send meanwhile are not dispatched. FALSE when there is no window.
+    // that the controls send meanwhile are not dispatched. FALSE when there is no window, and when a value
+    // was refused, which the user was told.
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
 
     // Sees every message before it is dispatched to this window or one below it; TRUE takes it. The base

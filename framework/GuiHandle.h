@@ -20,3 +20,18 @@ struct IconPolicy {
 };
 // An icon that was loaded without LR_SHARED.
 using CIconHandle = CUniqueHandle<IconPolicy>;
+
+struct DeviceContextPolicy {
+    using Type = HDC;
+    static HDC None() noexcept { return nullptr; }
+    static bool Close(HDC context) noexcept { return DeleteDC(context) != 0; }
+};
+// One that was created, not one of a window.
+using CDeviceContext = CUniqueHandle<DeviceContextPolicy>;
+
+struct FontPolicy {
+    using Type = HFONT;
+    static HFONT None() noexcept { return nullptr; }
+    static bool Close(HFONT font) noexcept { return DeleteObject(font) != 0; }
+};
+using CFontHandle = CUniqueHandle<FontPolicy>;

@@ -1,13 +1,13 @@
 #!/bin/sh
-# Makes the program's .ico files from the drawings in ui/icons. They are committed, so that a build needs neither
+# Makes the program's .ico files from the drawings beside them. They are committed, so that a build needs neither
 # rsvg-convert nor icotool; run this after a drawing has changed.
 set -eu
-cd "$(dirname "$0")/../ui/icons"
+cd "$(dirname "$0")/.."
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-for drawing in *.svg; do
-    name=${drawing%.svg}
+for drawing in ui/icons/*.svg script/icons/*.svg; do
+    name=$(basename "$drawing" .svg)
     case $name in
         sort-*) sizes="8 10 12 16" ;;
         *) sizes="16 20 24 32 48 256" ;;
@@ -19,5 +19,5 @@ for drawing in *.svg; do
         # Windows reads the largest size as a compressed picture; as a plain bitmap it would weigh a quarter megabyte.
         if [ "$size" -eq 256 ]; then set -- "$@" "--raw=$picture"; else set -- "$@" "$picture"; fi
     done
-    icotool --create --output "$name.ico" "$@"
+    icotool --create --output "${drawing%.svg}.ico" "$@"
 done

@@ -7,8 +7,11 @@
 
 #include "core/LocalTime.h"
 #include "framework/FileDialog.h"
+#include "framework/TextFile.h"
+#include "script/ScriptDlg.h"
 #include "ui/EditorRules.h"
 #include "ui/FileFilters.h"
+#include "util/FileTests.h"
 
 namespace {
 
@@ -67,8 +70,6 @@ void CTaskEditor::Initialise() const {
     for (const wchar_t* unit : {L"minutes", L"hours"}) {
         SendDlgItemMessageW(m_dialog.m_hWnd, IDC_EVERY_UNIT, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(unit));
     }
-    // Scripts are edited in a window that this program does not have yet: until then their path is typed.
-    CWnd(m_dialog.GetDlgItem(IDC_SCRIPT_FILE_BROWSE)).EnableWindow(FALSE);
 }
 
 void CTaskEditor::DoDataExchange(CDataExchange* exchange) {
@@ -114,7 +115,7 @@ void CTaskEditor::UpdateStates() {
     const HWND focus = GetFocus();
     for (const stControlState& state : EditorStates(m_members, m_hadSelection)) {
         CWnd control(m_dialog.GetDlgItem(state.id));
-        if (state.id != IDC_SCRIPT_FILE_BROWSE && (control.IsWindowEnabled() != FALSE) != state.isEnabled) {
+        if ((control.IsWindowEnabled() != FALSE) != state.isEnabled) {
             control.EnableWindow(state.isEnabled);
         }
     }
@@ -150,6 +151,10 @@ bool CTaskEditor::OnButton(int id) {
         OnSetCurrent();
         return true;
     }
+    if (id == IDC_SCRIPT_FILE_BROWSE) {
+        EditScript();
+        return true;
+    }
     for (const stBrowseButton& browse : kBrowseButtons) {
         if (browse.button == id) {
             CFileDialog dialog(true, browse.extension, m_dialog.GetDlgItemText(browse.edit), OFN_HIDEREADONLY,
@@ -161,6 +166,29 @@ bool CTaskEditor::OnButton(int id) {
         }
     }
     return false;
+}
+
+void CTaskEditor::EditScript() {
+    const std::wstring path = m_dialog.GetDlgItemText(IDC_SCRIPT_FILE);
+    // Asked again afterwards: the editor can have been open for long.
+    const auto hasFile = [&] { return !path.empty() && FileExists(path) != 0; };
+    CScriptDlg editor(&m_dialog);
+    if (editor.DoModal(hasFile() ? ReadTextFile(path) : std::wstring()) != IDOK) {
+        return;
+    }
+    if (editor.m_strScript.empty()) {
+        m_dialog.SetDlgItemText(IDC_SCRIPT_FILE, {});
+        return;
+    }
+    if (hasFile()) {
+        SaveTextFile(editor.m_strScript, path, false);
+        return;
+    }
+    CFileDialog dialog(false, kScriptExtension, path, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, kScriptFilter,
+                       &m_dialog);
+    if (dialog.DoModal() == IDOK && SaveTextFile(editor.m_strScript, dialog.GetPathName(), false) != 0) {
+        m_dialog.SetDlgItemText(IDC_SCRIPT_FILE, dialog.GetPathName());
+    }
 }
 
 void CTaskEditor::OnSetCurrent() {

@@ -35,7 +35,8 @@ private:
     bool OnButton(int id);
     void OnChange(int id);
     void OnSetCurrent();
-    void Browse(int button);
+    // Opens the script editor on the script file's text and writes back what it accepts.
+    void EditScript();
 
     CDialog& m_dialog;
     CProjectList& m_list;

@@ -4,8 +4,8 @@
 
 #include <cwchar>
 
+#include "framework/IconResource.h"
 #include "ui/StartUp.h"
-#include "ui/WindowIcons.h"
 #include "ui/resource.h"
 
 namespace {

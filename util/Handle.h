@@ -29,6 +29,8 @@ public:
         Close();
         return &m_handle;
     }
+    // Hands the handle over to the caller, who closes it.
+    [[nodiscard]] Type Release() noexcept { return std::exchange(m_handle, Policy::None()); }
     // True when nothing was held or the system closed it.
     bool Close() noexcept {
         const Type handle = std::exchange(m_handle, Policy::None());

@@ -2,8 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
+#include "script/resource.h"
+#include "tests/support/DialogSteps.h"
 #include "tests/support/MainDialog.h"
+#include "tests/support/TemporaryFolder.h"
 #include "ui/FileFilters.h"
+#include "util/ComApartment.h"
 
 namespace {
 
@@ -81,7 +88,7 @@ TEST_F(TaskEditor, BoxesEnableWhatHangsOnThem) {
     }
     Click(IDC_GENERATE_URLS);
     EXPECT_TRUE(IsEnabled(IDC_SCRIPT_FILE));
-    EXPECT_FALSE(IsEnabled(IDC_SCRIPT_FILE_BROWSE)) << "there is no script editor yet";
+    EXPECT_TRUE(IsEnabled(IDC_SCRIPT_FILE_BROWSE));
 
     dialog->ShowWindow(SW_SHOW);
     Click(IDC_ADD_URLS);
@@ -115,6 +122,62 @@ TEST_F(TaskEditor, ExportFileIsOnWhileItHasAName) {
         EXPECT_EQ(dialog->GetDlgItemText(browse.edit), L"C:\\chosen.csv");
     }
     EXPECT_EQ(Task(0).m_strInputValuesFile + Task(1).m_strFailedUrlsFile, L"C:\\chosen.csvC:\\chosen.csv");
+}
+
+TEST_F(TaskEditor, ScriptButtonEditsTheScriptFile) {
+    const CComApartment apartment;
+    const MessageRecorder boxes;
+    const TemporaryFolder folder;
+    const std::wstring present = folder.File(L"old.js", "old");
+    const std::wstring missing = folder.Path(L"missing.js");
+    const std::wstring chosen = folder.Path(L"chosen.js");
+    const struct {
+        const char* what;
+        std::wstring path;
+        const wchar_t* shown;
+        int button;
+        const wchar_t* script;
+        std::optional<std::wstring> answer;  // of the save dialog
+        int saveDialogs;
+        std::wstring pathAfter, fileAfter;
+        const char* bytesAfter;
+    } cases[] = {
+        {"Cancel", present, L"old", IDCANCEL, L"x", chosen, 0, present, present, "old"},
+        {"a file that is there", present, L"old", IDOK, L"var f;", chosen, 0, present, present, "var f;"},
+        {"no save", missing, L"", IDOK, L"var g;", std::nullopt, 1, missing, present, "var f;"},
+        {"a new file", missing, L"", IDOK, L"\u00E4", chosen, 1, chosen, chosen, "\xC3\xA4"},
+        {"no file at all", L"", L"", IDOK, L"var h;", present, 1, present, present, "var h;"},
+        {"emptied", present, L"var h;", IDOK, L"", chosen, 0, L"", present, "var h;"},
+    };
+    Select({0, 1});
+    for (const auto& item : cases) {
+        SCOPED_TRACE(item.what);
+        Type(IDC_SCRIPT_FILE, item.path.c_str());
+        const FileDialogAnswer save(item.answer);
+        const DialogSteps steps({[&](HWND editor) {
+            EXPECT_EQ(GetWindow(editor, GW_OWNER), dialog->m_hWnd);
+            EXPECT_EQ(CWnd(editor).GetDlgItemText(IDC_SCRIPT_LANGUAGE), L"JScript");
+            EXPECT_EQ(CWnd(editor).GetDlgItemText(IDC_SCRIPT_TEXT), item.shown);
+            SetDlgItemTextW(editor, IDC_SCRIPT_TEXT, item.script);
+            SendDlgItemMessageW(editor, item.button, BM_CLICK, 0, 0);
+        }});
+        dialog->SendMessage(WM_COMMAND, IDC_SCRIPT_FILE_BROWSE,
+                            reinterpret_cast<LPARAM>(Item(IDC_SCRIPT_FILE_BROWSE)));
+        EXPECT_EQ(steps.count, 1U);
+        ASSERT_EQ(save.count, item.saveDialogs);
+        if (save.count != 0) {
+            EXPECT_FALSE(save.open);
+            EXPECT_EQ(save.fileName, item.path);
+            EXPECT_EQ(save.extension, L"js");
+            EXPECT_EQ(save.filter,
+                      L"JScript Files (*.js)|*.js|VBScript Files (*.vbs)|*.vbs|All Files (*.*)|*.*|");
+            EXPECT_NE(save.flags & OFN_HIDEREADONLY, 0U);
+        }
+        EXPECT_EQ(dialog->GetDlgItemText(IDC_SCRIPT_FILE), item.pathAfter);
+        EXPECT_EQ(Task(1).m_strScriptFile, item.pathAfter);
+        std::ifstream file(std::filesystem::path(item.fileAfter), std::ios::binary);
+        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), item.bytesAfter);
+    }
 }
 
 TEST_F(TaskEditor, PickersChangeTheirHalfOfTheStart) {

@@ -1,0 +1,8 @@
+
+function {{MAIN_FUNCTION_NAME}} ( text, url ) {
+	var result;
+	
+	result = text;
+
+	return result;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+// Answers the modal dialogs that this thread opens while it lives, one step for each in turn: called with the
+// dialog's window when it has been made and filled and before it is shown. A step that closes its dialog
+// keeps it from ever being seen.
+class DialogSteps {
+public:
+    using Step = std::function<void(HWND dialog)>;
+
+    explicit DialogSteps(std::vector<Step> steps) : m_steps(std::move(steps)) {
+        s_current = this;
+        m_hook = SetWindowsHookExW(WH_CALLWNDPROCRET, &Procedure, nullptr, GetCurrentThreadId());
+    }
+    DialogSteps(const DialogSteps&) = delete;
+    DialogSteps& operator=(const DialogSteps&) = delete;
+    ~DialogSteps() {
+        UnhookWindowsHookEx(m_hook);
+        s_current = nullptr;
+    }
+
+    // How many dialogs there were.
+    std::size_t count = 0;
+
+private:
+    static LRESULT CALLBACK Procedure(int code, WPARAM wParam, LPARAM lParam) {
+        const auto& message = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
+        if (code == HC_ACTION && message.message == WM_INITDIALOG) {
+            const std::size_t index = s_current->count++;
+            if (index < s_current->m_steps.size()) {
+                s_current->m_steps[index](message.hwnd);
+            }
+        }
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    static inline DialogSteps* s_current = nullptr;
+    std::vector<Step> m_steps;
+    HHOOK m_hook = nullptr;
+};

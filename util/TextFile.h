@@ -1,0 +1,29 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <functional>
+#include <string>
+
+// Whole text files, with a user who can mend what keeps one from opening: the system's reason is shown with
+// Retry and Cancel for as long as it does not. Files are opened for this program alone. framework/TextFile.h
+// has the same with the program's message box.
+
+// Shows a message box and returns the id of the button pressed.
+using ShowMessageBox = std::function<int(const std::wstring& text, UINT style)>;
+
+// The text of a file: UTF-16LE if it begins with that byte-order mark, which stays as the first character (an
+// odd last byte is dropped); otherwise UTF-8 up to its first zero byte, where a byte-order mark stays as
+// well. The empty text also when the user cancels. Raises std::runtime_error when reading fails and
+// std::bad_alloc for a file too large; of one of 4 GB and more the length's low 32 bits are read.
+[[nodiscard]] std::wstring ReadTextFile(const std::wstring& path, const ShowMessageBox& show);
+
+// Writes the text up to its first zero as UTF-8 without a byte-order mark; see WriteBytesToFile. Raises what
+// EncodeCodePage raises.
+int SaveTextFile(const std::wstring& text, const std::wstring& path, bool append, const ShowMessageBox& show);
+
+// Writes a file, or adds to its end, and makes the folders that are missing. 1 when everything is written. 0
+// when the user cancelled, or when writing failed: then a box has told why, and the file is left as it is.
+int WriteBytesToFile(const void* data, std::size_t length, const std::wstring& path, bool append,
+                     const ShowMessageBox& show);
