@@ -131,7 +131,12 @@ wine_tests() {
     wine_limit=$step_limit run_tests "tests-$1" wine_run "$1" "build/windows-$1/tests/scv_tests.exe"
 }
 
-# One line a zone: "passed ZONE" or "FAILED ZONE".
+# count_lines NAME: of a step that says "passed ..." or "FAILED ..." a line each.
+count_lines() {
+    awk '/^passed / { passed++ } /^FAILED / { failed++ } END { print passed + 0, failed + (passed + failed == 0) }' \
+        "$logs/$1.log" >"$logs/$1.count"
+}
+
 zone_tests() {
     needs "build-windows-$1"
     needs "wine-$1"
@@ -139,8 +144,16 @@ zone_tests() {
     # shellcheck disable=SC2086 # a loader is a command and its arguments
     WINEPREFIX=${wine_prefix[$1]} WINEARCH=${wine_word[$1]} WINEDEBUG=-all timeout -k 10 "$step_limit" \
         scripts/zone-tests.sh "build/windows-$1/tests/scv_zone_tests.exe" ${wine_loader[$1]} || status=$?
-    awk '/^passed / { passed++ } /^FAILED / { failed++ } END { print passed + 0, failed + (passed + failed == 0) }' \
-        "$logs/zones-$1.log" >"$logs/zones-$1.count"
+    count_lines "zones-$1"
+    return "$status"
+}
+
+journeys() {
+    needs "build-windows-$1"
+    needs "wine-$1"
+    local status=0
+    timeout -k 10 "$step_limit" scripts/journeys.sh "$1" || status=$?
+    count_lines "journeys-$1"
     return "$status"
 }
 
@@ -176,11 +189,12 @@ stop() {
     mapfile -t pids < <(jobs -rp)
     [ ${#pids[@]} -eq 0 ] || kill "${pids[@]}" 2>/dev/null || true
     wine_stop >/dev/null 2>&1
+    display_stop
 }
 trap stop EXIT
 trap 'stop; exit 130' INT TERM
 
-sets=(build wine64 checks bench)
+sets=(build wine64 desktop checks bench)
 [ -n "$quick" ] || sets+=(wine32)
 scripts/setup.sh "${sets[@]}"
 
@@ -189,6 +203,8 @@ for preset in "${presets[@]}"; do
     step "build-$preset" build "$preset"
 done
 
+# The window tests draw on it.
+display_start
 # Here and not in a step's subshell: the shell that starts a prefix knows where it is.
 architectures=(x64)
 if [ -n "$quick" ]; then
@@ -211,7 +227,7 @@ done
 # The long ones first, so that none is left to run alone at the end.
 queue=()
 for arch in "${architectures[@]}"; do
-    queue+=("tests-$arch wine_tests $arch" "zones-$arch zone_tests $arch")
+    queue+=("journeys-$arch journeys $arch" "tests-$arch wine_tests $arch" "zones-$arch zone_tests $arch")
 done
 queue+=("${fuzz_steps[@]}"
     "tests-native native_tests"

@@ -1,8 +1,10 @@
 # shellcheck shell=bash disable=SC2034,SC2154 # what it sets for its caller, and takes from wine.sh and its caller
 # The program on a desktop of its own, used by mouse and keyboard. To be sourced after wine.sh.
 #
-#   desktop_start x64|x86 PREFIX     a display, a fresh prefix with a task bar, and C:\demo with the program, the stand-in and
-#                                    some projects in it; the stand-in is registered as the extraction program
+#   demo_make x64|x86                in a prefix that runs: C:\demo with the program, its console companion, the stand-in and some
+#                                    projects; the stand-in is registered as the extraction program
+#   task N COMMAND-LINE START [LAST-RUN EVERY-MINUTES]     prints a section of a list; list_head COUNT its beginning
+#   desktop_start x64|x86 PREFIX     a display, a fresh prefix with a task bar, and that folder
 #   desktop_stop                     ends all of that
 #   program_start [ARGUMENT...]      starts the program; its process is $program_pid
 #   program_ends                     waits until it has ended
@@ -11,7 +13,7 @@
 #   click TITLE ID [BUTTON]          clicks into the middle of a control
 #   press KEY...                     such as alt+a
 #   list_row N                       clicks the text of row N (from 1) of the project list
-#   choose_file PATH                 types PATH into the open file dialog that comes up
+#   choose_file TITLE PATH           types PATH into the file dialog of that title once it comes up
 #   tray_click BUTTON [TIMES]        clicks the icon at the right end of the task bar
 #   tray_exit                        chooses "Exit" in the icon's menu
 #   picture NAME                     keeps the screen as NAME.png in $pictures
@@ -21,26 +23,36 @@
 main_title='SCV Scheduler*'
 demo='C:\demo'
 
-desktop_start() {
+demo_make() {
     desktop_arch=$1
-    display_start
-    wine_start "$desktop_arch" "$2" desktop >"build/desktop-$desktop_arch.log" 2>&1 8>&-
-    local projects=(prices 'new books' news)
     drive_c=${wine_prefix[$desktop_arch]}/drive_c
     mkdir -p "$drive_c/demo"
-    cp "build/windows-$desktop_arch/ui/SCVScheduler.exe" "build/windows-$desktop_arch/tests/"{standin,window}.exe \
-        "$drive_c/demo/"
+    local build=build/windows-$desktop_arch
+    cp "$build/ui/SCVScheduler.exe" "$build/cli/scvsched.exe" "$build/tests/"{standin,window}.exe "$drive_c/demo/"
     # The text of a project is how many seconds the stand-in keeps it open.
-    local project
-    for project in "${projects[@]}"; do
-        echo 0 >"$drive_c/demo/$project.scvpr"
-    done
+    echo 1 >"$drive_c/demo/prices.scvpr"
+    echo 2 >"$drive_c/demo/new books.scvpr"
+    echo 0 >"$drive_c/demo/news.scvpr"
+    # The path is short: the scheduler reads no program path of more than 126 characters.
     registry add 'HKCU\Software\Talvernick\Scrivane' /v ProgramFileName /d "$demo\\standin.exe" /f >/dev/null
     # The folders of the one user, whatever Wine calls him.
     local folders=("$drive_c"/users/[!P]*/AppData)
     local_folder=${folders[0]}/Local/SCVScheduler
     roaming_folder=${folders[0]}/Roaming/Scrivane
     task_list=$local_folder/SCVScheduler.ini
+}
+
+list_head() { printf '%s\r\n' "[SCVShchedulerTaskList]" "TaskCount=$1"; }
+task() {
+    printf '%s\r\n' "[SCVShchedulerTask$1]" "Enable=1" "CommandLine='$2'" "StartTime=$3" \
+        "UntilTime=$(date -d '23:59:59' +%s)" "LastRunTime=${4:-0}" "EnableEvery=$((${5:-0} > 0))" \
+        "EveryValue=${5:-0}" "EveryUnit=0"
+}
+
+desktop_start() {
+    display_start
+    wine_start "$1" "$2" desktop >"build/desktop-$1.log" 2>&1 8>&-
+    demo_make "$1"
 }
 
 desktop_stop() {
@@ -108,10 +120,10 @@ list_row() {
 }
 
 choose_file() {
-    window_is 'Open' shown
-    xdotool sleep 0.3 type --delay 20 "$1"
-    xdotool key Return
-    window_is 'Open' gone
+    window_is "$1" shown
+    xdotool sleep 0.3 type --delay 20 "$2"
+    press Return
+    window_is "$1" gone
 }
 
 tray_click() { xdotool mousemove 1269 890 sleep 0.2 click --repeat "${2:-1}" --delay 60 "$1" sleep 0.3; }

@@ -3,17 +3,24 @@
 # left: the list file, the registry, the stand-in's record. Leaves pictures in build/journeys/ARCHITECTURE. A line a
 # journey: "passed NAME" or "FAILED NAME", the latter after what was wrong.
 #
-#   scripts/journeys.sh x64|x86 [NAME...]     names: first_start, tray, further_instances, editing
+#   scripts/journeys.sh [--keep] x64|x86 [NAME...]     names: first_start, tray, further_instances, editing, script
+#
+#   --keep     leaves the display and the program of the last journey running
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . scripts/wine.sh
 # shellcheck source=scripts/desktop.sh
 . scripts/desktop.sh
 
+keep=
+if [ "${1:-}" = --keep ]; then
+    keep=1
+    shift
+fi
 [ $# -gt 0 ] || fail "scripts/journeys.sh: which build, x64 or x86?"
 arch=$1
 shift
 journeys=("$@")
-[ $# -gt 0 ] || journeys=(first_start tray further_instances editing)
+[ $# -gt 0 ] || journeys=(first_start tray further_instances editing script)
 pictures=build/journeys/$arch
 mkdir -p "$pictures"
 
@@ -49,12 +56,6 @@ nothing_is_there() {
     registry delete 'HKCU\Software\Microsoft\Windows\CurrentVersion\Run' /v SCVScheduler /f >/dev/null 2>&1 || true
 }
 
-# task N COMMAND-LINE START: a section of a list that never ran and does not repeat.
-task() {
-    printf '%s\r\n' "[SCVShchedulerTask$1]" "Enable=1" "CommandLine='$2'" "StartTime=$3" \
-        "UntilTime=$(date -d '23:59:59' +%s)" "LastRunTime=0"
-}
-
 # list_of FILE COMMAND-LINE...: a list file with these tasks, none of them due today.
 list_of() {
     local file=$1 number=0 line tomorrow
@@ -62,7 +63,7 @@ list_of() {
     tomorrow=$(($(date +%s) + 86400))
     mkdir -p "$(dirname "$file")"
     {
-        printf '%s\r\n' "[SCVShchedulerTaskList]" "TaskCount=$#"
+        list_head $#
         for line in "$@"; do
             number=$((number + 1))
             task $number "$line" $tomorrow
@@ -78,10 +79,10 @@ three_projects() {
 
 # An old list moves to its new place; two projects are added and edited, and a due one runs while nobody looks.
 first_start() {
-    local due=$(($(date +%s) + 40))
+    local due=$(($(date +%s) + 60))
     mkdir -p "$roaming_folder"
     {
-        printf '%s\r\n' "[SCVShchedulerTaskList]" "TaskCount=1"
+        list_head 1
         task 1 "\"$demo\\news.scvpr\" -dr -s" $due
     } >"$roaming_folder/SCVScheduler.ini"
     program_start
@@ -91,9 +92,9 @@ first_start() {
     picture first_start-1-old-list
 
     press alt+a
-    choose_file "$demo\\prices.scvpr"
+    choose_file Open "$demo\\prices.scvpr"
     press alt+a
-    choose_file "$demo\\new books.scvpr"
+    choose_file Open "$demo\\new books.scvpr"
     # The last one is selected now: delete its old results no more, read more URLs from a file.
     click "$main_title" 1010
     click "$main_title" 1013
@@ -157,7 +158,7 @@ further_instances() {
     local first second
     mkdir -p "$local_folder"
     {
-        printf '%s\r\n' "[SCVShchedulerTaskList]" "TaskCount=1"
+        list_head 1
         task 1 "\"$demo\\prices.scvpr\" -s" $(($(date +%s) - 60))
     } >"$task_list"
     program_start /BACKGROUND
@@ -236,9 +237,10 @@ editing() {
 
 # --- Playing them ----------------------------------------------------------------------------------------------------
 
-trap 'desktop_stop >/dev/null 2>&1' EXIT
+trap '[ -n "$keep" ] || desktop_stop >/dev/null 2>&1' EXIT
 trap 'exit 130' INT TERM
 desktop_start "$arch" "build/wine/journeys-$arch"
+[ -z "$keep" ] || say "The display is $DISPLAY."
 failures=0
 for journey in "${journeys[@]}"; do
     nothing_is_there
@@ -257,6 +259,7 @@ for journey in "${journeys[@]}"; do
         say "FAILED $journey"
         failures=$((failures + 1))
     fi
+    [ -z "$keep" ] || continue
     # Whatever it left running would be in the next one's way.
     wine_run "$arch" taskkill.exe /f /im SCVScheduler.exe >/dev/null 2>&1 || true
     until_true 30 "the programs end" eval "! wine_run $arch tasklist.exe | grep -q SCVScheduler.exe"

@@ -65,8 +65,12 @@ wine_start() {
     }
     # The dialogs' font and the caption's symbols, which Wine does not find by itself where Debian keeps them.
     cp /usr/share/wine/fonts/{tahoma,tahomabd,marlett}.ttf "$prefix/drive_c/windows/Fonts/"
-    # Without a window manager to wait for, a window that is shown does not take two seconds.
-    wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+    # Nobody sees the box that would keep a program that crashed from ending.
+    wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f
+    if [ -n "${display_pid:-}" ]; then
+        # Our display has no window manager; waiting for one would cost two seconds a window.
+        wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+    fi
     if [ "$kind" = desktop ]; then
         # The one name for which Wine's explorer brings a task bar of its own accord.
         wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\Explorer' /v Desktop /d shell /f
