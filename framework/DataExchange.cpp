@@ -17,7 +17,7 @@ HWND CDataExchange::PrepareCtrl(int id) const {
 }
 
 void CDataExchange::Fail(int id) const {
-    const CWnd control(PrepareCtrl(id));
+    CWnd control(PrepareCtrl(id));
     control.SetFocus();
     control.SendMessage(EM_SETSEL, 0, -1);
     throw CUserException();

@@ -235,6 +235,47 @@ editing() {
     expect "what else was started" "$(record 'new books')" ''
 }
 
+# A script is made from a template, tried on a sample, and saved under a new name.
+script() {
+    local editor='Script Editor' left top right bottom rest text
+    three_projects
+    program_start
+    window_is "$main_title" shown
+    list_row 3
+    click "$main_title" 1050
+    click "$main_title" 1247
+    window_is "$editor" shown
+    sleep 0.5
+    # The language box has the focus: down to VBScript, whose eighth template is Left_String.
+    press Down
+    read -r left top right bottom rest < <(item "$editor" 2103)
+    xdotool mousemove $((left + 60)) $((top + 1 + 13 * 7 + 6)) sleep 0.2 click --repeat 2 --delay 60 1
+    window_is 'Script Function' shown
+    sleep 0.5
+    press Tab
+    xdotool type --delay 20 '-'
+    press Tab
+    xdotool type --delay 20 0
+    picture script-1-function
+    press Return
+    window_is 'Script Function' gone
+    click "$editor" 2110
+    xdotool type --delay 20 'books-2026-11'
+    click "$editor" 2114
+    picture script-2-tested
+    expect "the result of the test" "$(window_tool "$editor" text 2112)" "books-"
+    click "$editor" 1
+    choose_file 'Save*' "$demo\\left.vbs"
+    window_is "$editor" gone
+    expect "the task's script" "$(window_tool "$main_title" text 1051)" "$demo\\left.vbs"
+    click "$main_title" 1
+    window_is "$main_title" hidden
+    expect "the command line" "$(key 1 CommandLine)" "'\"$demo\\prices.scvpr\" -gt\"$demo\\left.vbs\" -s'"
+    text=$(tr -d '\r' <"$drive_c/demo/left.vbs")
+    [[ $text == *'Function Main ( text, url )'*'"-"'*'Function Left_String ( text'* ]] ||
+        fail "The file does not hold the script: $text"
+}
+
 # --- Playing them ----------------------------------------------------------------------------------------------------
 
 trap '[ -n "$keep" ] || desktop_stop >/dev/null 2>&1' EXIT

@@ -1,10 +1,13 @@
-// What scripts that play a user need to know of another program's windows, so that mouse and keyboard find them.
+// What scripts that play a user need to know of another program's windows, so that mouse and keyboard find
+// them.
 //
-//   window TITLE place [ID]       where the window whose title is TITLE is (or begins with it, when TITLE ends in *); with
-//                                 ID, where that control of it is. Prints "left top right bottom" in pixels of the screen,
-//                                 "shown" or "hidden", "enabled" or "disabled"; for a list its header on a second line.
-//   window TITLE rename TEXT      gives it another title
+//   window TITLE place [ID]     where the window of that title is or, with ID, that control of it: prints
+//                               "left top right bottom" in pixels of the screen, "shown" or "hidden",
+//                               "enabled" or "disabled"; for a list its header on a second line
+//   window TITLE text ID        prints what that control says, in UTF-8
+//   window TITLE rename TEXT    gives it another title
 //
+// A TITLE that ends in * is how the title begins.
 // Ends with 1 when there is no such window, with 2 when it was not told what to do.
 #include <windows.h>
 
@@ -13,6 +16,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+
+#include "util/Utf8.h"
 
 namespace {
 
@@ -63,7 +68,7 @@ int wmain(int count, wchar_t** arguments) {
         SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(arguments[3]));
         return 0;
     }
-    if (verb != L"place") {
+    if (verb != L"place" && (verb != L"text" || count < 4)) {
         return 2;
     }
     if (window != nullptr && count > 3) {
@@ -71,6 +76,12 @@ int wmain(int count, wchar_t** arguments) {
     }
     if (window == nullptr) {
         return 1;
+    }
+    if (verb == L"text") {
+        wchar_t text[4096] = {};
+        SendMessageW(window, WM_GETTEXT, 4096, reinterpret_cast<LPARAM>(text));
+        std::printf("%s\n", ToUtf8(text).c_str());
+        return 0;
     }
     Print(window);
     wchar_t kind[64] = {};

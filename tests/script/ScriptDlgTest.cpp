@@ -103,7 +103,7 @@ protected:
     }
     // As a user types: what is there goes, and the box tells of the change.
     void Type(const wchar_t* text) const {
-        const CEdit box(Item(IDC_SCRIPT_TEXT));
+        CEdit box(Item(IDC_SCRIPT_TEXT));
         box.SendMessage(EM_SETSEL, 0, -1);
         box.ReplaceSel(text, true);
     }
@@ -194,7 +194,7 @@ TEST_F(ScriptDlg, InsertsAFunctionAtTheSelection) {
     Open(L"a\r\nbcd\r\ne", L"VBScript");
     Notify(IDC_SCRIPT_FUNCTIONS, LBN_DBLCLK);
     EXPECT_EQ(Script(), L"a\r\nbcd\r\ne") << "none selected";
-    const CEdit box(Item(IDC_SCRIPT_TEXT));
+    CEdit box(Item(IDC_SCRIPT_TEXT));
     box.SetSel(4, 5);
     Select(IDC_SCRIPT_FUNCTIONS, L"Abs(");
     Click(IDC_SCRIPT_INSERT);
@@ -210,7 +210,7 @@ TEST_F(ScriptDlg, InsertsAFunctionAtTheSelection) {
 TEST_F(ScriptDlg, TellsWhereTheCaretIs) {
     Open(L"one\r\n\ttwo\r\nthree");
     dialog.ShowWindow(SW_SHOW);
-    const CEdit box(Item(IDC_SCRIPT_TEXT));
+    CEdit box(Item(IDC_SCRIPT_TEXT));
     box.SetFocus();
     const auto at = [&](DWORD start, DWORD end) {
         box.SetSel(start, end);
@@ -258,7 +258,7 @@ TEST_F(ScriptDlg, TellsWhereTheCaretIs) {
 
 TEST_F(ScriptDlg, KeysOfItsOwn) {
     Open(L"ab");
-    const CEdit box(Item(IDC_SCRIPT_TEXT));
+    CEdit box(Item(IDC_SCRIPT_TEXT));
     box.SetSel(1, 2);
     EXPECT_TRUE(Send(box.m_hWnd, WM_KEYDOWN, VK_TAB));
     EXPECT_EQ(Script(), L"a\t");
@@ -542,7 +542,7 @@ TEST_F(ScriptDlg, LongScriptsOpenAndRunAtOnceAndEndAtTheLimit) {
     Open(script.c_str());
     expectQuick("milliseconds to open");
     SetDlgItemTextW(dialog.m_hWnd, IDC_SCRIPT_TEST_TEXT, L"x");
-    const CEdit box(Item(IDC_SCRIPT_TEXT));
+    CEdit box(Item(IDC_SCRIPT_TEXT));
     for (DWORD i = 0; i < 50; ++i) {
         box.SetSel(i * 600, i * 600);
         Send(box.m_hWnd, WM_KEYDOWN, VK_DELETE);
