@@ -128,7 +128,12 @@ native_tests() {
 wine_tests() {
     needs "build-windows-$1"
     needs "wine-$1"
-    wine_limit=$step_limit run_tests "tests-$1" wine_run "$1" "build/windows-$1/tests/scv_tests.exe"
+    local program=build/windows-$1/tests/scv_tests.exe status=0
+    wine_limit=$step_limit wine_run "$1" "$program" '--gtest_filter=-Template.LongTexts*' || status=$?
+    # In a process of their own: after so many objects Wine's JScript may fall over in the scripts of other tests.
+    wine_limit=$step_limit wine_run "$1" "$program" '--gtest_filter=Template.LongTexts*' || status=$?
+    count_tests "tests-$1" "$logs/tests-$1.log"
+    return "$status"
 }
 
 # count_lines NAME: of a step that says "passed ..." or "FAILED ..." a line each.

@@ -14,6 +14,7 @@ class CListBox : public CWnd {
 public:
     using CWnd::CWnd;
     // The new item's index, which in a sorted list depends on its text.
+    // NOLINTNEXTLINE(modernize-use-nodiscard): called for what it does
     int AddString(const std::wstring& text) const {
         return static_cast<int>(SendMessage(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())));
     }
@@ -44,6 +45,7 @@ class CComboBox : public CWnd {
 public:
     using CWnd::CWnd;
     // The new item's index, which in a sorted list depends on its text.
+    // NOLINTNEXTLINE(modernize-use-nodiscard): called for what it does
     int AddString(const std::wstring& text) const {
         return static_cast<int>(SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str())));
     }

@@ -12,7 +12,7 @@ using Names = std::vector<std::wstring>;
 class CTexts : public IScriptTexts {
 public:
     [[nodiscard]] std::wstring GetTemplate(std::int32_t number) const override {
-        const std::wstring main = L"\r\nfunction {{MAIN_FUNCTION_NAME}} ( text, url ) {\r\n}\r\n";
+        std::wstring main = L"\r\nfunction {{MAIN_FUNCTION_NAME}} ( text, url ) {\r\n}\r\n";
         switch (number) {
             case 62001:
                 return main;

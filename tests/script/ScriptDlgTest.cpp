@@ -93,10 +93,10 @@ protected:
         dialog.m_strLanguage = language;
         ASSERT_TRUE(dialog.Create(IDD_SCRIPT));
     }
-    HWND Item(int id) const { return dialog.GetDlgItem(id); }
-    std::wstring Text(int id) const { return dialog.GetDlgItemText(id); }
-    std::wstring Script() const { return Text(IDC_SCRIPT_TEXT); }
-    bool IsEnabled(int id) const { return IsWindowEnabled(Item(id)) != FALSE; }
+    [[nodiscard]] HWND Item(int id) const { return dialog.GetDlgItem(id); }
+    [[nodiscard]] std::wstring Text(int id) const { return dialog.GetDlgItemText(id); }
+    [[nodiscard]] std::wstring Script() const { return Text(IDC_SCRIPT_TEXT); }
+    [[nodiscard]] bool IsEnabled(int id) const { return IsWindowEnabled(Item(id)) != FALSE; }
     void Click(int id) const { SendMessageW(Item(id), BM_CLICK, 0, 0); }
     void Notify(int id, UINT code) const {
         dialog.SendMessage(WM_COMMAND, MAKEWPARAM(id, code), reinterpret_cast<LPARAM>(Item(id)));
@@ -117,7 +117,9 @@ protected:
                   0);
         Notify(list, LBN_SELCHANGE);
     }
-    int Count(int list) const { return static_cast<int>(SendMessageW(Item(list), LB_GETCOUNT, 0, 0)); }
+    [[nodiscard]] int Count(int list) const {
+        return static_cast<int>(SendMessageW(Item(list), LB_GETCOUNT, 0, 0));
+    }
     // True when the message was taken.
     bool Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam = 0) {
         MSG record{window, message, wParam, lParam, 0, {}};

@@ -105,7 +105,7 @@ void DialogLayoutTest::TearDown() {
     DestroyWindow(m_dialog);
 }
 
-int DialogLayoutTest::Scale(int pixels) const {
+int DialogLayoutTest::Scale(int pixels) {
     return MulDiv(pixels, GetParam(), 96);
 }
 

@@ -39,7 +39,7 @@ protected:
     void TearDown() override;
 
     // Pixels at 96 dots per inch, in pixels here.
-    [[nodiscard]] int Scale(int pixels) const;
+    [[nodiscard]] static int Scale(int pixels);
     // Of the text in the dialog's font: on one line, or wrapped at a width.
     [[nodiscard]] SIZE TextSize(const std::wstring& text, int wrapAt = 0) const;
 

@@ -13,9 +13,10 @@ class DialogSteps {
 public:
     using Step = std::function<void(HWND dialog)>;
 
-    explicit DialogSteps(std::vector<Step> steps) : m_steps(std::move(steps)) {
+    explicit DialogSteps(std::vector<Step> steps)
+        : m_steps(std::move(steps)),
+          m_hook(SetWindowsHookExW(WH_CALLWNDPROCRET, &Procedure, nullptr, GetCurrentThreadId())) {
         s_current = this;
-        m_hook = SetWindowsHookExW(WH_CALLWNDPROCRET, &Procedure, nullptr, GetCurrentThreadId());
     }
     DialogSteps(const DialogSteps&) = delete;
     DialogSteps& operator=(const DialogSteps&) = delete;
