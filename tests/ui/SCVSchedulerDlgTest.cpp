@@ -203,6 +203,20 @@ TEST_F(SCVSchedulerDlg, RunIsNeverDoubledByALaunchThatPumpsOrASaveThatFails) {
     EXPECT_EQ(pumping.starts, 2);
 }
 
+TEST_F(SCVSchedulerDlg, ListMadeReadOnlyMeanwhileStaysAsItIsAndSoDoTheEdits) {
+    const MessageRecorder boxes;
+    Open({L"C:\\a.scvpr"});
+    dialog->ShowAndSelectProject(SW_SHOW, {});
+    const std::string before = files.Bytes(kList);
+    files.SetReadOnly(kList);
+    Click(IDC_RESET_URLS);
+    Click(IDOK);
+    EXPECT_FALSE(dialog->IsWindowVisible());
+    EXPECT_EQ(files.Bytes(kList), before);
+    EXPECT_TRUE(boxes.texts.empty());
+    EXPECT_EQ(Task(0).m_bResetUrls, 1);
+}
+
 TEST_F(SCVSchedulerDlg, HandOverShowsTheWindowAndReadsOnlyWhatWasDelivered) {
     Open({L"a", L"b"});
     struct {
