@@ -128,10 +128,12 @@ native_tests() {
 wine_tests() {
     needs "build-windows-$1"
     needs "wine-$1"
-    local program=build/windows-$1/tests/scv_tests.exe status=0
-    wine_limit=$step_limit wine_run "$1" "$program" '--gtest_filter=-Template.LongTexts*' || status=$?
-    # In a process of their own: after so many objects Wine's JScript may fall over in the scripts of other tests.
-    wine_limit=$step_limit wine_run "$1" "$program" '--gtest_filter=Template.LongTexts*' || status=$?
+    local program=build/windows-$1/tests/scv_tests.exe status=0 alone='Template.LongTexts*:Template.DownloadUrl*' filter
+    # After scripts with very many objects, or with requests that fail, Wine's JScript has crashed now and then, in them or
+    # in a later script, and the cause is not known; alone in a process neither did.
+    for filter in "-$alone" "${alone%%:*}" "${alone##*:}"; do
+        wine_limit=$step_limit wine_run "$1" "$program" "--gtest_filter=$filter" || status=$?
+    done
     count_tests "tests-$1" "$logs/tests-$1.log"
     return "$status"
 }
