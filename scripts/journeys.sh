@@ -194,18 +194,25 @@ editing() {
     window_is "$main_title" shown
     list_row 1
     press shift+Down shift+Down
-    click "$main_title" 1016
+    click "$main_title" 1010
     picture editing-1-three-selected
-    click "$main_title" 2
+    click "$main_title" 1
     window_is "$main_title" hidden
-    expect "after Cancel" "$(key 1 CommandLine)" "'\"$demo\\prices.scvpr\" -s'"
+    expect "all were edited" "$(key 1 CommandLine)$(key 2 CommandLine)$(key 3 CommandLine)" \
+        "'\"$demo\\prices.scvpr\" -dr -s''\"$demo\\new books.scvpr\" -dr -s -ex''\"$demo\\news.scvpr\" -dr -s'"
 
     tray_click 1 2
     window_is "$main_title" shown
     list_row 1
-    press shift+Down
-    picture editing-2-two-selected
-    click "$main_title" 1010
+    click "$main_title" 1016
+    click "$main_title" 2
+    window_is "$main_title" hidden
+    expect "after Cancel" "$(key 2 CommandLine)" "'\"$demo\\new books.scvpr\" -dr -s -ex'"
+    tray_exit
+    program_ends
+
+    program_start
+    window_is "$main_title" shown
     # The third row, which is "prices", goes.
     list_row 3
     press Delete
@@ -220,7 +227,7 @@ editing() {
     click "$main_title" 32772
     program_ends
     expect "number of tasks" "$(task_count)" 2
-    expect "both were edited" "$(key 1 CommandLine)$(key 2 CommandLine)" \
+    expect "what is left" "$(key 1 CommandLine)$(key 2 CommandLine)" \
         "'\"$demo\\new books.scvpr\" -dr -s -ex''\"$demo\\news.scvpr\" -dr -s'"
     expect "direction of the sort" "$(setting CSCVSchedulerDlg ascSort)" 0x0
     expect "column of the sort" "$(setting CSCVSchedulerDlg sortColumnIndex)" 0x0
