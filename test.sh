@@ -77,17 +77,22 @@ step() {
     flock "$logs" printf '%s\n' "$report"
 }
 
-# in_parallel "NAME COMMAND"...: as many at a time as there are processors, in this order.
+# in_parallel "NAME COMMAND"...: as many at a time as there are processors, in this order. Other jobs of this shell, the
+# display among them, are neither counted nor waited for: they end after the last step.
 in_parallel() {
-    local entry
-    for entry in "$@"; do
-        while [ "$(jobs -rp | wc -l)" -ge "$(nproc)" ]; do
-            wait -n || true
+    local entry running=0 processors
+    processors=$(nproc)
+    local -A ours=()
+    for entry in "$@" ""; do
+        while [ ${#ours[@]} -ge "$processors" ] || { [ -z "$entry" ] && [ ${#ours[@]} -gt 0 ]; }; do
+            wait -n -p running "${!ours[@]}" || true
+            unset "ours[$running]"
         done
+        [ -n "$entry" ] || break
         # shellcheck disable=SC2086 # the words of an entry
         step $entry &
+        ours[$!]=1
     done
-    wait
 }
 
 # needs NAME: for a step that comes after another: not run, and failed, when that one failed.
