@@ -4,7 +4,7 @@
 #   ./test.sh [--quick] [--long] [--fuzz-seconds N]
 #
 #   --quick            leave out the run of the 32-bit programs in their own Wine
-#   --long             1,000 kill rounds in place of 200, and ten minutes a fuzz target in place of one
+#   --long             1,000 kill rounds in place of 200, and ten minutes a fuzz target in place of 20 seconds
 #   --fuzz-seconds N   seconds a fuzz target
 #
 # A line a step; what a step said is in build/test-logs, and on the screen when it failed. What could not run counts as
@@ -13,7 +13,7 @@
 . scripts/wine.sh
 
 quick=
-fuzz_seconds=60
+fuzz_seconds=20
 step_limit=1500 # seconds after which a test program is ended and has failed
 while [ $# -gt 0 ]; do
     case $1 in
@@ -169,13 +169,18 @@ journeys() {
     return "$status"
 }
 
+# Each sample once, as a test, and then on from them.
 fuzz() {
-    local target=$1 name found seeds
+    needs build-native-fuzz
+    local target=$1 name found seeds samples
     name=$(basename "$target")
     found=build/fuzz-corpus/$name
     seeds=fuzz/corpus/$name
     mkdir -p "$found"
     [ -d "$seeds" ] || fail "There are no samples to start from: $seeds is missing."
+    samples=("$seeds"/*)
+    "$target" -timeout=10 -artifact_prefix="$logs/$name-" "${samples[@]}"
+    [ "$(grep -c '^Executed ' "$logs/$name.log")" -eq ${#samples[@]} ] || fail "Not every sample has run."
     "$target" -max_total_time="$fuzz_seconds" -timeout=10 -artifact_prefix="$logs/$name-" \
         -print_final_stats=1 "$found" "$seeds"
     grep -qE '^Done [1-9][0-9]* runs' "$logs/$name.log" || fail "The target did not say that it ran."
@@ -244,6 +249,7 @@ done
 queue+=("${fuzz_steps[@]}"
     "tests-native native_tests"
     "includes checks_of_sources scripts/check-includes.sh"
+    "cppcheck scripts/check-cppcheck.sh"
     "format scripts/check-format.sh"
     "scripts scripts_check")
 in_parallel "${queue[@]}"
