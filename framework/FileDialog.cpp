@@ -29,12 +29,11 @@ bool Ask(bool open, OPENFILENAMEW& record) {
 // A single path, or a folder and the names in it; the buffer ends with an empty text.
 std::vector<std::wstring> ReadPaths(const wchar_t* buffer) {
     std::vector<std::wstring> paths;
-    std::wstring folder;
     for (const wchar_t* text = buffer; *text != L'\0'; text += paths.back().size() + 1) {
         paths.emplace_back(text);
     }
     if (paths.size() > 1) {
-        folder = std::move(paths.front());
+        std::wstring folder = std::move(paths.front());
         paths.erase(paths.begin());
         if (!folder.ends_with(L'\\')) {
             folder += L'\\';
