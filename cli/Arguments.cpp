@@ -31,7 +31,7 @@ std::string OneLine(std::string text) {
 
 }  // namespace
 
-ParsedCommandLine ParseArguments(std::vector<std::string> words) {
+ParsedCommandLine ParseArguments(std::vector<std::string> words, const std::string& version) {
     Arguments arguments;
     std::string list;
     std::string at;
@@ -39,6 +39,7 @@ ParsedCommandLine ParseArguments(std::vector<std::string> words) {
 
     CLI::App app(kDescription, "scvsched");
     app.footer(kExitCodes);
+    app.set_version_flag("--version", "scvsched " + version + "\n", "Show the version and end");
     app.require_subcommand(1);
     app.fallthrough();
     app.add_option("--list", list, "The task list file; without it, the list of the window program");
@@ -68,6 +69,8 @@ ParsedCommandLine ParseArguments(std::vector<std::string> words) {
         if (arguments.json && (arguments.command == Command::Pass || arguments.command == Command::Watch)) {
             throw CLI::ValidationError("--json", "goes with list, next and check");
         }
+    } catch (const CLI::CallForVersion& shown) {
+        return {std::nullopt, shown.what(), kFine};
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) {
             return {std::nullopt, app.help("", CLI::AppFormatMode::Normal), kFine};

@@ -25,5 +25,6 @@ struct ParsedCommandLine {
     int exitCode = 0;
 };
 
-// `words` are the arguments in UTF-8, without the program's own name.
-[[nodiscard]] ParsedCommandLine ParseArguments(std::vector<std::string> words);
+// `words` are the arguments in UTF-8, without the program's own name; `version` is what --version shows.
+[[nodiscard]] ParsedCommandLine ParseArguments(std::vector<std::string> words,
+                                               const std::string& version = {});

@@ -14,6 +14,7 @@
 #include "core/LocalTime.h"
 #include "core/Shell.h"
 #include "core/WindowsFileSystem.h"
+#include "util/FileVersion.h"
 #include "util/ProcessHardening.h"
 #include "util/Utf8.h"
 
@@ -44,7 +45,7 @@ int Run(int argc, wchar_t** argv) {
         words.push_back(ToUtf8(argv[i]));
     }
     const CConsole console;
-    ParsedCommandLine parsed = ParseArguments(std::move(words));
+    ParsedCommandLine parsed = ParseArguments(std::move(words), ToUtf8(GetFileVersionString()));
     if (!parsed.arguments) {
         if (parsed.exitCode == kFine) {
             std::cout << parsed.message;

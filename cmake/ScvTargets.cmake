@@ -54,14 +54,19 @@ function(scv_library name)
   target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR})
 endfunction()
 
-# scv_executable(NAME SOURCES sources... [LINKS libraries...] [WINDOWED]): on Windows with the common manifest; stripped
-# in a release build.
+# scv_executable(NAME SOURCES sources... [LINKS libraries...] [WINDOWED] [DESCRIPTION text]): on Windows with the common
+# manifest and the project's version; stripped in a release build. The description is the one that Windows shows.
 function(scv_executable name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWED" "" "SOURCES;LINKS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWED" "DESCRIPTION" "SOURCES;LINKS")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LINKS} scv_options)
   if(WIN32)
-    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/manifest.rc)
+    if(NOT arg_DESCRIPTION)
+      set(arg_DESCRIPTION ${name})
+    endif()
+    set(version ${CMAKE_CURRENT_BINARY_DIR}/${name}-version.rc)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${version} @ONLY)
+    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/manifest.rc ${version})
     target_link_options(${name} PRIVATE -municode)
     if(arg_WINDOWED)
       target_link_options(${name} PRIVATE -mwindows)

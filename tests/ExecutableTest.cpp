@@ -108,6 +108,19 @@ private:
     std::vector<IMAGE_SECTION_HEADER> m_sections;
 };
 
+// The version that Windows shows of a file.
+std::wstring ShownVersion(const std::filesystem::path& path) {
+    std::vector<char> block(GetFileVersionInfoSizeW(path.c_str(), nullptr));
+    void* text = nullptr;
+    UINT length = 0;
+    if (block.empty() ||
+        !GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()) ||
+        !VerQueryValueW(block.data(), L"\\StringFileInfo\\040904B0\\ProductVersion", &text, &length)) {
+        return {};
+    }
+    return static_cast<const wchar_t*>(text);
+}
+
 class Executable : public testing::TestWithParam<const wchar_t*> {};
 
 TEST_P(Executable, IsHardenedAndNeedsNothingButWindows) {
@@ -134,6 +147,7 @@ TEST_P(Executable, IsHardenedAndNeedsNothingButWindows) {
     EXPECT_EQ(header.MajorSubsystemVersion, 6);
     EXPECT_EQ(image.Headers().FileHeader.TimeDateStamp, 0U) << "the same bytes for the same sources";
     EXPECT_TRUE(image.HasManifest());
+    EXPECT_EQ(ShownVersion(path), SCV_VERSION);
 
     const std::set<std::string> imports = image.Imports();
     EXPECT_TRUE(imports.contains("kernel32.dll"));

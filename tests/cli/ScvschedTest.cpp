@@ -10,6 +10,7 @@
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
 #include "util/Handle.h"
+#include "util/Utf8.h"
 
 namespace {
 
@@ -42,6 +43,12 @@ TEST_F(Scvsched, ReportsGoToStandardOutputInUtf8) {
     EXPECT_NE(json["list"].get<std::string>().find("\xD0\xA6\xD0\xB5\xD0\xBD\xD1\x8B.ini"),
               std::string::npos);
     EXPECT_EQ(next.err, "");
+}
+
+TEST_F(Scvsched, TellsItsVersion) {
+    const ChildResult version = RunChild(kScvsched, L"--version");
+    EXPECT_EQ(version.out, "scvsched " + ToUtf8(SCV_VERSION) + "\n");
+    EXPECT_EQ(version.exitCode, kFine);
 }
 
 TEST_F(Scvsched, ErrorsAreOneLineOnStandardErrorWithTheirExitCode) {

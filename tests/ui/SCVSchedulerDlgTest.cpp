@@ -18,7 +18,7 @@ TEST_F(SCVSchedulerDlg, StartsHiddenWithTheSortedListAndItsFirstRow) {
     shell.programs[kProgramKey] = L"C:\\x\\Scrivane.exe";
     app.WriteProfileInt(kSection, L"ascSort", 0);
     Open({L"C:\\p\\a.scvpr", L"C:\\p\\c.scvpr", L"C:\\p\\b.scvpr"});
-    EXPECT_EQ(dialog->GetWindowText(), L"SCV Scheduler 3.0");
+    EXPECT_EQ(dialog->GetWindowText(), WindowTitle(L"SCV Scheduler", SCV_VERSION));
     EXPECT_FALSE(dialog->IsWindowVisible());
     EXPECT_EQ(Rows(), (Names{L"c.scvpr", L"b.scvpr", L"a.scvpr"}));
     EXPECT_EQ(Selected(), Names{L"c.scvpr"});
