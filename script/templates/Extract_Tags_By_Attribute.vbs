@@ -12,37 +12,56 @@ End Function
 ' This function extracts, from its start tag to its end tag and one after the other on lines of their own, every HTML element with the tag name specified in the tagName parameter (empty - any) that has the attribute specified in the attributeName parameter (empty - no attribute is needed) with the value specified in the attributeValue parameter (empty - any value). Letter case counts in the value only, which is compared as a whole. The result is empty when there is no such element.
 Function Extract_Tags_By_Attribute ( text , tagName , attributeName , attributeValue )
 
-	Dim index, found, names, elements, starts, ends, wantedName, value, pairs, first, chunk, separator
+	Dim index, wantedName, names, selected, starts, value, pairs, elements
 
 	elements = Extract_Tags_By_Attribute_Elements(text)
 	names = elements(1)
 	starts = elements(2)
-	ends = elements(3)
+	ReDim selected(elements(0))
 	Set pairs = Extract_Tags_By_Attribute_Pairs()
 	wantedName = LCase(tagName)
+	If wantedName = "*" Then wantedName = ""
 
-	' Long results are put together from chunks, for each addition copies what is there.
-	Extract_Tags_By_Attribute = ""
-	chunk = ""
-	separator = ""
 	For index = 1 To elements(0)
-		found = names(index) = wantedName Or wantedName = "" Or wantedName = "*"
-		If found And Len(attributeName) > 0 Then
-			value = Extract_Tags_By_Attribute_Attribute(starts(index), attributeName, pairs)
-			found = Not IsNull(value)
-			If found And Len(attributeValue) > 0 Then found = value = attributeValue
-		End If
-		If found Then
-			first = starts(index).FirstIndex + 1
-			chunk = chunk & separator & Mid(text, first, ends(index) - first)
-			separator = vbNewLine
-			If Len(chunk) > 4000 Then
-				Extract_Tags_By_Attribute = Extract_Tags_By_Attribute & chunk
-				chunk = ""
-			End If
+		If wantedName = "" Or names(index) = wantedName Then
+			value = ""
+			If attributeName <> "" Then value = Extract_Tags_By_Attribute_Attribute(starts(index), attributeName, pairs)
+			If Not IsNull(value) Then selected(index) = attributeName = "" Or attributeValue = "" Or value = attributeValue
 		End If
 	Next
-	Extract_Tags_By_Attribute = Extract_Tags_By_Attribute & chunk
+	Extract_Tags_By_Attribute = Extract_Tags_By_Attribute_Texts(text, elements, selected)
+
+End Function
+
+' The texts of the selected elements, one after the other on lines of their own.
+Function Extract_Tags_By_Attribute_Texts ( text , elements , selected )
+
+	Dim index, level, pieces, starts, ends, first, piece
+
+	' Each addition copies both texts, so only pieces of like size are put together: "pieces" holds a power of two of them
+	' at each level, the last ones lowest.
+	ReDim pieces(32)
+	starts = elements(2)
+	ends = elements(3)
+	For index = 1 To elements(0)
+		If selected(index) Then
+			first = starts(index).FirstIndex + 1
+			piece = vbNewLine & Mid(text, first, ends(index) - first)
+			level = 0
+			Do While Not IsEmpty(pieces(level))
+				piece = pieces(level) & piece
+				pieces(level) = Empty
+				level = level + 1
+			Loop
+			pieces(level) = piece
+		End If
+	Next
+
+	piece = ""
+	For level = 0 To 32
+		piece = pieces(level) & piece
+	Next
+	Extract_Tags_By_Attribute_Texts = Mid(piece, Len(vbNewLine) + 1)
 
 End Function
 
@@ -52,31 +71,15 @@ End Function
 ' around them, or where the next one of their kind begins.
 Function Extract_Tags_By_Attribute_Elements ( text )
 
-	Dim parts, name, closing, current, token, count, names, parents, sameName, starts, ends, openOnes
-	Dim attributes, tags, endedByNext, endsBefore, endsItself, tokens, outer, isEnd
+	' What the loop uses most comes first, for some engines look for a variable in this order at each use.
+	Dim count, parts, name, current, closing, token, openOnes, sameName, names, parents, starts, endedBy, ends
+	Dim position, outer, endsItself, tokens
 
-	' What follows the name in a tag; quoted values may hold any character, elsewhere < and > end the tag.
-	attributes = "(?=[\s\/>])([^<>=]*(?:=(?:\s*""[^""]*""|\s*'[^']*'|(?!\s*""[^""]*""|\s*'[^']*'))[^<>=]*)*)"
-
-	' Comments; end tags; elements whose content is no markup, or that have none; other start tags.
-	Set tags = New RegExp
-	tags.Pattern = "<!--[\s\S]*?(?:-->|$)|<\/([a-z][^\s\/<>]*)[^<>]*>" & _
-		"|<(script|style|textarea|title)" & attributes & ">[\s\S]*?(?:<\/\2[^>]*>|$)" & _
-		"|<(area|base|br|col|embed|hr|img|input|link|meta|param|source|track|wbr)" & attributes & ">" & _
-		"|<([a-z][^\s\/<>=]*)" & attributes & ">"
-	tags.Global = True
-	tags.IgnoreCase = True
+	Set tokens = Extract_Tags_By_Attribute_Tags().Execute(text)
+	Set endedBy = Extract_Tags_By_Attribute_EndedBy()
 	' The slash of a tag such as <path/>, which belongs to no value.
 	Set endsItself = New RegExp
 	endsItself.Pattern = "(?:^|[\s""'])\/$"
-	' Elements that the beginning of another one may end, and the names of both.
-	endedByNext = " li dd dt option optgroup td th tr thead tbody p "
-	Set endsBefore = New RegExp
-	endsBefore.Pattern = "^(?:li li|d[dt] d[dt]|option opt(?:ion|group)|optgroup optgroup|t[dh] t(?:[dhr]|body|foot)" & _
-		"|tr t(?:r|body|foot)|t(?:head|body) t(?:body|foot)|p (?:address|article|aside|blockquote|div|dl|fieldset|figure" & _
-		"|footer|form|h[1-6r]|header|main|nav|ol|p|pre|section|table|ul))$"
-
-	Set tokens = tags.Execute(text)
 	ReDim names(tokens.Count)
 	ReDim starts(tokens.Count)
 	ReDim ends(tokens.Count)
@@ -89,12 +92,11 @@ Function Extract_Tags_By_Attribute_Elements ( text )
 
 	For Each token In tokens
 		Set parts = token.SubMatches
-		isEnd = Len(parts(0)) > 0
 		name = LCase(parts(0) & parts(1) & parts(3) & parts(5))
 
 		' The element that ends here, and with it all that are open within it.
 		closing = 0
-		If isEnd Then
+		If parts(0) <> "" Then
 			closing = openOnes(name)
 			If closing <> current Then
 				' Within a table's cell only the end tags of a table's parts reach out of it.
@@ -102,28 +104,32 @@ Function Extract_Tags_By_Attribute_Elements ( text )
 					If InStr(" td th tr table thead tbody tfoot body html ", " " & name & " ") = 0 Then closing = 0
 				End If
 			End If
-		ElseIf InStr(endedByNext, " " & names(current) & " ") > 0 Then
-			outer = current
-			Do While endsBefore.Test(names(outer) & " " & name)
-				closing = outer
-				outer = parents(outer)
-			Loop
+		Else
+			If endedBy(name) Then
+				outer = current
+				Do While endedBy(names(outer) & " " & name)
+					closing = outer
+					outer = parents(outer)
+				Loop
+			End If
 		End If
 		If closing > 0 Then
+			position = token.FirstIndex + 1
 			Do While current >= closing
-				ends(current) = token.FirstIndex + 1
+				ends(current) = position
 				openOnes(names(current)) = sameName(current)
 				current = parents(current)
 			Loop
-			If isEnd Then ends(closing) = token.FirstIndex + token.Length + 1
+			If parts(0) <> "" Then ends(closing) = position + token.Length
 		End If
 
-		If Not isEnd And Len(name) > 0 Then
+		If parts(0) = "" And name <> "" Then
 			count = count + 1
 			names(count) = name
 			Set starts(count) = token
 			parents(count) = current
-			If Len(parts(5)) = 0 Or endsItself.Test(parts(6)) Then
+			If parts(6) <> "" Then closing = endsItself.Test(parts(6)) Else closing = parts(5) = ""
+			If closing Then
 				ends(count) = token.FirstIndex + token.Length + 1
 			Else
 				sameName(count) = openOnes(name)
@@ -133,11 +139,53 @@ Function Extract_Tags_By_Attribute_Elements ( text )
 		End If
 	Next
 
+	position = Len(text) + 1
 	Do While current > 0
-		ends(current) = Len(text) + 1
+		ends(current) = position
 		current = parents(current)
 	Loop
 	Extract_Tags_By_Attribute_Elements = Array(count, names, starts, ends, parents)
+
+End Function
+
+' Finds comments; end tags; elements whose content is no markup, or that have none; other start tags.
+Function Extract_Tags_By_Attribute_Tags ( )
+
+	Dim expression, attributes
+
+	' What follows the name in a tag; quoted values may hold any character, elsewhere < and > end the tag.
+	attributes = "(?=[\s\/>])([^<>=]*(?:=(?:\s*""[^""]*""|\s*'[^']*'|(?!\s*""[^""]*""|\s*'[^']*'))[^<>=]*)*)"
+
+	Set expression = New RegExp
+	expression.Pattern = "<!--[\s\S]*?(?:-->|$)|<\/([a-z][^\s\/<>]*)[^<>]*>" & _
+		"|<(script|style|textarea|title)" & attributes & ">[\s\S]*?(?:<\/\2[^>]*>|$)" & _
+		"|<(area|base|br|col|embed|hr|img|input|link|meta|param|source|track|wbr)" & attributes & ">" & _
+		"|<([a-z][^\s\/<>=]*)" & attributes & ">"
+	expression.Global = True
+	expression.IgnoreCase = True
+	Set Extract_Tags_By_Attribute_Tags = expression
+
+End Function
+
+' Which names end an element before them when they begin one (name), and of what name (other name, space, name).
+Function Extract_Tags_By_Attribute_EndedBy ( )
+
+	Dim endedBy, rule, rules, name, other
+
+	Set endedBy = CreateObject("Scripting.Dictionary")
+	rules = Array("li: li", "dd dt: dd dt", "option optgroup: option", "optgroup: optgroup", "td th tr tbody tfoot: td th", _
+		"tr tbody tfoot: tr", "tbody tfoot: thead tbody", "address article aside blockquote div dl fieldset figure " & _
+		"footer form h1 h2 h3 h4 h5 h6 hr header main nav ol p pre section table ul: p")
+	For Each rule In rules
+		rule = Split(rule, ": ")
+		For Each name In Split(rule(0))
+			endedBy(name) = True
+			For Each other In Split(rule(1))
+				endedBy(other & " " & name) = True
+			Next
+		Next
+	Next
+	Set Extract_Tags_By_Attribute_EndedBy = endedBy
 
 End Function
 

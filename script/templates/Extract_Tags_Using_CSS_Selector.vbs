@@ -12,17 +12,11 @@ End Function
 ' This function extracts, from its start tag to its end tag and one after the other on lines of their own, every HTML element that the CSS selector specified in the strCSSSelector parameter selects. A selector may consist of tag names, *, #id, .class and attribute tests such as [name] or [name^="value"] (operators = ~= |= ^= $= *=), joined by spaces (descendants) or > (children); commas separate several selectors. The result is empty when nothing is selected or the selector is not of this form.
 Function Extract_Tags_Using_CSS_Selector ( text , strCSSSelector )
 
-	Dim index, element, kept, found, marked, parents, elements, names, starts, ends, all, none, selected
-	Dim pairs, parts, part, fields, tests, last, tagName, attributeName, operation, wanted, passes, first, chunk, separator
+	Dim index, selected, all, kept, found, elements, none, marks, parts, part, fields, tests
 
 	Extract_Tags_Using_CSS_Selector = ""
 
 	elements = Extract_Tags_Using_CSS_Selector_Elements(text)
-	names = elements(1)
-	starts = elements(2)
-	ends = elements(3)
-	parents = elements(4)
-	Set pairs = Extract_Tags_Using_CSS_Selector_Pairs()
 	ReDim none(elements(0))
 	ReDim all(elements(0))
 	For index = 1 To elements(0)
@@ -47,35 +41,13 @@ Function Extract_Tags_Using_CSS_Selector ( text , strCSSSelector )
 		If Len(fields(10)) > 0 Then Exit Function
 
 		If Len(fields(0) & fields(1)) = 0 Then
-			tagName = LCase(fields(2))
-			If Len(tagName) > 0 And tests > 0 Then Exit Function
+			If Len(fields(2)) > 0 And tests > 0 Then Exit Function
 			tests = tests + 1
-			attributeName = fields(5)
-			operation = fields(6)
-			wanted = fields(7) & fields(8) & fields(9)
-			If Len(fields(4)) > 0 Then
-				attributeName = "id"
-				operation = "="
-				wanted = fields(4)
-				If fields(3) = "." Then
-					attributeName = "class"
-					operation = "~="
-				End If
+			If Len(fields(2)) > 0 Then
+				kept = Extract_Tags_Using_CSS_Selector_OfName(found, kept, LCase(fields(2)), elements(1))
+			Else
+				kept = Extract_Tags_Using_CSS_Selector_OfAttribute(found, kept, fields, elements(2))
 			End If
-			last = kept
-			kept = 0
-			For index = 1 To last
-				element = found(index)
-				If tagName = "" Then
-					passes = Extract_Tags_Using_CSS_Selector_Passes(starts(element), attributeName, operation, wanted, pairs)
-				Else
-					passes = tagName = names(element) Or tagName = "*"
-				End If
-				If passes Then
-					kept = kept + 1
-					found(kept) = element
-				End If
-			Next
 		Else
 			If tests = 0 Then Exit Function
 			tests = 0
@@ -86,38 +58,83 @@ Function Extract_Tags_Using_CSS_Selector ( text , strCSSSelector )
 				found = all
 				kept = elements(0)
 			Else
-				marked = none
+				marks = none
 				For index = 1 To kept
-					marked(found(index)) = True
+					marks(found(index)) = True
 				Next
-				' Parents come before their children, so a mark reaches all descendants.
-				kept = 0
-				For index = 1 To elements(0)
-					If marked(parents(index)) Then
-						kept = kept + 1
-						found(kept) = index
-						If fields(0) = "" Then marked(index) = True
-					End If
-				Next
+				kept = Extract_Tags_Using_CSS_Selector_Within(found, marks, elements(4), fields(0) = "")
 			End If
 		End If
 	Next
 
-	' Long results are put together from chunks, for each addition copies what is there.
-	chunk = ""
-	separator = ""
-	For index = 1 To elements(0)
-		If selected(index) Then
-			first = starts(index).FirstIndex + 1
-			chunk = chunk & separator & Mid(text, first, ends(index) - first)
-			separator = vbNewLine
-			If Len(chunk) > 4000 Then
-				Extract_Tags_Using_CSS_Selector = Extract_Tags_Using_CSS_Selector & chunk
-				chunk = ""
+	Extract_Tags_Using_CSS_Selector = Extract_Tags_Using_CSS_Selector_Texts(text, elements, selected)
+
+End Function
+
+' Leaves in a list only the elements of that name, * for all, and returns how many they are.
+Function Extract_Tags_Using_CSS_Selector_OfName ( found , last , name , names )
+
+	Dim index, kept
+
+	kept = last
+	If name <> "*" Then
+		kept = 0
+		For index = 1 To last
+			If names(found(index)) = name Then
+				kept = kept + 1
+				found(kept) = found(index)
 			End If
+		Next
+	End If
+	Extract_Tags_Using_CSS_Selector_OfName = kept
+
+End Function
+
+' Leaves in a list only the elements that pass a test of the selector, and returns how many they are.
+Function Extract_Tags_Using_CSS_Selector_OfAttribute ( found , last , fields , starts )
+
+	Dim index, kept, attributeName, operation, wanted, pairs
+
+	attributeName = fields(5)
+	operation = fields(6)
+	wanted = fields(7) & fields(8) & fields(9)
+	If Len(fields(4)) > 0 Then
+		attributeName = "id"
+		operation = "="
+		wanted = fields(4)
+		If fields(3) = "." Then
+			attributeName = "class"
+			operation = "~="
+		End If
+	End If
+	Set pairs = Extract_Tags_Using_CSS_Selector_Pairs()
+
+	kept = 0
+	For index = 1 To last
+		If Extract_Tags_Using_CSS_Selector_Passes(starts(found(index)), attributeName, operation, wanted, pairs) Then
+			kept = kept + 1
+			found(kept) = found(index)
 		End If
 	Next
-	Extract_Tags_Using_CSS_Selector = Extract_Tags_Using_CSS_Selector & chunk
+	Extract_Tags_Using_CSS_Selector_OfAttribute = kept
+
+End Function
+
+' Lists the children of the elements that are marked, or all that is within them, and returns how many they are.
+Function Extract_Tags_Using_CSS_Selector_Within ( found , marks , parents , isDeep )
+
+	Dim index, kept
+
+	' Parents come before their children, so a mark reaches all that is within.
+	kept = 0
+	For index = 1 To UBound(marks)
+		If marks(parents(index)) Then
+			kept = kept + 1
+			found(kept) = index
+			If isDeep Then marks(index) = True
+		End If
+	Next
+	Extract_Tags_Using_CSS_Selector_Within = kept
 
 End Function
 
@@ -165,37 +182,53 @@ Function Extract_Tags_Using_CSS_Selector_Passes ( start , attributeName , operat
 
 End Function
 
+' The texts of the selected elements, one after the other on lines of their own.
+Function Extract_Tags_Using_CSS_Selector_Texts ( text , elements , selected )
+
+	Dim index, level, pieces, starts, ends, first, piece
+
+	' Each addition copies both texts, so only pieces of like size are put together: "pieces" holds a power of two of them
+	' at each level, the last ones lowest.
+	ReDim pieces(32)
+	starts = elements(2)
+	ends = elements(3)
+	For index = 1 To elements(0)
+		If selected(index) Then
+			first = starts(index).FirstIndex + 1
+			piece = vbNewLine & Mid(text, first, ends(index) - first)
+			level = 0
+			Do While Not IsEmpty(pieces(level))
+				piece = pieces(level) & piece
+				pieces(level) = Empty
+				level = level + 1
+			Loop
+			pieces(level) = piece
+		End If
+	Next
+
+	piece = ""
+	For level = 0 To 32
+		piece = pieces(level) & piece
+	Next
+	Extract_Tags_Using_CSS_Selector_Texts = Mid(piece, Len(vbNewLine) + 1)
+
+End Function
+
 ' The elements of a text in the order of their beginnings, as an array: how many they are; their names in lower case; the
 ' matches of their start tags, with attributes in SubMatches 2, 4 and 6; the positions after them; their parents. The
 ' first element is number 1, and 0 the parent of those that have none. Elements without an end tag end with the one
 ' around them, or where the next one of their kind begins.
 Function Extract_Tags_Using_CSS_Selector_Elements ( text )
 
-	Dim parts, name, closing, current, token, count, names, parents, sameName, starts, ends, openOnes
-	Dim attributes, tags, endedByNext, endsBefore, endsItself, tokens, outer, isEnd
+	' What the loop uses most comes first, for some engines look for a variable in this order at each use.
+	Dim count, parts, name, current, closing, token, openOnes, sameName, names, parents, starts, endedBy, ends
+	Dim position, outer, endsItself, tokens
 
-	' What follows the name in a tag; quoted values may hold any character, elsewhere < and > end the tag.
-	attributes = "(?=[\s\/>])([^<>=]*(?:=(?:\s*""[^""]*""|\s*'[^']*'|(?!\s*""[^""]*""|\s*'[^']*'))[^<>=]*)*)"
-
-	' Comments; end tags; elements whose content is no markup, or that have none; other start tags.
-	Set tags = New RegExp
-	tags.Pattern = "<!--[\s\S]*?(?:-->|$)|<\/([a-z][^\s\/<>]*)[^<>]*>" & _
-		"|<(script|style|textarea|title)" & attributes & ">[\s\S]*?(?:<\/\2[^>]*>|$)" & _
-		"|<(area|base|br|col|embed|hr|img|input|link|meta|param|source|track|wbr)" & attributes & ">" & _
-		"|<([a-z][^\s\/<>=]*)" & attributes & ">"
-	tags.Global = True
-	tags.IgnoreCase = True
+	Set tokens = Extract_Tags_Using_CSS_Selector_Tags().Execute(text)
+	Set endedBy = Extract_Tags_Using_CSS_Selector_EndedBy()
 	' The slash of a tag such as <path/>, which belongs to no value.
 	Set endsItself = New RegExp
 	endsItself.Pattern = "(?:^|[\s""'])\/$"
-	' Elements that the beginning of another one may end, and the names of both.
-	endedByNext = " li dd dt option optgroup td th tr thead tbody p "
-	Set endsBefore = New RegExp
-	endsBefore.Pattern = "^(?:li li|d[dt] d[dt]|option opt(?:ion|group)|optgroup optgroup|t[dh] t(?:[dhr]|body|foot)" & _
-		"|tr t(?:r|body|foot)|t(?:head|body) t(?:body|foot)|p (?:address|article|aside|blockquote|div|dl|fieldset|figure" & _
-		"|footer|form|h[1-6r]|header|main|nav|ol|p|pre|section|table|ul))$"
-
-	Set tokens = tags.Execute(text)
 	ReDim names(tokens.Count)
 	ReDim starts(tokens.Count)
 	ReDim ends(tokens.Count)
@@ -208,12 +241,11 @@ Function Extract_Tags_Using_CSS_Selector_Elements ( text )
 
 	For Each token In tokens
 		Set parts = token.SubMatches
-		isEnd = Len(parts(0)) > 0
 		name = LCase(parts(0) & parts(1) & parts(3) & parts(5))
 
 		' The element that ends here, and with it all that are open within it.
 		closing = 0
-		If isEnd Then
+		If parts(0) <> "" Then
 			closing = openOnes(name)
 			If closing <> current Then
 				' Within a table's cell only the end tags of a table's parts reach out of it.
@@ -221,28 +253,32 @@ Function Extract_Tags_Using_CSS_Selector_Elements ( text )
 					If InStr(" td th tr table thead tbody tfoot body html ", " " & name & " ") = 0 Then closing = 0
 				End If
 			End If
-		ElseIf InStr(endedByNext, " " & names(current) & " ") > 0 Then
-			outer = current
-			Do While endsBefore.Test(names(outer) & " " & name)
-				closing = outer
-				outer = parents(outer)
-			Loop
+		Else
+			If endedBy(name) Then
+				outer = current
+				Do While endedBy(names(outer) & " " & name)
+					closing = outer
+					outer = parents(outer)
+				Loop
+			End If
 		End If
 		If closing > 0 Then
+			position = token.FirstIndex + 1
 			Do While current >= closing
-				ends(current) = token.FirstIndex + 1
+				ends(current) = position
 				openOnes(names(current)) = sameName(current)
 				current = parents(current)
 			Loop
-			If isEnd Then ends(closing) = token.FirstIndex + token.Length + 1
+			If parts(0) <> "" Then ends(closing) = position + token.Length
 		End If
 
-		If Not isEnd And Len(name) > 0 Then
+		If parts(0) = "" And name <> "" Then
 			count = count + 1
 			names(count) = name
 			Set starts(count) = token
 			parents(count) = current
-			If Len(parts(5)) = 0 Or endsItself.Test(parts(6)) Then
+			If parts(6) <> "" Then closing = endsItself.Test(parts(6)) Else closing = parts(5) = ""
+			If closing Then
 				ends(count) = token.FirstIndex + token.Length + 1
 			Else
 				sameName(count) = openOnes(name)
@@ -252,11 +288,53 @@ Function Extract_Tags_Using_CSS_Selector_Elements ( text )
 		End If
 	Next
 
+	position = Len(text) + 1
 	Do While current > 0
-		ends(current) = Len(text) + 1
+		ends(current) = position
 		current = parents(current)
 	Loop
 	Extract_Tags_Using_CSS_Selector_Elements = Array(count, names, starts, ends, parents)
+
+End Function
+
+' Finds comments; end tags; elements whose content is no markup, or that have none; other start tags.
+Function Extract_Tags_Using_CSS_Selector_Tags ( )
+
+	Dim expression, attributes
+
+	' What follows the name in a tag; quoted values may hold any character, elsewhere < and > end the tag.
+	attributes = "(?=[\s\/>])([^<>=]*(?:=(?:\s*""[^""]*""|\s*'[^']*'|(?!\s*""[^""]*""|\s*'[^']*'))[^<>=]*)*)"
+
+	Set expression = New RegExp
+	expression.Pattern = "<!--[\s\S]*?(?:-->|$)|<\/([a-z][^\s\/<>]*)[^<>]*>" & _
+		"|<(script|style|textarea|title)" & attributes & ">[\s\S]*?(?:<\/\2[^>]*>|$)" & _
+		"|<(area|base|br|col|embed|hr|img|input|link|meta|param|source|track|wbr)" & attributes & ">" & _
+		"|<([a-z][^\s\/<>=]*)" & attributes & ">"
+	expression.Global = True
+	expression.IgnoreCase = True
+	Set Extract_Tags_Using_CSS_Selector_Tags = expression
+
+End Function
+
+' Which names end an element before them when they begin one (name), and of what name (other name, space, name).
+Function Extract_Tags_Using_CSS_Selector_EndedBy ( )
+
+	Dim endedBy, rule, rules, name, other
+
+	Set endedBy = CreateObject("Scripting.Dictionary")
+	rules = Array("li: li", "dd dt: dd dt", "option optgroup: option", "optgroup: optgroup", "td th tr tbody tfoot: td th", _
+		"tr tbody tfoot: tr", "tbody tfoot: thead tbody", "address article aside blockquote div dl fieldset figure " & _
+		"footer form h1 h2 h3 h4 h5 h6 hr header main nav ol p pre section table ul: p")
+	For Each rule In rules
+		rule = Split(rule, ": ")
+		For Each name In Split(rule(0))
+			endedBy(name) = True
+			For Each other In Split(rule(1))
+				endedBy(other & " " & name) = True
+			Next
+		Next
+	Next
+	Set Extract_Tags_Using_CSS_Selector_EndedBy = endedBy
 
 End Function
 
