@@ -109,15 +109,6 @@ count_tests() {
         END { print passed + 0, failed + !ended }' "$2" >"$logs/$1.count"
 }
 
-# run_tests NAME COMMAND...: runs a GoogleTest program and counts.
-run_tests() {
-    local name=$1 status=0
-    shift
-    "$@" || status=$?
-    count_tests "$name" "$logs/$name.log"
-    return "$status"
-}
-
 # --- What the steps do -----------------------------------------------------------------------------------------------
 
 build() {
@@ -127,7 +118,10 @@ build() {
 
 native_tests() {
     needs build-native
-    run_tests tests-native timeout -k 10 "$step_limit" build/native/tests/scv_tests
+    local status=0
+    timeout -k 10 "$step_limit" build/native/tests/scv_tests || status=$?
+    count_tests tests-native "$logs/tests-native.log"
+    return "$status"
 }
 
 wine_tests() {
@@ -167,6 +161,21 @@ journeys() {
     timeout -k 10 "$step_limit" scripts/journeys.sh "$1" || status=$?
     count_lines "journeys-$1"
     return "$status"
+}
+
+installer_journeys() {
+    needs "build-windows-$1"
+    needs "wine-$1"
+    local status=0
+    if [ "$1" = x86 ]; then needs package; else scripts/package.sh "$1"; fi
+    timeout -k 10 "$step_limit" scripts/installer-journeys.sh "$1" || status=$?
+    count_lines "installer-$1"
+    return "$status"
+}
+
+same_bytes() {
+    needs package
+    scripts/package.sh --check
 }
 
 # Each sample once, as a test, and then on from them.
@@ -211,7 +220,7 @@ stop() {
 trap stop EXIT
 trap 'stop; exit 130' INT TERM
 
-sets=(build wine64 desktop checks bench)
+sets=(build wine64 desktop checks package bench)
 [ -n "$quick" ] || sets+=(wine32)
 scripts/setup.sh "${sets[@]}"
 
@@ -219,6 +228,7 @@ presets=(native windows-x64 windows-x86 native-fuzz native-release)
 for preset in "${presets[@]}"; do
     step "build-$preset" build "$preset"
 done
+step package scripts/package.sh
 
 # The window tests draw on it.
 display_start
@@ -244,9 +254,11 @@ done
 # The long ones first, so that none is left to run alone at the end.
 queue=()
 for arch in "${architectures[@]}"; do
-    queue+=("journeys-$arch journeys $arch" "tests-$arch wine_tests $arch" "zones-$arch zone_tests $arch")
+    queue+=("journeys-$arch journeys $arch" "installer-$arch installer_journeys $arch"
+        "tests-$arch wine_tests $arch" "zones-$arch zone_tests $arch")
 done
 queue+=("${fuzz_steps[@]}"
+    "same-bytes same_bytes"
     "tests-native native_tests"
     "includes checks_of_sources scripts/check-includes.sh"
     "cppcheck scripts/check-cppcheck.sh"

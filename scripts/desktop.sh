@@ -8,20 +8,28 @@
 #   desktop_stop                     ends all of that
 #   program_start [ARGUMENT...]      starts the program; its process is $program_pid
 #   program_ends                     waits until it has ended
+#   running PATTERN                  how many processes of the prefix have a command line like that; $program_pattern: the
+#                                    program's
 #   window_is TITLE shown|hidden|gone     waits until it is so; TITLE may end in *
 #   item TITLE ID                    where a control is: "left top right bottom ..."
 #   click TITLE ID [BUTTON]          clicks into the middle of a control
 #   press KEY...                     such as alt+a
 #   list_row N                       clicks the text of row N (from 1) of the project list
 #   choose_file TITLE PATH           types PATH into the file dialog of that title once it comes up
+#   make_left_script [COMMAND...]    in the script editor, once it is there: makes a script that keeps what stands before "-"
+#                                    and tries it on a sample; COMMAND runs while the template's parameters are shown
 #   tray_click BUTTON [TIMES]        clicks the icon at the right end of the task bar
 #   tray_exit                        chooses "Exit" in the icon's menu
 #   picture NAME                     keeps the screen as NAME.png in $pictures
+#   expect WHAT ACTUAL EXPECTED      ends the script unless the two texts are the same
+#   play_journeys NAME...            runs these functions, each after nothing_is_there, and says how each went; with $keep
+#                                    what the last one started stays
 #
 # Waiting gives up after 30 seconds and ends the script: nothing here goes on over something that did not happen.
 
 main_title='SCV Scheduler*'
 demo='C:\demo'
+program_pattern='[\\/]SCVScheduler\.exe'
 
 demo_make() {
     desktop_arch=$1
@@ -84,6 +92,15 @@ until_true() {
 }
 
 has_ended() { ! kill -0 "$1" 2>/dev/null; }
+# Not by tasklist.exe, which says nothing under Wine.
+running() {
+    local process count=0
+    while IFS= read -r process; do
+        ! grep -qaE "$1" "${process%environ}cmdline" 2>/dev/null || count=$((count + 1))
+    done < <(grep -lzxFs "WINEPREFIX=${wine_prefix[$desktop_arch]}" /proc/[0-9]*/environ)
+    echo "$count"
+}
+nothing_runs() { [ "$(running "$1")" -eq 0 ]; }
 program_ends() { until_true 30 "the program ends" has_ended "$program_pid"; }
 
 window_tool() { wine_run "$desktop_arch" "$drive_c/demo/window.exe" "$@" | tr -d '\r'; }
@@ -126,6 +143,28 @@ choose_file() {
     window_is "$1" gone
 }
 
+make_left_script() {
+    local editor='Script Editor' left top right bottom rest
+    window_is "$editor" shown
+    sleep 0.5
+    # The language box has the focus: down to VBScript, whose eighth template is Left_String.
+    press Down
+    read -r left top right bottom rest < <(item "$editor" 2103)
+    xdotool mousemove $((left + 60)) $((top + 1 + 13 * 7 + 6)) sleep 0.2 click --repeat 2 --delay 60 1
+    window_is 'Script Function' shown
+    sleep 0.5
+    press Tab
+    xdotool type --delay 20 '-'
+    press Tab
+    xdotool type --delay 20 0
+    "${@:-true}"
+    press Return
+    window_is 'Script Function' gone
+    click "$editor" 2110
+    xdotool type --delay 20 'books-2026-11'
+    click "$editor" 2114
+}
+
 tray_click() { xdotool mousemove 1269 890 sleep 0.2 click --repeat "${2:-1}" --delay 60 "$1" sleep 0.3; }
 
 # The menu lies above the mouse, "Exit" at its lower end.
@@ -135,3 +174,32 @@ tray_exit() {
 }
 
 picture() { import -window root "$pictures/$1.png"; }
+
+expect() { [ "$2" = "$3" ] || fail "$1: expected '$3', found '$2'."; }
+
+play_journeys() {
+    local journey status failures=0
+    for journey in "$@"; do
+        nothing_is_there
+        set +e
+        (
+            set -e
+            trap - EXIT
+            "$journey"
+        )
+        status=$?
+        set -e
+        if [ "$status" -eq 0 ]; then
+            say "passed $journey"
+        else
+            picture "$journey-failed"
+            say "FAILED $journey"
+            failures=$((failures + 1))
+        fi
+        [ -z "${keep:-}" ] || continue
+        # Whatever it left running would be in the next one's way.
+        wine_run "$desktop_arch" taskkill.exe /f /im SCVScheduler.exe >/dev/null 2>&1 || true
+        until_true 30 "the programs end" nothing_runs "$program_pattern"
+    done
+    [ "$failures" -eq 0 ]
+}

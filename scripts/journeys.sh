@@ -26,9 +26,6 @@ mkdir -p "$pictures"
 
 # --- What the journeys look at ---------------------------------------------------------------------------------------
 
-# expect WHAT ACTUAL EXPECTED: the whole text.
-expect() { [ "$2" = "$3" ] || fail "$1: expected '$3', found '$2'."; }
-
 # key N NAME: a value of the list file's section of task N, empty without the file.
 key() {
     [ ! -e "$task_list" ] || tr -d '\r' <"$task_list" | awk -F= -v section="[SCVShchedulerTask$1]" -v name="$2" '
@@ -244,31 +241,14 @@ editing() {
 
 # A script is made from a template, tried on a sample, and saved under a new name.
 script() {
-    local editor='Script Editor' left top right bottom rest text
+    local editor='Script Editor' text
     three_projects
     program_start
     window_is "$main_title" shown
     list_row 3
     click "$main_title" 1050
     click "$main_title" 1247
-    window_is "$editor" shown
-    sleep 0.5
-    # The language box has the focus: down to VBScript, whose eighth template is Left_String.
-    press Down
-    read -r left top right bottom rest < <(item "$editor" 2103)
-    xdotool mousemove $((left + 60)) $((top + 1 + 13 * 7 + 6)) sleep 0.2 click --repeat 2 --delay 60 1
-    window_is 'Script Function' shown
-    sleep 0.5
-    press Tab
-    xdotool type --delay 20 '-'
-    press Tab
-    xdotool type --delay 20 0
-    picture script-1-function
-    press Return
-    window_is 'Script Function' gone
-    click "$editor" 2110
-    xdotool type --delay 20 'books-2026-11'
-    click "$editor" 2114
+    make_left_script picture script-1-function
     picture script-2-tested
     expect "the result of the test" "$(window_tool "$editor" text 2112)" "books-"
     click "$editor" 1
@@ -289,27 +269,4 @@ trap '[ -n "$keep" ] || desktop_stop >/dev/null 2>&1' EXIT
 trap 'exit 130' INT TERM
 desktop_start "$arch" "build/wine/journeys-$arch"
 [ -z "$keep" ] || say "The display is $DISPLAY."
-failures=0
-for journey in "${journeys[@]}"; do
-    nothing_is_there
-    set +e
-    (
-        set -e
-        trap - EXIT
-        "$journey"
-    )
-    status=$?
-    set -e
-    if [ "$status" -eq 0 ]; then
-        say "passed $journey"
-    else
-        picture "$journey-failed"
-        say "FAILED $journey"
-        failures=$((failures + 1))
-    fi
-    [ -z "$keep" ] || continue
-    # Whatever it left running would be in the next one's way.
-    wine_run "$arch" taskkill.exe /f /im SCVScheduler.exe >/dev/null 2>&1 || true
-    until_true 30 "the programs end" eval "! wine_run $arch tasklist.exe | grep -q SCVScheduler.exe"
-done
-[ "$failures" -eq 0 ]
+play_journeys "${journeys[@]}"

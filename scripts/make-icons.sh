@@ -1,6 +1,6 @@
 #!/bin/sh
-# Makes the program's .ico files from the drawings beside them. They are committed, so that a build needs neither
-# rsvg-convert nor icotool; run this after a drawing has changed.
+# Makes the program's .ico files from the drawings beside them, and the picture on the installer's last page. They are
+# committed, so that a build needs neither rsvg-convert nor icotool; run this after a drawing has changed.
 set -eu
 cd "$(dirname "$0")/.."
 work=$(mktemp -d)
@@ -21,3 +21,7 @@ for drawing in ui/icons/*.svg script/icons/*.svg; do
     done
     icotool --create --output "${drawing%.svg}.ico" "$@"
 done
+
+rsvg-convert --width 96 --height 96 --output "$work/side.png" ui/icons/program.svg
+convert -size 164x314 xc:white "$work/side.png" -gravity north -geometry +0+60 -composite -colors 16 -type Palette \
+    -compress none BMP3:packaging/side.bmp

@@ -47,18 +47,6 @@ take "$main_title" window
 
 click "$main_title" 1050
 click "$main_title" 1247
-window_is 'Script Editor' shown
-press Down
-read -r left top right bottom rest < <(item 'Script Editor' 2103)
-xdotool mousemove $((left + 60)) $((top + 1 + 13 * 7 + 6)) sleep 0.2 click --repeat 2 --delay 60 1
-window_is 'Script Function' shown
-press Tab
-xdotool type --delay 20 '-'
-press Tab
-xdotool type --delay 20 0
-press Return
-window_is 'Script Function' gone
-click 'Script Editor' 2110
-xdotool type --delay 20 'books-2026-11'
-click 'Script Editor' 2114
+# shellcheck disable=SC2119
+make_left_script
 take 'Script Editor' script-editor

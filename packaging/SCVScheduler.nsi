@@ -1,0 +1,373 @@
+; The installer. scripts/package.sh makes it; what it is told (/D of makensis):
+;   VERSION   such as 3.0.0        FILES   folder with the files to install
+;   SETUP     file to write        WIDE    makes a 64-bit installer, for tests where only 64-bit programs run
+;
+; For one user, without administrator rights. Its switches:
+;   /S                 no window; exit code 2 when nothing was installed, because something was in use or could
+;                      not be written
+;   /STARTUP=yes|no    start at log-on, in place of the box; without it the choice stays as it is (at first: no)
+;   /D=FOLDER          where to; the last one, and without quotation marks
+; and those of the uninstaller:
+;   /S                 no window; exit code 2 when nothing was removed (to who waits for it, with _?=FOLDER at the end)
+;   /LIST              removes the task list and the settings as well
+;
+; A running instance is ended as its Exit does, which saves the list, and after an installation it is started again, in
+; the tray when it was there.
+
+Unicode true
+!ifdef WIDE
+    Target amd64-unicode
+!endif
+SetCompressor /SOLID lzma
+RequestExecutionLevel user
+ManifestDPIAware true
+ManifestSupportedOS all
+AllowSkipFiles off
+
+!include FileFunc.nsh
+!include LogicLib.nsh
+!include MUI2.nsh
+!include Sections.nsh
+
+; Ids of the main window's commands; by the button of its Exit it is known.
+!searchparse /file ui/resource.h "#define ID_EXIT_PROGRAM " ID_EXIT_PROGRAM
+!searchparse /file ui/resource.h "#define ID_SHOW_WINDOW " ID_SHOW_WINDOW
+
+!define NAME "SCV Scheduler"
+!define COMPANY "Talvernick"
+!define PROGRAM "SCVScheduler.exe"
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\SCVScheduler"
+!define RUN_KEY "Software\Microsoft\Windows\CurrentVersion\Run"
+!define RUN_VALUE "SCVScheduler"
+
+Name "${NAME}"
+OutFile "${SETUP}"
+BrandingText "${NAME} ${VERSION}"
+InstallDir "$LOCALAPPDATA\Programs\SCVScheduler"
+; An upgrade goes where the program is.
+InstallDirRegKey HKCU "${UNINSTALL_KEY}" InstallLocation
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey ProductName "${NAME}"
+VIAddVersionKey ProductVersion "${VERSION}"
+VIAddVersionKey FileVersion "${VERSION}"
+VIAddVersionKey FileDescription "${NAME} Setup"
+VIAddVersionKey CompanyName "${COMPANY}"
+VIAddVersionKey LegalCopyright ""
+
+Var Window  ; the main window of a running instance, 0 without one
+Var Process ; its process, to be closed
+Var Program ; the file that it runs
+Var Ended   ; such a file that was ended here, to be started again
+Var Shown   ; not empty when an ended one showed its window
+
+!define MUI_ICON "ui/icons/program.ico"
+!define MUI_UNICON "ui/icons/program.ico"
+!define MUI_ABORTWARNING
+!define MUI_COMPONENTSPAGE_SMALLDESC
+!insertmacro MUI_PAGE_COMPONENTS
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE AskToEnd
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!define MUI_WELCOMEFINISHPAGE_BITMAP "packaging/side.bmp"
+!define MUI_FINISHPAGE_RUN
+!define MUI_FINISHPAGE_RUN_TEXT "&Start ${NAME}"
+!define MUI_FINISHPAGE_RUN_FUNCTION StartShown
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW HideStart
+!insertmacro MUI_PAGE_FINISH
+!define MUI_COMPONENTSPAGE_TEXT_TOP "The task list and the settings stay, unless you tick their box."
+!define MUI_PAGE_CUSTOMFUNCTION_SHOW un.HideSpace
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE un.AskToEnd
+!insertmacro MUI_UNPAGE_COMPONENTS
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE English
+
+; What is installed, and what can be done with each file: all are put beside the old ones before one of these is
+; replaced, so that a full disk or a folder that cannot be written to leaves the old program whole.
+!macro EachFile DO
+    !insertmacro ${DO} "${PROGRAM}"
+    !insertmacro ${DO} "scvsched.exe"
+    !insertmacro ${DO} "README.txt"
+    !insertmacro ${DO} "CHANGELOG.txt"
+!macroend
+!macro Put NAME
+    File "/oname=${NAME}.new" "${FILES}/${NAME}"
+!macroend
+!macro Replace NAME
+    Delete "$INSTDIR\${NAME}"
+    Rename "$INSTDIR\${NAME}.new" "$INSTDIR\${NAME}"
+!macroend
+!macro Discard NAME
+    Delete "$INSTDIR\${NAME}.new"
+!macroend
+!macro Remove NAME
+    Delete "$INSTDIR\${NAME}"
+!macroend
+
+; --- Running instances, for installer and uninstaller ----------------------------------------------------------------
+
+!macro InstanceFunctions un
+; Sets $Window, $Process and $Program. Any copy of the program counts, wherever it lies: all use the one list.
+Function ${un}FindInstance
+    StrCpy $Window 0
+    ${Do}
+        FindWindow $Window "#32770" "" 0 $Window
+        ${If} $Window P= 0
+            ${Break}
+        ${EndIf}
+        System::Call 'user32::GetDlgItem(p $Window, i ${ID_EXIT_PROGRAM}) p .r0'
+        ${If} $0 P<> 0
+            System::Call 'user32::GetWindowThreadProcessId(p $Window, *i .r0)'
+            ; SYNCHRONIZE and PROCESS_QUERY_LIMITED_INFORMATION
+            System::Call 'kernel32::OpenProcess(i 0x101000, i 0, i r0) p .s'
+            Pop $Process
+            System::Call 'kernel32::QueryFullProcessImageNameW(p $Process, i 0, w .s, *i ${NSIS_MAX_STRLEN})'
+            Pop $Program
+            StrCpy $0 $Program "" -17
+            ${If} $0 == "\${PROGRAM}"
+                ${Break}
+            ${EndIf}
+            System::Call 'kernel32::CloseHandle(p $Process)'
+        ${EndIf}
+    ${Loop}
+FunctionEnd
+
+; Leaves the page only when nothing runs or the user agrees.
+Function ${un}AskToEnd
+    Call ${un}FindInstance
+    ${If} $Window P<> 0
+        System::Call 'kernel32::CloseHandle(p $Process)'
+        MessageBox MB_OKCANCEL|MB_ICONINFORMATION "${NAME} is running. It is ended now, as its Exit does: the list is saved.${AGAIN}" /SD IDOK IDOK +2
+        Abort
+    ${EndIf}
+FunctionEnd
+
+; Ends all instances, or else the script.
+Function ${un}EndInstances
+again:
+    Call ${un}FindInstance
+    ${If} $Window P= 0
+        Return
+    ${EndIf}
+    StrCpy $1 1
+    ; While it asks something its window is disabled, and what it asks about must not go away under it.
+    System::Call 'user32::IsWindowEnabled(p $Window) i .r0'
+    ${If} $0 <> 0
+        System::Call 'user32::IsWindowVisible(p $Window) i .r2'
+        System::Call 'user32::PostMessageW(p $Window, i ${WM_COMMAND}, p ${ID_EXIT_PROGRAM}, p 0)'
+        System::Call 'kernel32::WaitForSingleObject(p $Process, i 15000) i .r1'
+    ${EndIf}
+    System::Call 'kernel32::CloseHandle(p $Process)'
+    ${If} $1 == 0
+        StrCpy $Ended $Program
+        ${If} $2 <> 0
+            StrCpy $Shown 1
+        ${EndIf}
+        Goto again
+    ${EndIf}
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${NAME} is running and cannot be ended now. Answer what it asks, or end it with its Exit, and try again." /SD IDCANCEL IDRETRY again
+    Abort
+FunctionEnd
+
+; Ends the script unless the programs' files, as far as they are there, can be written.
+Function ${un}ExpectFree
+again:
+    ClearErrors
+    ${If} ${FileExists} "$INSTDIR\${PROGRAM}"
+        FileOpen $0 "$INSTDIR\${PROGRAM}" a
+        FileClose $0
+    ${EndIf}
+    ${If} ${FileExists} "$INSTDIR\scvsched.exe"
+        FileOpen $0 "$INSTDIR\scvsched.exe" a
+        FileClose $0
+    ${EndIf}
+    ${If} ${Errors}
+        MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "The programs in $INSTDIR are in use or cannot be written. End scvsched, if it is running, and try again." /SD IDCANCEL IDRETRY again
+        Abort
+    ${EndIf}
+FunctionEnd
+
+; What was ended goes on, from the file $Program; before these pages hidden, until they go.
+Function ${un}StartAgain
+    ${If} $Ended != ""
+        ${If} $Shown != ""
+        ${AndIf} ${Silent}
+            Exec '"$Program"'
+        ${Else}
+            Exec '"$Program" /background'
+        ${EndIf}
+    ${EndIf}
+FunctionEnd
+
+Function ${un}ShowAgain
+    ${If} $Shown != ""
+        Call ${un}FindInstance
+        ${If} $Window P<> 0
+            System::Call 'kernel32::CloseHandle(p $Process)'
+            System::Call 'user32::PostMessageW(p $Window, i ${WM_COMMAND}, p ${ID_SHOW_WINDOW}, p 0)'
+        ${EndIf}
+    ${EndIf}
+FunctionEnd
+!macroend
+!define AGAIN " Afterwards it is started again."
+!insertmacro InstanceFunctions ""
+!undef AGAIN
+!define AGAIN ""
+!insertmacro InstanceFunctions un.
+
+; --- Installing ------------------------------------------------------------------------------------------------------
+
+Section "${NAME}" SecProgram
+    SectionIn RO
+    Call EndInstances
+    Call ExpectFree
+    SetOutPath $INSTDIR
+    ClearErrors
+    !insertmacro EachFile Put
+    WriteUninstaller "$INSTDIR\uninstall.exe.new"
+    ${If} ${Errors}
+        MessageBox MB_ICONSTOP "The files could not be written to $INSTDIR. Nothing was changed." /SD IDOK
+        Abort
+    ${EndIf}
+    ; From another folder the program moves; its uninstaller ends before it goes, for it is told where it is.
+    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" InstallLocation
+    ${If} $0 != ""
+    ${AndIf} $0 != $INSTDIR
+    ${AndIf} ${FileExists} "$0\uninstall.exe"
+        ExecWait '"$0\uninstall.exe" /S _?=$0' $1
+        ${If} $1 = 0
+            Delete "$0\uninstall.exe"
+            RMDir "$0"
+        ${EndIf}
+    ${EndIf}
+    !insertmacro EachFile Replace
+    !insertmacro Replace uninstall.exe
+    CreateShortcut "$SMPROGRAMS\${NAME}.lnk" "$INSTDIR\${PROGRAM}"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" DisplayName "${NAME}"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" DisplayVersion "${VERSION}"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" DisplayIcon "$INSTDIR\${PROGRAM}"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" Publisher "${COMPANY}"
+    WriteRegStr HKCU "${UNINSTALL_KEY}" InstallLocation $INSTDIR
+    WriteRegStr HKCU "${UNINSTALL_KEY}" UninstallString '"$INSTDIR\uninstall.exe"'
+    WriteRegStr HKCU "${UNINSTALL_KEY}" QuietUninstallString '"$INSTDIR\uninstall.exe" /S'
+    SectionGetSize ${SecProgram} $0
+    WriteRegDWORD HKCU "${UNINSTALL_KEY}" EstimatedSize $0
+    WriteRegDWORD HKCU "${UNINSTALL_KEY}" NoModify 1
+    WriteRegDWORD HKCU "${UNINSTALL_KEY}" NoRepair 1
+SectionEnd
+
+; The value that the program's own box writes, and by which it is ticked.
+Section /o "Start at log-on" SecStartup
+    WriteRegStr HKCU "${RUN_KEY}" "${RUN_VALUE}" '"$INSTDIR\${PROGRAM}" /background'
+SectionEnd
+
+Section
+    ${IfNot} ${SectionIsSelected} ${SecStartup}
+        DeleteRegValue HKCU "${RUN_KEY}" "${RUN_VALUE}"
+    ${EndIf}
+    StrCpy $Program "$INSTDIR\${PROGRAM}"
+    Call StartAgain
+SectionEnd
+
+!insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
+    !insertmacro MUI_DESCRIPTION_TEXT ${SecProgram} "The scheduler, scvsched for the console, and an entry in the start menu."
+    !insertmacro MUI_DESCRIPTION_TEXT ${SecStartup} "Starts the scheduler in the tray whenever you log on. Its window has the same box."
+!insertmacro MUI_FUNCTION_DESCRIPTION_END
+
+Function .onInit
+    ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
+    ${GetParameters} $1
+    ${GetOptions} $1 "/STARTUP=" $2
+    ${If} $2 == "yes"
+        StrCpy $0 yes
+    ${ElseIf} $2 == "no"
+        StrCpy $0 ""
+    ${EndIf}
+    ${If} $0 != ""
+        !insertmacro SelectSection ${SecStartup}
+    ${EndIf}
+FunctionEnd
+
+Function .onInstFailed
+    !insertmacro EachFile Discard
+    !insertmacro Discard uninstall.exe
+    ; A folder that was made for nothing, once it is not the current one.
+    SetOutPath $TEMP
+    RMDir "$INSTDIR"
+    StrCpy $Program $Ended
+    Call StartAgain
+FunctionEnd
+
+Function .onGUIEnd
+    Call ShowAgain
+FunctionEnd
+
+Function HideStart
+    ${If} $Ended != ""
+        SendMessage $mui.FinishPage.Run ${BM_SETCHECK} ${BST_UNCHECKED} 0
+        ShowWindow $mui.FinishPage.Run ${SW_HIDE}
+    ${EndIf}
+FunctionEnd
+
+Function StartShown
+    Exec '"$INSTDIR\${PROGRAM}"'
+FunctionEnd
+
+; --- Removing --------------------------------------------------------------------------------------------------------
+
+Section "un.${NAME}" UnProgram
+    SectionIn RO
+    Call un.EndInstances
+    Call un.ExpectFree
+    ; A copy of the program in another folder keeps its own start at log-on.
+    ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
+    ${If} $0 == '"$INSTDIR\${PROGRAM}" /background'
+        DeleteRegValue HKCU "${RUN_KEY}" "${RUN_VALUE}"
+    ${EndIf}
+    Delete "$SMPROGRAMS\${NAME}.lnk"
+    DeleteRegKey HKCU "${UNINSTALL_KEY}"
+    !insertmacro EachFile Remove
+    Delete "$INSTDIR\uninstall.exe"
+    ; Only when nothing else is in it.
+    RMDir "$INSTDIR"
+SectionEnd
+
+Section /o "un.Task list and settings" UnList
+    StrCpy $0 "$LOCALAPPDATA\SCVScheduler"
+    Delete "$0\SCVScheduler.ini"
+    Delete "$0\SCVScheduler.ini.tmp"
+    Delete "$0\SCVScheduler.ini.lock"
+    RMDir "$0"
+    ; Where old versions kept it, and where the program looks for it on its first start.
+    Delete "$APPDATA\Scrivane\SCVScheduler.ini"
+    Delete "$INSTDIR\SCVScheduler.ini"
+    RMDir "$INSTDIR"
+    DeleteRegKey HKCU "Software\${COMPANY}\SCVScheduler"
+    DeleteRegKey /ifempty HKCU "Software\${COMPANY}"
+SectionEnd
+
+!insertmacro MUI_UNFUNCTION_DESCRIPTION_BEGIN
+    !insertmacro MUI_DESCRIPTION_TEXT ${UnProgram} "The programs, the entry in the start menu and the start at log-on."
+    !insertmacro MUI_DESCRIPTION_TEXT ${UnList} "The list of your projects, and what the window remembers. The projects themselves stay."
+!insertmacro MUI_UNFUNCTION_DESCRIPTION_END
+
+Function un.onInit
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/LIST" $1
+    ${IfNot} ${Errors}
+        !insertmacro SelectSection ${UnList}
+    ${EndIf}
+FunctionEnd
+
+Function un.HideSpace
+    ShowWindow $mui.ComponentsPage.SpaceRequired ${SW_HIDE}
+FunctionEnd
+
+Function un.onUninstFailed
+    StrCpy $Program $Ended
+    Call un.StartAgain
+FunctionEnd
+
+Function un.onGUIEnd
+    Call un.ShowAgain
+FunctionEnd

@@ -1,0 +1,60 @@
+#!/bin/bash
+# Makes what is given to users, in build/package: SCVScheduler-VERSION-setup.exe and SCVScheduler-VERSION-portable.zip,
+# from the 32-bit programs, and what is in them in build/package/files. The same sources give the same bytes, wherever
+# and whenever; the times in them are those of the last commit, or SOURCE_DATE_EPOCH. Installs what is missing first.
+#
+#   scripts/package.sh [--check | x64]
+#
+#   --check    makes them twice elsewhere, here and from a copy of the checkout in another folder, and compares the two
+#   x64        of the 64-bit programs, which do not ship, in build/package-x64: for tests
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+
+check=
+arch=x86
+folder=build/package
+while [ $# -gt 0 ]; do
+    case $1 in
+    --check)
+        check=1
+        folder=build/package-check
+        ;;
+    x64)
+        arch=x64
+        folder=build/package-x64
+        ;;
+    *) fail "scripts/package.sh: there is no option $1." ;;
+    esac
+    shift
+done
+export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
+preset=windows-$arch
+files=$folder/files
+umask 022
+
+scripts/setup.sh build package
+cmake --preset "$preset"
+cmake --build --preset "$preset" --target SCVScheduler scvsched
+version=$(sed -n 's/^CMAKE_PROJECT_VERSION:STATIC=//p' "build/$preset/CMakeCache.txt")
+name=$folder/SCVScheduler-$version
+rm -rf "$folder"
+mkdir -p "$files"
+cp "build/$preset/ui/SCVScheduler.exe" "build/$preset/cli/scvsched.exe" "$files/"
+sed "s/VERSION/$version/; s/\$/\r/" packaging/README.txt >"$files/README.txt"
+sed 's/$/\r/' CHANGELOG.md >"$files/CHANGELOG.txt"
+chmod 644 "$files"/*
+touch --date="@$SOURCE_DATE_EPOCH" "$files"/*
+
+wide=()
+[ "$arch" = x86 ] || wide=(-DWIDE)
+makensis -V2 -WX -NOCD "-DVERSION=$version" "${wide[@]}" "-DFILES=$files" "-DSETUP=$name-setup.exe" packaging/SCVScheduler.nsi
+(cd "$files" && printf '%s\n' * | LC_ALL=C sort | TZ=UTC zip -q -9 -X -@ "../${name##*/}-portable.zip")
+(cd "$folder" && sha256sum SCVScheduler-*)
+
+[ -n "$check" ] || exit 0
+# What is committed or would be, under another path, with another clock, language and mask, built anew.
+other=$folder/in/another/folder
+mkdir -p "$other"
+git ls-files -z | tar --create --null --files-from=- | tar --extract --directory="$other"
+(umask 077 && cd "$other" && env -u CMAKE_CXX_COMPILER_LAUNCHER TZ=Asia/Kathmandu LC_ALL=C scripts/package.sh)
+(cd "$folder" && sha256sum SCVScheduler-*) | (cd "$other/build/package" && sha256sum --check --strict)
+rm -rf "$folder"
