@@ -3,9 +3,12 @@
 #include <ostream>
 
 #include "cli/Check.h"
+#include "cli/Edit.h"
+#include "cli/Exchange.h"
 #include "cli/ExitCode.h"
 #include "cli/JsonReport.h"
 #include "cli/Passes.h"
+#include "cli/Refusal.h"
 #include "cli/TaskReport.h"
 #include "cli/TextReport.h"
 #include "core/Clock.h"
@@ -68,37 +71,66 @@ int Check(const Arguments& arguments, const Context& context, CSCVShchedulerTask
     return findings.empty() ? kFine : kFindings;
 }
 
-}  // namespace
+bool Launches(Command command) {
+    return command == Command::Pass || command == Command::Watch || command == Command::Run;
+}
 
-int RunCommand(const Arguments& arguments, const Context& context) {
-    const bool launches = arguments.command == Command::Pass || arguments.command == Command::Watch;
-    if (launches) {
-        std::string why = context.whyNotToLaunch();
-        // A run that cannot be recorded would be launched again by the next pass.
-        if (why.empty() && context.platform.files.IsReadOnly(context.list)) {
-            why = "the task list " + ToUtf8(context.list) + " is read-only, so no run could be recorded";
-        }
-        if (!why.empty()) {
-            context.err << "scvsched: " << why << '\n';
-            return kFindings;
-        }
+bool IsLook(Command command) {
+    return command == Command::List || command == Command::Next || command == Command::Check;
+}
+
+bool MakesAList(Command command) {
+    return command == Command::Add || command == Command::Import;
+}
+
+// Raises CRefusal when somebody else may be using the tasks, or when no change could be recorded.
+void RequireUnused(Command command, const Context& context) {
+    std::string why = Launches(command) ? context.whyNotToLaunch() : context.whyNotToEdit();
+    if (why.empty() && command != Command::Export && context.platform.files.IsReadOnly(context.list)) {
+        why = "the task list " + ToUtf8(context.list) + " is read-only, so nothing could be recorded";
+    }
+    if (!why.empty()) {
+        throw CRefusal(why, kFindings);
+    }
+}
+
+int Carry(const Arguments& arguments, const Context& context) {
+    const Command command = arguments.command;
+    if (!IsLook(command)) {
+        RequireUnused(command, context);
     }
     CSCVShchedulerTaskArray tasks;
     if (const auto status = tasks.TryLoad(context.platform.files, context.list);
-        status != IFileSystem::Status::Ok) {
+        status != IFileSystem::Status::Ok &&
+        !(status == IFileSystem::Status::Missing && MakesAList(command))) {
         return TellUnread(status, context);
     }
     const std::int64_t now = arguments.at.value_or(context.platform.clock.Now());
-    switch (arguments.command) {
+    switch (command) {
         case Command::List:
         case Command::Next:
             return Report(arguments, context, tasks, now);
         case Command::Check:
             return Check(arguments, context, tasks, now);
         case Command::Pass:
-            return RunPass(tasks, context);
+            return RunPass(tasks, context, arguments.json);
         case Command::Watch:
-            return Watch(tasks, context);
+            return Watch(tasks, context, arguments.json);
+        case Command::Export:
+            WriteExport(ExportTasks(tasks), arguments.file, context);
+            return kFine;
+        default:
+            return EditList(arguments, context);
     }
-    return kUsage;
+}
+
+}  // namespace
+
+int RunCommand(const Arguments& arguments, const Context& context) {
+    try {
+        return Carry(arguments, context);
+    } catch (const CRefusal& refusal) {
+        context.err << "scvsched: " << refusal.what() << '\n';
+        return refusal.Code();
+    }
 }

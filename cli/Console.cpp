@@ -2,6 +2,11 @@
 
 #include <windows.h>
 
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+
 namespace {
 
 // Set by the handler, which runs on a thread of the system's own; lives as long as the process.
@@ -19,6 +24,8 @@ BOOL WINAPI HandleStop(DWORD /*signal*/) {
 
 CConsole::CConsole() : m_codePage(GetConsoleOutputCP()) {
     SetConsoleOutputCP(CP_UTF8);
+    // Bytes of UTF-16 are no lines of text, and a Ctrl+Z is no end.
+    _setmode(_fileno(stdin), _O_BINARY);
 }
 
 CConsole::~CConsole() {

@@ -2,8 +2,8 @@
 
 #include <cstddef>
 
-// The console of this process: UTF-8 output for its lifetime, and Ctrl+C as a wish to end. One object a
-// process.
+// The console of this process: UTF-8 output for its lifetime, input byte by byte, and Ctrl+C as a wish to
+// end. One object a process.
 class CConsole {
 public:
     CConsole();

@@ -1,28 +1,21 @@
 #include "cli/JsonReport.h"
 
 #include <nlohmann/json.hpp>
-#include <utility>
 
-#include "core/SCVShchedulerTask.h"
+#include "cli/TaskDays.h"
 #include "util/Utf8.h"
 
 namespace {
 
-// Keys stand in the order in which they are set.
-using Json = nlohmann::ordered_json;
-
 constexpr int kIndent = 2;
 
-Json Days(const CSCVShchedulerTask& task) {
-    const std::pair<std::int32_t, const char*> days[] = {
-        {task.m_bRepeatOnMon, "Mon"}, {task.m_bRepeatOnTue, "Tue"}, {task.m_bRepeatOnWen, "Wen"},
-        {task.m_bRepeatOnThu, "Thu"}, {task.m_bRepeatOnFri, "Fri"}, {task.m_bRepeatOnSat, "Sat"},
-        {task.m_bRepeatOnSun, "Sun"},
-    };
+}  // namespace
+
+Json DaysAsJson(const CSCVShchedulerTask& task) {
     Json names = Json::array();
-    for (const auto& [set, name] : days) {
-        if (set != 0) {
-            names.push_back(name);
+    for (const TaskDay& day : kTaskDays) {
+        if (task.*day.flag != 0) {
+            names.push_back(day.name);
         }
     }
     return names;
@@ -39,7 +32,7 @@ Json TaskAsJson(const TaskReport& report, bool runs) {
     json["untilTime"] = task.m_tUntilTime;
     json["lastRunTime"] = task.m_tLastRunTime;
     json["lastRunResult"] = ToUtf8(task.m_strLastRunResult);
-    json["repeat"]["days"] = Days(task);
+    json["repeat"]["days"] = DaysAsJson(task);
     json["repeat"]["monthly"] = task.m_bRepeatOnMonthly != 0;
     json["repeat"]["every"]["enabled"] = task.m_bEnableEvery != 0;
     json["repeat"]["every"]["value"] = task.m_nEveryValue;
@@ -51,32 +44,34 @@ Json TaskAsJson(const TaskReport& report, bool runs) {
     return json;
 }
 
-Json Head(const std::wstring& list, std::int64_t now) {
+Json ReportHead(const std::wstring& list, std::int64_t now) {
     Json json;
     json["list"] = ToUtf8(list);
     json["now"] = now;
     return json;
 }
 
-}  // namespace
+std::string DumpJson(const Json& json) {
+    return json.dump(kIndent);
+}
 
 std::string TasksAsJson(const std::wstring& list, std::int64_t now, const std::vector<TaskReport>& reports,
                         bool runs) {
-    Json json = Head(list, now);
+    Json json = ReportHead(list, now);
     json["tasks"] = Json::array();
     for (const TaskReport& report : reports) {
         json["tasks"].push_back(TaskAsJson(report, runs));
     }
-    return json.dump(kIndent);
+    return DumpJson(json);
 }
 
 std::string FindingsAsJson(const std::wstring& list, std::int64_t now, const std::vector<Finding>& findings) {
-    Json json = Head(list, now);
+    Json json = ReportHead(list, now);
     json["findings"] = Json::array();
     for (const Finding& finding : findings) {
         json["findings"].push_back({{"project", ToUtf8(finding.project)},
                                     {"section", ToUtf8(finding.section)},
                                     {"message", finding.message}});
     }
-    return json.dump(kIndent);
+    return DumpJson(json);
 }

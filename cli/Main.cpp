@@ -13,8 +13,12 @@
 #include "core/Clock.h"
 #include "core/LocalTime.h"
 #include "core/Shell.h"
+#include "core/TaskListPath.h"
+#include "core/TaskListPlaces.h"
 #include "core/WindowsFileSystem.h"
 #include "util/FileVersion.h"
+#include "util/ModulePath.h"
+#include "util/Path.h"
 #include "util/ProcessHardening.h"
 #include "util/Utf8.h"
 
@@ -30,13 +34,26 @@ std::wstring FullPath(const std::wstring& path) {
     return full;
 }
 
+std::wstring KnownFolder(int folder) {
+    wchar_t path[MAX_PATH] = L"";
+    const HRESULT result = SHGetFolderPathW(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, path);
+    return SUCCEEDED(result) ? path : L"";
+}
+
 // The list that the window program uses.
 std::wstring DefaultList() {
-    wchar_t folder[MAX_PATH] = L"";
-    if (FAILED(SHGetFolderPathW(nullptr, CSIDL_LOCAL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, folder))) {
-        return FullPath(L"SCVScheduler.ini");
-    }
-    return std::wstring(folder) + L"\\SCVScheduler\\SCVScheduler.ini";
+    const std::wstring folder = KnownFolder(CSIDL_LOCAL_APPDATA);
+    return folder.empty() ? FullPath(L"SCVScheduler.ini") : folder + L"\\SCVScheduler\\SCVScheduler.ini";
+}
+
+// Makes the folder of that list and moves an older list there, as the window program does at its start. An
+// edit that made a new list instead would hide the older one.
+void SettleDefaultList(IFileSystem& files) {
+    CTaskListPlaces places(files);
+    (void)SettleTaskListPath(
+        {GetFolderPath(GetModulePath()) + L"SCVScheduler.HLP", KnownFolder(CSIDL_APPDATA),
+         KnownFolder(CSIDL_LOCAL_APPDATA), L"SCVScheduler", L"SCVScheduler"},
+        places);
 }
 
 int Run(int argc, wchar_t** argv) {
@@ -45,7 +62,8 @@ int Run(int argc, wchar_t** argv) {
         words.push_back(ToUtf8(argv[i]));
     }
     const CConsole console;
-    ParsedCommandLine parsed = ParseArguments(std::move(words), ToUtf8(GetFileVersionString()));
+    const ParsedCommandLine parsed =
+        ParseArguments(std::move(words), FullPath, ToUtf8(GetFileVersionString()));
     if (!parsed.arguments) {
         if (parsed.exitCode == kFine) {
             std::cout << parsed.message;
@@ -54,10 +72,7 @@ int Run(int argc, wchar_t** argv) {
         }
         return parsed.exitCode;
     }
-    Arguments& arguments = *parsed.arguments;
-    for (std::wstring& path : arguments.paths) {
-        path = FullPath(path);
-    }
+    const Arguments& arguments = *parsed.arguments;
     if (arguments.command == Command::Watch) {
         CConsole::CatchStop();
     }
@@ -68,11 +83,19 @@ int Run(int argc, wchar_t** argv) {
     const CPlatform platform{clock, files, shell};
     CInstances instances;
     const Context context{platform,
-                          arguments.list.empty() ? DefaultList() : FullPath(arguments.list),
+                          arguments.list.empty() ? DefaultList() : arguments.list,
+                          std::cin,
                           std::cout,
                           std::cerr,
                           CConsole::Width(),
                           [&instances] { return instances.WhyNotToLaunch(); },
+                          [&] {
+                              std::string why = instances.WhyNotToEdit();
+                              if (why.empty() && arguments.list.empty()) {
+                                  SettleDefaultList(files);
+                              }
+                              return why;
+                          },
                           CConsole::WaitForStop};
     return RunCommand(arguments, context);
 }

@@ -1,10 +1,11 @@
 #include "cli/Passes.h"
 
 #include <exception>
+#include <functional>
 #include <ostream>
 
+#include "cli/ChangeReport.h"
 #include "cli/ExitCode.h"
-#include "cli/TimeText.h"
 #include "core/Clock.h"
 #include "core/SCVShchedulerTaskArray.h"
 #include "core/SchedulingPass.h"
@@ -24,18 +25,17 @@ bool IsSaved(const CSCVShchedulerTask& task, IFileSystem& files) {
 
 // True when every launch succeeded and was recorded. `error` is why the pass stopped early; it is told when
 // it differs from the one passed in, so that a watch does not repeat it on every tick.
-bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std::string& error) {
+bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std::string& error,
+                    const std::function<void(CSCVShchedulerTask&)>& tell) {
     bool fine = true;
     std::string stopped;
     try {
-        RunSchedulingPass(tasks, context.platform, [&](const CSCVShchedulerTask& task) {
-            const std::string path = ToUtf8(task.m_strProjectPath);
-            context.out << FormatSecond(task.m_tLastRunTime) << "  " << path << "  "
-                        << ToUtf8(task.m_strLastRunResult) << std::endl;
+        RunSchedulingPass(tasks, context.platform, [&](CSCVShchedulerTask& task) {
+            tell(task);
             fine = fine && task.m_strLastRunResult == L"Success";
             if (!IsSaved(task, context.platform.files)) {
-                context.err << "scvsched: the run of " << path << " could not be saved in the list"
-                            << std::endl;
+                context.err << "scvsched: the run of " << ToUtf8(task.m_strProjectPath)
+                            << " could not be saved in the list" << std::endl;
                 fine = false;
             }
         });
@@ -53,19 +53,34 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std:
 
 }  // namespace
 
-int RunPass(CSCVShchedulerTaskArray& tasks, const Context& context) {
+int RunPass(CSCVShchedulerTaskArray& tasks, const Context& context, bool json) {
     std::string error;
-    return LaunchDueTasks(tasks, context, error) ? kFine : kFindings;
+    CChangeReport report;
+    const bool fine = LaunchDueTasks(tasks, context, error, [&](CSCVShchedulerTask& task) {
+        if (json) {
+            report.Add(kRunChange, task);
+        } else {
+            context.out << LaunchAsText(task) << std::endl;
+        }
+    });
+    if (json) {
+        report.Write(context, context.platform.clock.Now(), true);
+    }
+    return fine ? kFine : kFindings;
 }
 
-int Watch(CSCVShchedulerTaskArray& tasks, const Context& context) {
+int Watch(CSCVShchedulerTaskArray& tasks, const Context& context, bool json) {
     std::string error;
     do {
         if (const std::string why = context.whyNotToLaunch(); !why.empty()) {
             context.err << "scvsched: " << why << std::endl;
             return kFindings;
         }
-        (void)LaunchDueTasks(tasks, context, error);
+        (void)LaunchDueTasks(tasks, context, error, [&](CSCVShchedulerTask& task) {
+            context.out << (json ? ChangeAsJson(kRunChange, task, context.platform.clock.Now())
+                                 : LaunchAsText(task))
+                        << std::endl;
+        });
     } while (!context.waitForStop(kTickMilliseconds));
     return kFine;
 }

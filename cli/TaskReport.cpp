@@ -7,6 +7,16 @@
 #include "core/SCVShchedulerTaskArray.h"
 #include "util/CaseFold.h"
 
+TaskReport ReportTask(CSCVShchedulerTask& task, std::int64_t now, int count) {
+    TaskReport report{&task, {}, {}};
+    try {
+        report.runs = NextRuns(task, now, count);
+    } catch (const std::exception& error) {
+        report.error = error.what();
+    }
+    return report;
+}
+
 std::vector<TaskReport> ReportTasks(CSCVShchedulerTaskArray& tasks, const std::vector<std::wstring>& paths,
                                     std::int64_t now, int count) {
     std::vector<TaskReport> reports;
@@ -19,13 +29,7 @@ std::vector<TaskReport> ReportTasks(CSCVShchedulerTaskArray& tasks, const std::v
         if (!wanted) {
             continue;
         }
-        TaskReport report{&task, {}, {}};
-        try {
-            report.runs = NextRuns(task, now, count);
-        } catch (const std::exception& error) {
-            report.error = error.what();
-        }
-        reports.push_back(std::move(report));
+        reports.push_back(ReportTask(task, now, count));
     }
     return reports;
 }

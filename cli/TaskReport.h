@@ -16,6 +16,8 @@ struct TaskReport {
     [[nodiscard]] std::int64_t NextRun() const { return runs.empty() ? 0 : runs.front(); }
 };
 
+[[nodiscard]] TaskReport ReportTask(CSCVShchedulerTask& task, std::int64_t now, int count);
+
 // The tasks with one of the project paths (without regard to case; all tasks when `paths` is empty) in the
 // order of the array, each with its next `count` runs seen from `now`.
 [[nodiscard]] std::vector<TaskReport> ReportTasks(CSCVShchedulerTaskArray& tasks,

@@ -88,6 +88,15 @@ std::optional<std::int64_t> ParseTime(std::string_view text) {
     }
 }
 
+std::optional<int> ParseTimeOfDay(std::string_view text) {
+    if (!HasShape(text, "00:00")) {
+        return std::nullopt;
+    }
+    const auto hour = ParseNumber(text.substr(0, 2)).value_or(24);
+    const auto minute = ParseNumber(text.substr(3)).value_or(60);
+    return hour < 24 && minute < 60 ? std::optional(static_cast<int>(hour * 60 + minute)) : std::nullopt;
+}
+
 std::string FormatMinute(std::int64_t instant) {
     return Format(instant, false);
 }

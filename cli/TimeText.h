@@ -12,6 +12,9 @@
 // holds. A local time that a clock change skips or repeats is what the system makes of it.
 [[nodiscard]] std::optional<std::int64_t> ParseTime(std::string_view text);
 
+// The minute of the day of "18:00"; nothing when the text is no such time.
+[[nodiscard]] std::optional<int> ParseTimeOfDay(std::string_view text);
+
 // "2024-03-31 02:30" in local time; "-" for 0; the number of seconds for an instant that has no local time.
 [[nodiscard]] std::string FormatMinute(std::int64_t instant);
 // As FormatMinute, to the second.

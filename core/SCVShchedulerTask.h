@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -101,6 +102,9 @@ public:
 
 private:
     friend class CSCVShchedulerTaskArray;
+    // What the task writes for each key of its section, as it stands in the file.
+    using CStoredValues = std::array<std::wstring, 17>;
+    [[nodiscard]] CStoredValues StoredValues() const;
     void ReadFrom(const CPrivateProfile& profile, const std::wstring& file, const std::wstring& section);
     void WriteTo(CPrivateProfile& profile, const std::wstring& section) const;
     void ClearCommands() noexcept;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -9,6 +10,8 @@
 
 #include "core/FileSystem.h"
 #include "core/SCVShchedulerTask.h"
+
+class CPrivateProfile;
 
 // The ordered list of tasks and its file. Owns its tasks: whatever removes a task deletes it. Order is the
 // order of the sections on save.
@@ -47,8 +50,18 @@ public:
     int Save(IFileSystem& files, const std::wstring& file);
     // As Save, for callers who want to know whether the file now holds the tasks.
     [[nodiscard]] bool TrySave(IFileSystem& files, const std::wstring& file);
+    // Takes the place of Load, `edit` and Save in one step: no other program can change the file in between.
+    // The array then holds the tasks of the file (none when it is missing) as `edit` has left them. Unlike
+    // Save it writes only the keys that `edit` has changed, so that apostrophes elsewhere are not doubled.
+    // False, with the file as it was, when it cannot be read or written. What `edit` raises passes through,
+    // and then the file is as it was.
+    [[nodiscard]] bool TryEdit(IFileSystem& files, const std::wstring& file,
+                               const std::function<void()>& edit);
 
 private:
+    void ReadFrom(const CPrivateProfile& profile, const std::wstring& file);
+    void RecordPlaces(const std::wstring& file);
+
     std::vector<std::unique_ptr<CSCVShchedulerTask>> m_tasks;
     std::wstring m_strUnreadFile;  // the list whose Load failed although it exists
 };

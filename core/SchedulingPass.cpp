@@ -8,7 +8,7 @@
 #include "core/SCVShchedulerTaskArray.h"
 
 void RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform,
-                       const std::function<void(const CSCVShchedulerTask&)>& repaint) {
+                       const std::function<void(CSCVShchedulerTask&)>& repaint) {
     const std::int64_t now = platform.clock.Now();
     // A repaint may run code that changes the array: its count is asked for each time.
     for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {

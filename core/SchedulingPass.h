@@ -12,4 +12,4 @@ class CSCVShchedulerTaskArray;
 // with that task. A failed launch is recorded and saved like a successful one. Raises what GetNextRunTime
 // raises; the tasks before the one that raised have been launched and saved by then.
 void RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform,
-                       const std::function<void(const CSCVShchedulerTask&)>& repaint);
+                       const std::function<void(CSCVShchedulerTask&)>& repaint);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -66,6 +67,34 @@ std::int32_t SectionNumber(std::wstring_view name) {
     return digits == ToText(number) ? number : 0;
 }
 
+// Returns the count that stood there before.
+std::int32_t SetCount(CPrivateProfile& profile, std::int32_t count) {
+    const std::int32_t oldCount = profile.GetInt(kTaskListSection, kTaskCountKey, 0);
+    const CPrivateProfile::Entry newCount{kTaskCountKey, ToText(count)};
+    profile.SetStrings(kTaskListSection, {&newCount, 1});
+    return oldCount;
+}
+
+void RemoveTaskSections(CPrivateProfile& profile, std::int32_t first, std::int32_t last) {
+    for (const std::int32_t number : FindTaskSections(profile, first, last)) {
+        profile.RemoveSection(TaskSectionName(number));
+    }
+}
+
+// What stands in a section, and what its task as loaded would write there.
+struct StoredTask {
+    std::vector<std::optional<std::wstring>> stands;
+    std::array<std::wstring, kKeys.size()> writes;
+
+    // To write elsewhere what reads as it does here, whose apostrophes are not to be doubled again.
+    [[nodiscard]] std::wstring Moved(std::size_t key) const {
+        if (!stands[key]) {
+            return writes[key];
+        }
+        return writes[key].starts_with(L'\'') ? L'\'' + *stands[key] + L'\'' : *stands[key];
+    }
+};
+
 }  // namespace
 
 std::wstring TaskSectionName(std::int32_t number) {
@@ -123,14 +152,17 @@ void CSCVShchedulerTask::ReadFrom(const CPrivateProfile& profile, const std::wst
     m_strIniSection = section;
 }
 
+CSCVShchedulerTask::CStoredValues CSCVShchedulerTask::StoredValues() const {
+    return {ToText(m_bEnable),          Quote(BuildCommandLine()),  FormatTime(m_tStartTime),
+            FormatTime(m_tUntilTime),   FormatTime(m_tLastRunTime), ToText(m_bRepeatOnMon),
+            ToText(m_bRepeatOnTue),     ToText(m_bRepeatOnWen),     ToText(m_bRepeatOnThu),
+            ToText(m_bRepeatOnFri),     ToText(m_bRepeatOnSat),     ToText(m_bRepeatOnSun),
+            ToText(m_bRepeatOnMonthly), ToText(m_bEnableEvery),     ToText(m_nEveryValue),
+            ToText(m_nEveryUnit),       Quote(m_strLastRunResult)};
+}
+
 void CSCVShchedulerTask::WriteTo(CPrivateProfile& profile, const std::wstring& section) const {
-    std::array<std::wstring, kKeys.size()> values = {
-        ToText(m_bEnable),          Quote(BuildCommandLine()),  FormatTime(m_tStartTime),
-        FormatTime(m_tUntilTime),   FormatTime(m_tLastRunTime), ToText(m_bRepeatOnMon),
-        ToText(m_bRepeatOnTue),     ToText(m_bRepeatOnWen),     ToText(m_bRepeatOnThu),
-        ToText(m_bRepeatOnFri),     ToText(m_bRepeatOnSat),     ToText(m_bRepeatOnSun),
-        ToText(m_bRepeatOnMonthly), ToText(m_bEnableEvery),     ToText(m_nEveryValue),
-        ToText(m_nEveryUnit),       Quote(m_strLastRunResult)};
+    CStoredValues values = StoredValues();
     std::array<CPrivateProfile::Entry, kKeys.size()> entries;
     for (std::size_t i = 0; i < kKeys.size(); ++i) {
         entries[i] = {kKeys[i], std::move(values[i])};
@@ -178,16 +210,20 @@ IFileSystem::Status CSCVShchedulerTaskArray::TryLoad(IFileSystem& files, const s
     if (!read.profile) {
         return read.status;
     }
+    ReadFrom(*read.profile, file);
+    return read.status;
+}
+
+void CSCVShchedulerTaskArray::ReadFrom(const CPrivateProfile& profile, const std::wstring& file) {
     RemoveAllTasks();
-    const std::int32_t count = read.profile->GetInt(kTaskListSection, kTaskCountKey, 0);
-    for (const std::int32_t number : FindTaskSections(*read.profile, 1, count)) {
+    const std::int32_t count = profile.GetInt(kTaskListSection, kTaskCountKey, 0);
+    for (const std::int32_t number : FindTaskSections(profile, 1, count)) {
         auto task = std::make_unique<CSCVShchedulerTask>();
-        task->ReadFrom(*read.profile, file, TaskSectionName(number));
+        task->ReadFrom(profile, file, TaskSectionName(number));
         if (!task->m_strProjectPath.empty()) {
             m_tasks.push_back(std::move(task));
         }
     }
-    return read.status;
 }
 
 int CSCVShchedulerTaskArray::Save(IFileSystem& files, const std::wstring& file) {
@@ -201,21 +237,57 @@ bool CSCVShchedulerTaskArray::TrySave(IFileSystem& files, const std::wstring& fi
     }
     const auto count = static_cast<std::int32_t>(GetSize());
     const bool saved = EditProfile(files, file, [&](CPrivateProfile& profile) {
-        const std::int32_t oldCount = profile.GetInt(kTaskListSection, kTaskCountKey, 0);
-        const CPrivateProfile::Entry newCount{kTaskCountKey, ToText(count)};
-        profile.SetStrings(kTaskListSection, {&newCount, 1});
+        const std::int32_t oldCount = SetCount(profile, count);
         for (std::int32_t i = 0; i < count; ++i) {
             GetAt(i)->WriteTo(profile, TaskSectionName(i + 1));
         }
-        for (const std::int32_t number : FindTaskSections(profile, count + 1, oldCount)) {
-            profile.RemoveSection(TaskSectionName(number));
-        }
+        RemoveTaskSections(profile, count + 1, oldCount);
     });
-    // Only now: a task that recorded a section which the file does not hold yet would, saved after its next
-    // run, overwrite another task's.
-    for (std::int32_t i = 0; saved && i < count; ++i) {
-        GetAt(i)->m_strIniFile = file;
-        GetAt(i)->m_strIniSection = TaskSectionName(i + 1);
+    if (saved) {
+        RecordPlaces(file);
     }
     return saved;
+}
+
+bool CSCVShchedulerTaskArray::TryEdit(IFileSystem& files, const std::wstring& file,
+                                      const std::function<void()>& edit) {
+    const bool saved = EditProfile(files, file, [&](CPrivateProfile& profile) {
+        ReadFrom(profile, file);
+        std::map<std::wstring, StoredTask> before;
+        for (const auto& task : m_tasks) {
+            before[task->m_strIniSection] = {profile.GetStrings(task->m_strIniSection, kKeys),
+                                             task->StoredValues()};
+        }
+        edit();
+        const auto count = static_cast<std::int32_t>(GetSize());
+        const std::int32_t oldCount = SetCount(profile, count);
+        for (std::int32_t i = 0; i < count; ++i) {
+            const std::wstring section = TaskSectionName(i + 1);
+            const auto values = GetAt(i)->StoredValues();
+            const auto old = before.find(GetAt(i)->m_strIniSection);
+            std::vector<CPrivateProfile::Entry> entries;
+            for (std::size_t key = 0; key < kKeys.size(); ++key) {
+                if (old == before.end() || old->second.writes[key] != values[key]) {
+                    entries.push_back({kKeys[key], values[key]});
+                } else if (old->first != section) {
+                    entries.push_back({kKeys[key], old->second.Moved(key)});
+                }
+            }
+            profile.SetStrings(section, entries);
+        }
+        RemoveTaskSections(profile, count + 1, oldCount);
+    });
+    if (saved) {
+        RecordPlaces(file);
+    }
+    return saved;
+}
+
+// Only after a save: a task that recorded a section which the file does not hold yet would, saved after its
+// next run, overwrite another task's.
+void CSCVShchedulerTaskArray::RecordPlaces(const std::wstring& file) {
+    for (std::size_t i = 0; i < m_tasks.size(); ++i) {
+        m_tasks[i]->m_strIniFile = file;
+        m_tasks[i]->m_strIniSection = TaskSectionName(static_cast<std::int32_t>(i + 1));
+    }
 }

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "ui/NewProject.h"
+#include "ui/AddProjects.h"
 
 std::vector<std::wstring> TakeDroppedProjects(HDROP drop) {
     struct Release {

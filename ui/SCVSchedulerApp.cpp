@@ -2,9 +2,9 @@
 
 #include <shlobj.h>
 
+#include "core/TaskListPath.h"
+#include "core/TaskListPlaces.h"
 #include "ui/StartUp.h"
-#include "ui/TaskListPath.h"
-#include "ui/TaskListPlaces.h"
 
 namespace {
 

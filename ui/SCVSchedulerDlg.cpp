@@ -11,7 +11,7 @@
 #include "framework/ExceptionBoundary.h"
 #include "framework/IconResource.h"
 #include "framework/WinApp.h"
-#include "ui/NewProject.h"
+#include "ui/AddProjects.h"
 #include "ui/RowSelection.h"
 #include "ui/SortMarks.h"
 #include "ui/StartUp.h"

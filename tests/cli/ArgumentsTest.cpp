@@ -1,62 +1,83 @@
 #include "cli/Arguments.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "cli/ExitCode.h"
 
 namespace {
 
-TEST(Arguments, EachCommandTakesItsOptionsBeforeOrAfterItsName) {
-    const ParsedCommandLine next = ParseArguments({"--list", "C:\\\xC3\xA4.ini", "next", "--at", "1711850400",
-                                                   "--count", "3", "C:\\a b.scvpr", "c.scvpr", "--json"});
-    ASSERT_TRUE(next.arguments) << next.message;
-    EXPECT_EQ(next.arguments->command, Command::Next);
-    EXPECT_EQ(next.arguments->list, L"C:\\\u00e4.ini");
-    EXPECT_EQ(next.arguments->at, 1711850400);
-    EXPECT_EQ(next.arguments->count, 3);
-    EXPECT_EQ(next.arguments->paths, (std::vector<std::wstring>{L"C:\\a b.scvpr", L"c.scvpr"}));
-    EXPECT_TRUE(next.arguments->json);
+using testing::HasSubstr;
 
-    const std::pair<const char*, Command> commands[] = {{"list", Command::List},
-                                                        {"check", Command::Check},
-                                                        {"pass", Command::Pass},
-                                                        {"watch", Command::Watch}};
-    for (const auto& [name, command] : commands) {
-        const ParsedCommandLine parsed = ParseArguments({name});
-        ASSERT_TRUE(parsed.arguments) << name << ": " << parsed.message;
-        EXPECT_EQ(parsed.arguments->command, command) << name;
-        EXPECT_FALSE(parsed.arguments->at.has_value());
-    }
+ParsedCommandLine Parse(const std::vector<std::string>& words) {
+    return ParseArguments(words, [](const std::wstring& path) { return L"F:\\" + path; });
 }
 
-TEST(Arguments, WhatIsWrongIsToldInOneLine) {
-    const std::vector<std::string> wrong[] = {
-        {},
-        {"lost"},
-        {"list", "extra"},
-        {"list", "--at", "0"},
-        {"next", "--at", "yesterday"},
-        {"next", "--at", "2024-02-30T10:00"},
-        {"next", "--count", "0"},
-        {"next", "--count", "many"},
-        {"next", "--list"},
-        {"pass", "--json"},
-        {"watch", "--json"},
+TEST(Arguments, OptionsStandBeforeOrAfterTheCommandAndPathsAreMadeFull) {
+    const ParsedCommandLine next = Parse({"--list", "\xC3\xA4.ini", "next", "--at", "1711850400", "--count",
+                                          "3", "a b.scvpr", "/c.scvpr", "--json"});
+    ASSERT_TRUE(next.arguments) << next.message;
+    EXPECT_EQ(next.arguments->command, Command::Next);
+    EXPECT_EQ(next.arguments->list, L"F:\\\u00e4.ini");
+    EXPECT_EQ(next.arguments->at, 1711850400);
+    EXPECT_EQ(next.arguments->count, 3);
+    EXPECT_EQ(next.arguments->paths, (std::vector<std::wstring>{L"F:\\a b.scvpr", L"F:\\/c.scvpr"}));
+    EXPECT_TRUE(next.arguments->json);
+}
+
+TEST(Arguments, WhatIsWrongIsNamedInOneLine) {
+    const struct {
+        std::vector<std::string> words;
+        const char* told;
+    } wrong[] = {
+        {{}, "a command is missing"},
+        {{"lost", "--json"}, "'lost' is no command"},
+        {{"--lost"}, "'--lost' is no command"},
+        {{"list", "extra"}, "extra"},
+        {{"list", "--at", "0"}, "--at"},
+        {{"next", "--at", "yesterday"}, "'yesterday'"},
+        {{"next", "--at", "2024-02-30T10:00"}, "--at: '2024-02-30T10:00'"},
+        {{"next", "--count", "0"}, "--count"},
+        {{"next", "--list"}, "--list"},
+        {{"add"}, "PATH"},
+        {{"add", "a.scvpr", "--start", "soon"}, "--start: 'soon'"},
+        {{"add", "a.scvpr", "--start", "2038-01-20T00:00"}, "2038-01-19"},
+        {{"add", "a.scvpr", "--days", "mon,fun"}, "--days: 'mon,fun'"},
+        {{"add", "a.scvpr", "--days", ""}, "--days: ''"},
+        {{"add", "a.scvpr", "--every", "0m"}, "--every: '0m'"},
+        {{"add", "a.scvpr", "--every", "90"}, "--every: '90'"},
+        {{"add", "a.scvpr", "--every", "9999999999h"}, "--every: '9999999999h'"},
+        {{"add", "a.scvpr", "--every", "2h", "--until", "24:00"}, "--until: '24:00'"},
+        {{"add", "a.scvpr", "--add-urls", ""}, "--add-urls: a file is missing"},
+        {{"add", "a.scvpr", "--reset-last-run"}, "--reset-last-run"},
+        {{"set", "a.scvpr"}, "what to change"},
+        {{"set", "a.scvpr", "--exit", "--no-exit"}, "--exit and --no-exit exclude"},
+        {{"set", "a.scvpr", "--add-urls", "f", "--no-add-urls"}, "--add-urls and --no-add-urls exclude"},
+        {{"set", "a.scvpr", "--no-days", "--days", "mon"}, "--days and --no-days exclude"},
+        {{"set", "a.scvpr", "--no-export-results", "--export-file", "f"}, "export-results"},
+        {{"run", "a.scvpr", "b.scvpr"}, "PATH"},
+        {{"remove"}, "PATH"},
     };
-    for (const auto& words : wrong) {
-        const ParsedCommandLine parsed = ParseArguments(words);
-        EXPECT_FALSE(parsed.arguments) << testing::PrintToString(words);
-        EXPECT_EQ(parsed.exitCode, kUsage) << testing::PrintToString(words);
-        EXPECT_FALSE(parsed.message.empty());
+    for (const auto& row : wrong) {
+        const ParsedCommandLine parsed = Parse(row.words);
+        EXPECT_FALSE(parsed.arguments) << testing::PrintToString(row.words);
+        EXPECT_EQ(parsed.exitCode, kUsage) << testing::PrintToString(row.words);
+        EXPECT_THAT(parsed.message, HasSubstr(row.told));
         EXPECT_EQ(parsed.message.find('\n'), std::string::npos) << parsed.message;
     }
 }
 
-TEST(Arguments, HelpEndsWellAndNamesTheCommandsOptions) {
-    const ParsedCommandLine help = ParseArguments({"next", "--help"});
-    EXPECT_FALSE(help.arguments);
-    EXPECT_EQ(help.exitCode, kFine);
-    EXPECT_NE(help.message.find("--count"), std::string::npos) << help.message;
+TEST(Arguments, EveryCommandHelpsWithAnExampleThatIsRight) {
+    for (const char* command : {"list", "next", "check", "pass", "watch", "add", "set", "enable", "disable",
+                                "remove", "run", "export", "import"}) {
+        const ParsedCommandLine help = Parse({command, "--help"});
+        EXPECT_EQ(help.exitCode, kFine);
+        const std::string example = "Example:\n  scvsched ";
+        const std::size_t at = help.message.find(example + command);
+        ASSERT_NE(at, std::string::npos) << help.message;
+        std::istringstream rest(help.message.substr(at + example.size()));
+        const std::vector<std::string> words{std::istream_iterator<std::string>(rest), {}};
+        EXPECT_TRUE(Parse(words).arguments) << command << ": " << Parse(words).message;
+    }
 }
 
 }  // namespace

@@ -5,11 +5,14 @@
 
 #include <filesystem>
 #include <nlohmann/json.hpp>
+#include <thread>
+#include <vector>
 
 #include "cli/ExitCode.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
 #include "util/Handle.h"
+#include "util/ModulePath.h"
 #include "util/Utf8.h"
 
 namespace {
@@ -76,20 +79,56 @@ TEST_F(Scvsched, ThePassRecordsItsLaunchAndComesOnce) {
     EXPECT_EQ(second.out, "");
 }
 
-TEST_F(Scvsched, NothingIsLaunchedWhileTheWindowProgramOrAnotherConsoleDoes) {
+TEST_F(Scvsched, NamesOfAnyLanguageGoThroughAPipe) {
+    ASSERT_EQ(Run(L"add \"\u4fa1 \u0426.scvpr\" --add-urls \u00e4.csv").exitCode, kFine);
+    const std::wstring other = m_folder.Path(L"\u00e9.ini");
+    const std::wstring program = (fs::path(GetModulePath()).parent_path() / kScvsched).make_preferred();
+    const std::wstring call = L"\"" + program + L"\" --list ";
+    const ChildResult piped =
+        RunChild(L"C:\\windows\\system32\\cmd.exe",
+                 L"/s /c \"" + call + L'"' + m_list + L"\" export | " + call + L'"' + other + L"\" import\"");
+    EXPECT_NE(piped.out.find("\xE4\xBE\xA1 \xD0\xA6.scvpr\n"), std::string::npos) << piped.out << piped.err;
+    const std::string exported = Run(L"export").out;
+    EXPECT_NE(exported.find("\xC3\xA4.csv"), std::string::npos) << exported;
+    EXPECT_EQ(RunChild(kScvsched, L"--list \"" + other + L"\" export").out, exported);
+}
+
+TEST_F(Scvsched, EditsMadeAtOnceAreAllKept) {
+    constexpr int kConsoles = 4;
+    std::vector<std::thread> consoles;
+    for (int console = 0; console < kConsoles; ++console) {
+        consoles.emplace_back([this, console] {
+            for (const wchar_t* name : {L"a", L"b", L"c"}) {
+                const ChildResult added =
+                    Run(L"add C:\\" + (name + std::to_wstring(console)) + L".scvpr --no-exit");
+                EXPECT_EQ(added.exitCode, kFine) << added.err;
+            }
+        });
+    }
+    for (std::thread& console : consoles) {
+        console.join();
+    }
+    EXPECT_EQ(nlohmann::json::parse(Run(L"export").out)["tasks"].size(), 1U + 3U * kConsoles);
+}
+
+TEST_F(Scvsched, NothingIsLaunchedOrEditedWhileTheWindowProgramOrAnotherConsoleDoes) {
+    const std::wstring path = L" C:\\none\\a.scvpr";
     {
         const CKernelHandle event(CreateEventW(nullptr, TRUE, FALSE, L"SCVSchedulerApp"));
-        for (const wchar_t* command : {L"pass", L"watch"}) {
-            const ChildResult refused = Run(command);
+        for (const std::wstring& words : {std::wstring(L"pass"), std::wstring(L"watch"), L"run" + path,
+                                          L"remove" + path, std::wstring(L"export")}) {
+            const ChildResult refused = Run(words);
             EXPECT_EQ(refused.exitCode, kFindings);
             EXPECT_NE(refused.err.find("window program is running"), std::string::npos) << refused.err;
         }
         EXPECT_EQ(Run(L"list").exitCode, kFine);
     }
     const CKernelHandle claim(CreateMutexW(nullptr, FALSE, L"SCVSchedulerConsole"));
-    const ChildResult refused = Run(L"pass");
-    EXPECT_NE(refused.err.find("another scvsched"), std::string::npos) << refused.err;
-    EXPECT_EQ(refused.out, "") << "the due task was not launched";
+    for (const std::wstring& words : {std::wstring(L"pass"), L"remove" + path}) {
+        const ChildResult refused = Run(words);
+        EXPECT_NE(refused.err.find("another scvsched"), std::string::npos) << refused.err;
+        EXPECT_EQ(refused.out, "") << "the due task was not launched";
+    }
 }
 
 }  // namespace

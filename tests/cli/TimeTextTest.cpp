@@ -11,6 +11,10 @@ TEST(TimeText, IsoLocalTimesAndSecondsAreRead) {
     EXPECT_EQ(ParseTime("2024-02-29T12:05:07"), noon + 7);
     EXPECT_EQ(ParseTime("1711850400"), 1711850400);
     EXPECT_EQ(ParseTime("-5"), -5);
+    EXPECT_EQ(ParseTimeOfDay("18:05"), 18 * 60 + 5);
+    for (const char* text : {"", "1805", "24:00", "12:60", "1:05", "12:5", "-1:05", "12:05:00"}) {
+        EXPECT_FALSE(ParseTimeOfDay(text)) << text;
+    }
 }
 
 TEST(TimeText, WhatNoCalendarHoldsIsNotRead) {

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <limits>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -254,6 +255,45 @@ TEST(TaskListFile, SavingOneTaskLeavesTheOthersAsTheyAreInTheFileNow) {
     EXPECT_EQ(task.SaveToIni(list.files, task.m_strIniFile, task.m_strIniSection), 1);
     EXPECT_EQ(CPrivateProfile(list.Bytes()).GetInt(L"SCVShchedulerTask1", L"LastRunTime", 0), 55);
     EXPECT_TRUE(list.Bytes().ends_with(Section(2, "LastRunTime=77\r\n")));
+}
+
+TEST(TaskListFile, AnEditWritesOnlyWhatItChanged) {
+    const std::string odd = "; mine\r\nLastRunResult='it''s'\r\nEnable=1 ; yes\r\nStartTime=-5\r\n";
+    List list(Count("3") + Section(1, odd) + Section(3, odd) + "[other]\r\nk=v\r\n");
+    const std::string before = list.Bytes();
+
+    EXPECT_TRUE(list.tasks.TryEdit(list.files, kPath, [&] { list.tasks[0]->m_bRepeatOnMonthly = 1; }));
+    EXPECT_EQ(list.Bytes(),
+              Count("2") + Section(1, odd + "RepeatOnMonthly=1\r\n") +
+                  "; mine\r\n[other]\r\nk=v\r\n[SCVShchedulerTask2]\r\nEnable=1 ; yes\r\n"
+                  "CommandLine='\"C:\\p3.scvpr\"'\r\nStartTime=-5\r\nUntilTime=0\r\nLastRunTime=0\r\n"
+                  "RepeatOnMon=0\r\nRepeatOnTue=0\r\nRepeatOnWen=0\r\nRepeatOnThu=0\r\n"
+                  "RepeatOnFri=0\r\nRepeatOnSat=0\r\nRepeatOnSun=0\r\nRepeatOnMonthly=0\r\n"
+                  "EnableEvery=0\r\nEveryValue=0\r\nEveryUnit=0\r\nLastRunResult='it''s'\r\n")
+        << "a task that moves takes its texts along as they stand";
+    EXPECT_EQ(Sections(list.tasks), Names({1, 2}));
+
+    list.files.Put(kPath, before);
+    EXPECT_TRUE(list.tasks.TryEdit(list.files, kPath, [&] {
+        EXPECT_FALSE(CSCVShchedulerTaskArray().TryEdit(list.files, kPath, [] {})) << "one at a time";
+        list.tasks.RemoveTaskAt(0);
+        list.tasks.AddTask(L"C:\\new.scvpr", kNow);
+    }));
+    CSCVShchedulerTaskArray read;
+    ASSERT_EQ(read.Load(list.files, kPath), 1);
+    ASSERT_EQ(Sections(read), Names({1, 2}));
+    EXPECT_EQ(read[0]->m_strProjectPath, L"C:\\p3.scvpr");
+    EXPECT_EQ(read[0]->m_strLastRunResult, L"it''s");
+    EXPECT_EQ(read[1]->m_tStartTime, kNow + 300);
+
+    list.files.Put(kPath, before);
+    EXPECT_THROW((void)list.tasks.TryEdit(list.files, kPath,
+                                          [&] {
+                                              list.tasks.RemoveAllTasks();
+                                              throw std::runtime_error("no");
+                                          }),
+                 std::runtime_error);
+    EXPECT_EQ(list.Bytes(), before);
 }
 
 TEST(TaskListFile, TextsOfAnyLanguageSurvive) {

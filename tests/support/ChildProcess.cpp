@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <array>
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -24,7 +25,8 @@ std::filesystem::path OwnFolder() {
 class COutputFile {
 public:
     explicit COutputFile(const wchar_t* name)
-        : m_path(std::filesystem::temp_directory_path() / (name + std::to_wstring(GetCurrentProcessId()))) {
+        : m_path(std::filesystem::temp_directory_path() /
+                 (name + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++s_count))) {
         SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
         m_handle = CFileHandle(CreateFileW(m_path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inheritable,
                                            CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -45,6 +47,8 @@ public:
     }
 
 private:
+    static inline std::atomic<unsigned> s_count = 0;  // several children can run at once
+
     std::filesystem::path m_path;
     CFileHandle m_handle;
 };

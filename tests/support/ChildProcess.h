@@ -9,7 +9,7 @@ struct ChildResult {
     std::string err;
 };
 
-// Runs an executable that lies beside the test's own and waits for its end; ends it after a minute. `words`
-// is the rest of the command line as it stands. Raises std::runtime_error when it cannot be started or had to
-// be ended.
+// Runs an executable, named by its path from the test's own folder, and waits for its end; ends it after a
+// minute. `words` is the rest of the command line as it stands. Raises std::runtime_error when it cannot be
+// started or had to be ended. Several threads may call this at once.
 [[nodiscard]] ChildResult RunChild(const std::wstring& executable, const std::wstring& words);

@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "core/Clock.h"
+#include "core/TaskListPlaces.h"
 #include "core/WindowsFileSystem.h"
 #include "tests/framework/TestDialogs.h"
 #include "tests/support/FakeShell.h"
 #include "tests/support/TemporaryFolder.h"
 #include "ui/StartUp.h"
-#include "ui/TaskListPlaces.h"
 #include "util/FileTests.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "ui/TaskListPlaces.h"
+#include "core/TaskListPlaces.h"
 
 #include <windows.h>
 

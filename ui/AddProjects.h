@@ -5,17 +5,9 @@
 #include <string_view>
 #include <vector>
 
-class CSCVShchedulerTask;
 class CSCVShchedulerTaskArray;
 
-// How projects come into the list, by the Add button and by dropping.
-
-// Switches on what a new project does: delete its URLs and results, start, export results, close the program.
-void SetNewProjectDefaults(CSCVShchedulerTask& task) noexcept;
-
-// Appends a task with those defaults unless the project is listed already, in any case of its letters. Raises
-// std::invalid_argument when the array refuses the task.
-void AddProject(CSCVShchedulerTaskArray& tasks, const std::wstring& projectPath, std::int64_t now);
+// How projects come into the list by the Add button and by dropping.
 
 struct stAddedProjects {
     std::wstring

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/FileSystem.h"
-#include "ui/TaskListPath.h"
+#include "core/TaskListPath.h"
 
 // The machine's files as places for a task list.
 class CTaskListPlaces final : public ITaskListPlaces {

@@ -1,4 +1,4 @@
-#include "ui/NewProject.h"
+#include "ui/AddProjects.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(NewProject, AddsWhatIsNotListedAndNamesTheLastPath) {
+TEST(AddProjects, AddsWhatIsNotListedAndNamesTheLastPath) {
     constexpr std::int64_t kNow = 1'700'000'000;
     CSCVShchedulerTaskArray tasks;
     EXPECT_FALSE(AddProjects(tasks, {}, kNow).isFirstOfList);
@@ -30,7 +30,7 @@ TEST(NewProject, AddsWhatIsNotListedAndNamesTheLastPath) {
     EXPECT_EQ(tasks[2]->m_tStartTime, kNow + 300);
 }
 
-TEST(NewProject, DropTakesProjectsOfTheMainProgramOnly) {
+TEST(AddProjects, DropTakesProjectsOfTheMainProgramOnly) {
     for (const wchar_t* path : {L"C:\\A.SCVPR", L"a.scvpr", L"C:\\x.y\\a.b.ScvPr"}) {
         EXPECT_TRUE(AcceptsDrop(path)) << path;
     }

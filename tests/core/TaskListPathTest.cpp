@@ -1,4 +1,4 @@
-#include "ui/TaskListPath.h"
+#include "core/TaskListPath.h"
 
 #include <gmock/gmock.h>
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+class CSCVShchedulerTask;
+
+// Why the list file would not give this task back as it is, in a few words; empty when it does. The file has
+// no escapes: quotes, overlong texts and control characters do not survive in it. Apostrophes count as
+// surviving although the file doubles them; see HoldsApostrophe.
+[[nodiscard]] std::string WhyNotStorable(const CSCVShchedulerTask& task);
+
+// Whether the task's command line holds an apostrophe, which the file doubles, so that a project or file of
+// that name would not be found again.
+[[nodiscard]] bool HoldsApostrophe(const CSCVShchedulerTask& task);
+
+// A text without the doubling: each row of apostrophes half as long, rounded up.
+[[nodiscard]] std::wstring HalvedApostrophes(const std::wstring& text);

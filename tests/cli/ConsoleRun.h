@@ -1,0 +1,59 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli/Arguments.h"
+#include "cli/Commands.h"
+#include "core/LocalTime.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeFileSystem.h"
+#include "tests/support/FakeShell.h"
+
+// The console program in memory: words in, texts and a list file out. The list is C:\l.ini, relative paths
+// lie below C:\w.
+class ConsoleRun : public testing::Test {
+protected:
+    static std::wstring FullPath(const std::wstring& path) {
+        return path.find(L':') == std::wstring::npos ? L"C:\\w\\" + path : path;
+    }
+
+    // The exit code; what was told is in `out` and `err` then.
+    int Run(std::vector<std::string> words) {
+        out.str("");
+        err.str("");
+        words.insert(words.begin(), {"--list", "C:\\l.ini"});
+        ParsedCommandLine parsed = ParseArguments(std::move(words), FullPath);
+        if (!parsed.arguments) {
+            (parsed.exitCode == 0 ? out : err) << parsed.message;
+            return parsed.exitCode;
+        }
+        return RunCommand(*parsed.arguments, context);
+    }
+
+    const std::wstring kList = L"C:\\l.ini";
+    FakeClock clock{FromLocalTime(2024, 6, 3, 10, 0, 0)};  // a Monday
+    CFakeFileSystem files;
+    FakeShell shell;
+    const CPlatform platform{clock, files, shell};
+    std::istringstream in;
+    std::ostringstream out, err;
+    std::string whyNot;
+    int ticks = 1;
+    const Context context{platform,
+                          kList,
+                          in,
+                          out,
+                          err,
+                          80,
+                          [this] { return whyNot; },
+                          [this] { return whyNot; },
+                          [this](unsigned milliseconds) {
+                              EXPECT_EQ(milliseconds, 2000U);
+                              clock.now += 2;
+                              return --ticks == 0;
+                          }};
+};
