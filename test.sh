@@ -127,14 +127,7 @@ native_tests() {
 wine_tests() {
     needs "build-windows-$1"
     needs "wine-$1"
-    local program=build/windows-$1/tests/scv_tests.exe status=0 alone='Template.LongTexts*:Template.DownloadUrl*' filter
-    # After scripts with very many objects, or with requests that fail, Wine's JScript has crashed now and then, in them or
-    # in a later script, and the cause is not known; alone in a process neither did.
-    for filter in "-$alone" "${alone%%:*}" "${alone##*:}"; do
-        wine_limit=$step_limit wine_run "$1" "$program" "--gtest_filter=$filter" || status=$?
-    done
-    count_tests "tests-$1" "$logs/tests-$1.log"
-    return "$status"
+    wine_limit=$step_limit run_tests "tests-$1" wine_run "$1" "build/windows-$1/tests/scv_tests.exe"
 }
 
 # count_lines NAME: of a step that says "passed ..." or "FAILED ..." a line each.

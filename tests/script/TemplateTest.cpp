@@ -484,8 +484,6 @@ TEST_F(Template, LongTextsTakeNoLongTime) {
 
 TEST_F(Template, DownloadUrl) {
     const std::string utf8 = "Content-Type: text/html; charset=UTF-8\r\n";
-    std::vector<std::string> drip{"HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n"};
-    drip.resize(30, "x");
     HttpServer server({
         {"/page?a=1", {HttpServer::Answer("200 OK", utf8, "<p>\xC3\xA9\xE2\x82\xAC</p>\r\n")}},
         {"/empty", {HttpServer::Answer("200 OK", utf8, "")}},
@@ -493,8 +491,6 @@ TEST_F(Template, DownloadUrl) {
         {"/broken", {HttpServer::Answer("500 Internal Server Error", utf8, "Broken")}},
         {"/moved", {HttpServer::Answer("302 Found", "Location: /page?a=1\r\n", "Moved")}},
         {"/slow", {"HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n", "one ", "two"}},
-        {"/silent", {}},
-        {"/drip", drip},
     });
     const std::wstring page = L"<p>\u00e9\u20ac</p>\r\n";
     Expect({61331, 62012}, {{{}, server.Url(L"/page?a=1"), page},
@@ -509,17 +505,25 @@ TEST_F(Template, DownloadUrl) {
                             {{}, L"no URL", L""},
                             {{}, L"", L""}});
 
-    // No answer and one without end, with a shorter limit than a minute.
+    // No answer for long and one without end, with a shorter limit than a minute.
+    std::vector<std::string> drip{"HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n"};
+    drip.resize(30, "x");
     for (const std::int32_t number : {61331, 62012}) {
         std::wstring script = Script(number, {});
         const std::wstring limit = L"WaitForResponse(60)";
         ASSERT_NE(script.find(limit), std::wstring::npos);
         script.replace(script.find(limit), limit.size(), L"WaitForResponse(1)");
-        for (const wchar_t* const path : {L"/silent", L"/drip"}) {
-            const ULONGLONG begin = GetTickCount64();
-            EXPECT_EQ(Run(Language(number), script, server.Url(path)), L"") << number << path;
-            EXPECT_THAT(m_boxes.texts, testing::IsEmpty());
-            EXPECT_LT(GetTickCount64() - begin, 5000U) << number << path;
+        for (const auto& answer : {std::vector<std::string>(30, ""), drip}) {
+            {
+                HttpServer late({{"/", answer}});
+                const ULONGLONG begin = GetTickCount64();
+                EXPECT_EQ(Run(Language(number), script, late.Url(L"/")), L"") << number << answer[0];
+                EXPECT_THAT(m_boxes.texts, testing::IsEmpty());
+                EXPECT_LT(GetTickCount64() - begin, 5000U) << number << answer[0];
+            }
+            // Wine's WinHttp writes into a request that was given up and released once more when something
+            // comes or the connection ends. So the server goes first, before other memory is in that place.
+            Sleep(500);
         }
     }
 }

@@ -44,9 +44,6 @@ HttpServer::HttpServer(Pages pages) : m_pages(std::move(pages)) {
 HttpServer::~HttpServer() {
     m_ends = true;
     m_thread.join();
-    for (const SOCKET held : m_held) {
-        closesocket(held);
-    }
     closesocket(m_listener);
     WSACleanup();
 }
@@ -86,10 +83,6 @@ void HttpServer::AnswerOne(std::uintptr_t connection) {
     }
     const std::size_t begin = request.find(' ') + 1;
     const auto page = m_pages.find(request.substr(begin, request.find(' ', begin) - begin));
-    if (page != m_pages.end() && page->second.empty()) {
-        m_held.push_back(connection);
-        return;
-    }
     const std::vector<std::string> parts =
         page == m_pages.end() ? std::vector{Answer("404 Not Found", "", "No such page")} : page->second;
     for (std::size_t index = 0; index < parts.size() && !m_ends; ++index) {

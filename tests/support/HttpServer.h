@@ -10,7 +10,7 @@
 class HttpServer {
 public:
     // The bytes sent for a path, head and body, one part after the other with a pause of 300 milliseconds
-    // between them. The connection then ends, and without a part it is held open and never answered.
+    // between them, after which the connection ends.
     using Pages = std::map<std::string, std::vector<std::string>>;
 
     // Raises std::runtime_error when there is no port.
@@ -32,7 +32,6 @@ private:
     const Pages m_pages;
     std::uintptr_t m_listener;
     unsigned m_port = 0;
-    std::vector<std::uintptr_t> m_held;
     std::atomic<bool> m_ends = false;
     std::thread m_thread;
 };
