@@ -5,11 +5,10 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
-#include <chrono>
-#include <cstdio>
 #include <cstring>
 #include <optional>
 
+#include "bench/Judge.h"
 #include "core/LocalTime.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
@@ -80,29 +79,6 @@ struct Window {
     }
     void Tick() const { dialog->SendMessage(WM_TIMER, CSCVSchedulerDlg::kTimer); }
 };
-
-template <typename Work>
-double Milliseconds(Work work) {
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
-}
-
-// The best of some rounds: what else the machine does only ever adds.
-template <typename Work>
-double Best(Work work) {
-    double best = 1e9;
-    for (int round = 0; round < 5; ++round) {
-        best = std::min(best, Milliseconds(work));
-    }
-    return best;
-}
-
-bool Judge(const char* what, double figure, double limit) {
-    const bool isMet = figure <= limit;
-    std::printf("%-6s %-58s %10.3f (at most %.3f)\n", isMet ? "passed" : "MISSED", what, figure, limit);
-    return isMet;
-}
 
 bool JudgeLongList() {
     Window window(10'000);

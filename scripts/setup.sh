@@ -15,7 +15,7 @@ declare -A packages=(
     [wine32]="debootstrap util-linux mount"
     [checks]="g++ clang clang-format clang-tidy cppcheck libclang-rt-14-dev tzdata shellcheck"
     [package]="nsis zip unzip"
-    [bench]="g++ libsimpleini-dev libbenchmark-dev"
+    [bench]="g++ libsimpleini-dev libbenchmark-dev systemd python3-croniter"
 )
 
 wanted=()
