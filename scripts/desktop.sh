@@ -19,6 +19,7 @@
 #   make_left_script [COMMAND...]    in the script editor, once it is there: makes a script that keeps what stands before "-"
 #                                    and tries it on a sample; COMMAND runs while the template's parameters are shown
 #   tray_click BUTTON [TIMES]        clicks the icon at the right end of the task bar
+#   tray_menu                        opens the icon's menu, the mouse on "Exit"
 #   tray_exit                        chooses "Exit" in the icon's menu
 #   picture NAME                     keeps the screen as NAME.png in $pictures
 #   expect WHAT ACTUAL EXPECTED      ends the script unless the two texts are the same
@@ -168,9 +169,13 @@ make_left_script() {
 tray_click() { xdotool mousemove 1269 890 sleep 0.2 click --repeat "${2:-1}" --delay 60 "$1" sleep 0.3; }
 
 # The menu lies above the mouse, "Exit" at its lower end.
-tray_exit() {
+tray_menu() {
     tray_click 3
-    xdotool mousemove_relative -- -80 -22 sleep 0.2 click 1
+    xdotool mousemove_relative -- -80 -22 sleep 0.2
+}
+tray_exit() {
+    tray_menu
+    xdotool click 1
 }
 
 picture() { import -window root "$pictures/$1.png"; }

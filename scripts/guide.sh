@@ -57,8 +57,8 @@ runs() {
 
 new=build/guide-new.md
 {
-    sed "/^$first\$/q" "$guide"
-    printf '\n%s\n' "| what is set | options | runs |" "|---|---|---|"
+    sed "\|^$first\$|q" "$guide"
+    printf '\n%s\n%s\n' "| what is set | options | runs |" "|---|---|---|"
     for example in "${examples[@]}"; do
         IFS='|' read -r what options count <<<"$example"
         shown=$(runs "$options" "$count")
@@ -66,7 +66,7 @@ new=build/guide-new.md
         printf "| %s | \`%s\` | %s |\n" "$what" "$options" "$shown"
     done
     printf '\n'
-    sed -n "/^$last\$/,\$p" "$guide"
+    sed -n "\|^$last\$|,\$p" "$guide"
 } | cat -s >"$new"
 
 if [ "${1:-}" = --check ]; then

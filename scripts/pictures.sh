@@ -1,5 +1,5 @@
 #!/bin/bash
-# Takes the README's pictures of the running program anew: docs/window.png and docs/script-editor.png.
+# Takes the documentation's pictures of the running program anew.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . scripts/wine.sh
 # shellcheck source=scripts/desktop.sh
@@ -18,9 +18,34 @@ take() {
     say "docs/$2.png"
 }
 
+# Wider, so that the list shows its columns: by its right border, moved to the left first.
+widen_window() {
+    local left top right bottom rest
+    read -r left top right bottom rest < <(window_tool "$main_title" place)
+    xdotool mousemove $((left + 300)) $((top + 12)) mousedown 1 mousemove_relative -- $((10 - left)) 0 mouseup 1 sleep 0.5
+    read -r left top right bottom rest < <(window_tool "$main_title" place)
+    xdotool mousemove $((right - 2)) $(((top + bottom) / 2)) mousedown 1 mousemove 1270 $(((top + bottom) / 2)) mouseup 1 sleep 0.5
+}
+
 trap 'desktop_stop >/dev/null 2>&1' EXIT
 trap 'exit 130' INT TERM
 desktop_start x64 build/wine/pictures
+# shellcheck disable=SC2119
+program_start
+window_is "$main_title" shown
+widen_window
+press alt+a
+choose_file Open "$demo\\prices.scvpr"
+take "$main_title" guide-first
+click "$main_title" 1
+window_is "$main_title" hidden
+tray_menu
+sleep 1 # for the tip to go
+import -window root -crop 240x100+1040+800 +repage docs/guide-tray.png
+say docs/guide-tray.png
+xdotool click 1
+program_ends
+
 now=$(date +%s)
 mkdir -p "$local_folder"
 {
@@ -37,11 +62,6 @@ mkdir -p "$local_folder"
 # shellcheck disable=SC2119
 program_start
 window_is "$main_title" shown
-# Wider, so that the list shows its columns: by its right border.
-read -r left top right bottom rest < <(window_tool "$main_title" place)
-xdotool mousemove $((left + 300)) $((top + 12)) mousedown 1 mousemove_relative -- $((10 - left)) 0 mouseup 1 sleep 0.5
-read -r left top right bottom rest < <(window_tool "$main_title" place)
-xdotool mousemove $((right - 2)) $(((top + bottom) / 2)) mousedown 1 mousemove 1270 $(((top + bottom) / 2)) mouseup 1 sleep 0.5
 list_row 4
 take "$main_title" window
 
