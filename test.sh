@@ -172,6 +172,11 @@ same_bytes() {
 }
 
 # Each sample once, as a test, and then on from them.
+guide() {
+    needs build-windows-x64
+    scripts/guide.sh --check
+}
+
 fuzz() {
     needs build-native-fuzz
     local target=$1 name found seeds samples
@@ -252,6 +257,7 @@ for arch in "${architectures[@]}"; do
 done
 queue+=("${fuzz_steps[@]}"
     "same-bytes same_bytes"
+    "guide guide"
     "tests-native native_tests"
     "includes checks_of_sources scripts/check-includes.sh"
     "cppcheck scripts/check-cppcheck.sh"
