@@ -147,6 +147,19 @@ zone_tests() {
     return "$status"
 }
 
+soak() {
+    if [ "$1" = native ]; then
+        needs build-native
+        SCV_SOAK=whole run_tests "soak-$1" timeout -k 10 "$step_limit" build/native/tests/scv_tests --gtest_filter='Soak.*'
+    else
+        needs "build-windows-$1"
+        needs "wine-$1"
+        # Wine reads TZ when a process starts.
+        TZ=Europe/Berlin SCV_SOAK=whole wine_limit=$step_limit run_tests "soak-$1" \
+            wine_run "$1" "build/windows-$1/tests/scv_zone_tests.exe" --gtest_filter='Soak.*'
+    fi
+}
+
 journeys() {
     needs "build-windows-$1"
     needs "wine-$1"
@@ -255,7 +268,7 @@ for arch in "${architectures[@]}"; do
     queue+=("journeys-$arch journeys $arch" "installer-$arch installer_journeys $arch"
         "tests-$arch wine_tests $arch" "zones-$arch zone_tests $arch")
 done
-queue+=("${fuzz_steps[@]}"
+queue+=("soak-x64 soak x64" "soak-native soak native" "${fuzz_steps[@]}"
     "same-bytes same_bytes"
     "guide guide"
     "tests-native native_tests"
