@@ -13,7 +13,7 @@ declare -A packages=(
     [wine64]="wine64 fonts-wine"
     [desktop]="xvfb xdotool imagemagick"
     [wine32]="debootstrap util-linux mount"
-    [checks]="g++ clang clang-format clang-tidy cppcheck libclang-rt-14-dev tzdata shellcheck"
+    [checks]="g++ clang clang-format clang-tidy cppcheck libclang-rt-14-dev valgrind libc6-dbg tzdata shellcheck"
     [package]="nsis zip unzip"
     [bench]="g++ libsimpleini-dev libbenchmark-dev systemd python3-croniter"
 )
