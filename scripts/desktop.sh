@@ -60,7 +60,8 @@ task() {
 
 desktop_start() {
     display_start
-    wine_start "$1" "$2" desktop >"build/desktop-$1.log" 2>&1 8>&-
+    local log=build/desktop-$1.log
+    wine_start "$1" "$2" desktop >"$log" 2>&1 8>&- || fail "Wine did not start: $(tail -n 3 "$log")"
     demo_make "$1"
 }
 
