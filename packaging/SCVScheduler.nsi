@@ -87,6 +87,8 @@ Var Shown   ; not empty when an ended one showed its window
     !insertmacro ${DO} "${PROGRAM}"
     !insertmacro ${DO} "scvsched.exe"
     !insertmacro ${DO} "README.txt"
+    !insertmacro ${DO} "guide.txt"
+    !insertmacro ${DO} "scvsched.txt"
     !insertmacro ${DO} "CHANGELOG.txt"
 !macroend
 !macro Put NAME

@@ -70,7 +70,7 @@ with_program() {
     quoted=${folder//\\/\\\\}
     {
         cat "$1"
-        for name in SCVScheduler.exe scvsched.exe README.txt CHANGELOG.txt; do
+        for name in SCVScheduler.exe scvsched.exe README.txt guide.txt scvsched.txt CHANGELOG.txt; do
             echo ".${2#"$drive_c"}/$name $(sha256sum <"$4/$name" | cut -c1-64)"
         done
         echo ".${2#"$drive_c"}/"

@@ -40,7 +40,9 @@ rm -rf "$folder"
 mkdir -p "$files"
 cp "build/$preset/ui/SCVScheduler.exe" "build/$preset/cli/scvsched.exe" "$files/"
 sed "s/VERSION/$version/; s/\$/\r/" packaging/README.txt >"$files/README.txt"
-sed 's/$/\r/' CHANGELOG.md >"$files/CHANGELOG.txt"
+for page in docs/guide.md docs/scvsched.md CHANGELOG.md; do
+    sed '/^!\[.*)$/d; s/$/\r/' "$page" >"$files/$(basename "$page" .md).txt" # without its pictures
+done
 chmod 644 "$files"/*
 touch --date="@$SOURCE_DATE_EPOCH" "$files"/*
 
