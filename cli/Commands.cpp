@@ -96,6 +96,9 @@ void RequireUnused(Command command, const Context& context) {
 
 int Carry(const Arguments& arguments, const Context& context) {
     const Command command = arguments.command;
+    // Before anything is claimed: the input may be what another scvsched is about to export.
+    const std::string input =
+        command == Command::Import ? ReadImport(arguments.file, context) : std::string();
     if (!IsLook(command)) {
         RequireUnused(command, context);
     }
@@ -120,7 +123,7 @@ int Carry(const Arguments& arguments, const Context& context) {
             WriteExport(ExportTasks(tasks), arguments.file, context);
             return kFine;
         default:
-            return EditList(arguments, context);
+            return EditList(arguments, input, context);
     }
 }
 

@@ -33,8 +33,13 @@ void RequireKept(const CSCVShchedulerTask& task) {
 // One command at work on the tasks of the list.
 class Editor {
 public:
-    Editor(const Arguments& arguments, const Context& context, CSCVShchedulerTaskArray& tasks)
-        : m_arguments(arguments), m_context(context), m_tasks(tasks), m_now(context.platform.clock.Now()) {}
+    Editor(const Arguments& arguments, const std::string& input, const Context& context,
+           CSCVShchedulerTaskArray& tasks)
+        : m_arguments(arguments),
+          m_input(input),
+          m_context(context),
+          m_tasks(tasks),
+          m_now(context.platform.clock.Now()) {}
 
     void Edit();
     void Report() const { m_report.Write(m_context, m_now, m_arguments.json); }
@@ -60,6 +65,7 @@ private:
     }
 
     const Arguments& m_arguments;
+    const std::string& m_input;
     const Context& m_context;
     CSCVShchedulerTaskArray& m_tasks;
     std::int64_t m_now;
@@ -72,8 +78,7 @@ void Editor::Edit() {
         case Command::Add:
             return Add();
         case Command::Import:
-            return ImportTasks(ReadImport(m_arguments.file, m_context), m_arguments.replace, m_now, m_tasks,
-                               m_report);
+            return ImportTasks(m_input, m_arguments.replace, m_now, m_tasks, m_report);
         default:
             RequireListed();
     }
@@ -156,11 +161,14 @@ void Editor::Run() {
 
 }  // namespace
 
-int EditList(const Arguments& arguments, const Context& context) {
+int EditList(const Arguments& arguments, const std::string& input, const Context& context) {
     CSCVShchedulerTaskArray tasks;
-    Editor editor(arguments, context, tasks);
+    Editor editor(arguments, input, context, tasks);
     const bool saved = tasks.TryEdit(context.platform.files, context.list, [&] { editor.Edit(); });
     if (!saved) {
+        if (arguments.command == Command::Run) {
+            editor.Report();  // a project that was launched runs all the same
+        }
         throw CRefusal("the task list " + ToUtf8(context.list) + " could not be saved", kFindings);
     }
     editor.Report();

@@ -44,7 +44,7 @@ TEST(Arguments, WhatIsWrongIsNamedInOneLine) {
         {{"add", "a.scvpr", "--days", "mon,fun"}, "--days: 'mon,fun'"},
         {{"add", "a.scvpr", "--days", ""}, "--days: ''"},
         {{"add", "a.scvpr", "--every", "0m"}, "--every: '0m'"},
-        {{"add", "a.scvpr", "--every", "90"}, "--every: '90'"},
+        {{"add", "a.scvpr", "--every", "2hours"}, "--every: '2hours'"},
         {{"add", "a.scvpr", "--every", "9999999999h"}, "--every: '9999999999h'"},
         {{"add", "a.scvpr", "--every", "2h", "--until", "24:00"}, "--until: '24:00'"},
         {{"add", "a.scvpr", "--add-urls", ""}, "--add-urls: a file is missing"},

@@ -101,6 +101,7 @@ TEST_F(Exchange, WhatIsWrongIsToldWithItsPlaceAndNothingIsImported) {
         {task(R"("startTime": -1)"), "tasks[1].startTime has to be seconds"},
         {task(R"("startTime": 2147483648)"), "tasks[1].startTime"},
         {task(R"("startTime": 1.5)"), "tasks[1].startTime"},
+        {task(R"("startTime": "-5")"), "tasks[1].startTime"},
         {task(R"("untilTime": "18:00")"), "tasks[1].untilTime"},
         {task(R"("untilTime": 99999999999999999999)"), "tasks[1].untilTime"},
         {task(R"("lastRunTime": null)"), "tasks[1].lastRunTime"},
