@@ -12,202 +12,87 @@ namespace {
 
 constexpr std::int64_t kBeyond = std::numeric_limits<std::int64_t>::max();
 
-std::int64_t At(int year, int month, int day, int hour, int minute, int second = 0) {
-    return FromLocalTime(year, month, day, hour, minute, second);
-}
-
-// June 2026: Monday is the 8th, the 15th and the 22nd.
-std::int64_t June(int day, int hour, int minute, int second = 0) {
-    return At(2026, 6, day, hour, minute, second);
+// Monday is 8 June 2026; 31 is 1 July.
+std::int64_t At(int day, int hour, int minute = 0, int second = 0) {
+    return FromLocalTime(2026, day > 30 ? 7 : 6, day > 30 ? day - 30 : day, hour, minute, second);
 }
 
 TEST(NextRun, FollowsTheRulesInTheirOrder) {
-    const std::int64_t start = June(1, 9, 0);
-    const std::int64_t until18 = At(2020, 1, 31, 18, 0);
-    const std::int64_t until12 = June(8, 12, 0, 59);
+    const std::int64_t u18 = FromLocalTime(2020, 1, 31, 18, 0, 0);
+    const std::int64_t u12 = At(8, 12, 0, 59);
+    const auto nine = [](int year, int month, int day) { return FromLocalTime(year, month, day, 9, 0, 0); };
     struct Case {
         const char* what = "";
-        Rules rules;
-        std::int64_t now = 0;
+        Rules rules;  // start is 1 June 09:00 unless it says so
         std::int64_t next = 0;
+        std::int64_t now = 0;  // a minute after the last run, unless it says so
     };
     const Case cases[] = {
-        // The first run.
-        {"start in a second", {.start = June(8, 9, 0, 1)}, June(8, 9, 0), June(8, 9, 0, 1)},
-        {"start in a second, run before",
-         {.start = June(8, 9, 0, 1), .last = June(1, 9, 0), .days = kDaily},
-         June(8, 9, 0),
-         June(8, 9, 0, 1)},
-        {"start now", {.start = June(8, 9, 0, 30)}, June(8, 9, 0, 30), June(8, 9, 0)},
-        {"start yesterday, never run",
-         {.start = June(7, 9, 0), .days = kFri, .monthly = true},
-         June(8, 9, 17, 59),
-         June(8, 9, 17)},
-        {"one-off that has run", {.start = start, .last = start}, June(8, 9, 0), 0},
+        {"start in a second",
+         {.start = At(8, 9, 0, 1), .last = At(1, 9), .days = kDaily},
+         At(8, 9, 0, 1),
+         At(8, 9)},
+        {"start now", {.start = At(8, 9, 0, 30)}, At(8, 9), At(8, 9, 0, 30)},
+        {"never run", {.days = kFri, .monthly = true}, At(8, 9, 17), At(8, 9, 17, 59)},
+        {"one-off that has run", {.last = At(8, 9)}, 0},
 
-        // Every N.
-        {"seconds are cleared",
-         {.start = start, .last = June(8, 10, 0, 40), .isEvery = true, .every = 15, .until = until18},
-         June(8, 10, 1),
-         June(8, 10, 15)},
-        {"hours",
-         {.start = start, .last = June(8, 10, 0), .isEvery = true, .every = 2, .unit = 1, .until = until18},
-         June(8, 10, 1),
-         June(8, 12, 0)},
-        {"any other unit is minutes",
-         {.start = start, .last = June(8, 10, 0), .isEvery = true, .every = 2, .unit = -5, .until = until18},
-         June(8, 10, 1),
-         June(8, 10, 2)},
-        {"in the until minute",
-         {.start = start, .last = June(8, 17, 30, 59), .isEvery = true, .every = 30, .until = until18},
-         June(8, 17, 31),
-         June(8, 18, 0)},
-        {"past the until minute",
-         {.start = start, .last = June(8, 17, 50), .isEvery = true, .unit = 1, .until = until18},
-         June(8, 17, 51),
-         0},
-        {"past it for good",
-         {.start = start, .last = June(8, 17, 50), .isEvery = true, .unit = 1, .until = until18},
-         June(20, 3, 0),
-         0},
-        {"crossed midnight",
-         {.start = start, .last = June(8, 23, 30), .isEvery = true, .unit = 1, .until = until18},
-         June(8, 23, 31),
-         June(9, 0, 30)},
-        {"a past candidate",
-         {.start = start, .last = June(8, 10, 0), .isEvery = true, .every = 15, .until = until18},
-         June(20, 3, 0),
-         June(8, 10, 15)},
-        {"every 0 is no rule",
-         {.start = start, .last = June(8, 9, 0), .isEvery = true, .every = 0, .until = until18},
-         June(8, 9, 1),
-         0},
-        {"every -3 leaves the start's time of day",
-         {.start = start,
-          .last = June(8, 9, 0),
-          .days = kMon,
-          .isEvery = true,
-          .every = -3,
-          .until = until18},
-         June(8, 9, 1),
-         June(15, 9, 0)},
-        {"the largest number of hours lies beyond all calendars",
-         {.start = start,
-          .last = June(8, 9, 0),
-          .isEvery = true,
-          .every = std::numeric_limits<std::int32_t>::max(),
-          .unit = 1},
-         June(8, 9, 1),
-         June(8, 9, 0) + 2147483647LL * 3600 + 1},
+        {"every: seconds go",
+         {.last = At(8, 10, 0, 40), .isEvery = true, .every = 15, .until = u18},
+         At(8, 10, 15)},
+        {"hours", {.last = At(8, 10), .isEvery = true, .every = 2, .unit = 1, .until = u18}, At(8, 12)},
+        {"other units",
+         {.last = At(8, 10), .isEvery = true, .every = 2, .unit = -5, .until = u18},
+         At(8, 10, 2)},
+        {"in the until minute", {.last = At(8, 17, 59, 59), .isEvery = true, .until = u18}, At(8, 18)},
+        {"past it for good", {.last = At(8, 17, 50), .isEvery = true, .unit = 1, .until = u18}, 0, At(20, 3)},
+        {"over midnight", {.last = At(8, 23, 30), .isEvery = true, .unit = 1, .until = u18}, At(9, 0, 30)},
+        {"in the past", {.last = At(8, 10), .isEvery = true, .until = u18}, At(8, 10, 1), At(20, 3)},
+        {"every 0 is none", {.last = At(8, 9), .isEvery = true, .every = 0, .until = u18}, 0},
+        {"nor -3", {.last = At(8, 9), .days = kMon, .isEvery = true, .every = -3, .until = u18}, At(15, 9)},
+        {"beyond all calendars",
+         {.last = At(8, 9), .isEvery = true, .every = std::numeric_limits<std::int32_t>::max(), .unit = 1},
+         At(8, 9) + 2147483647LL * 3600 + 1},
 
-        // Every N on flagged days.
         {"today flagged",
-         {.start = start, .last = June(8, 9, 0), .days = kMon, .isEvery = true, .unit = 1, .until = until12},
-         June(8, 9, 1),
-         June(8, 10, 0)},
-        {"today not flagged",
-         {.start = start, .last = June(8, 9, 0), .days = kMon, .isEvery = true, .unit = 1, .until = until12},
-         June(9, 9, 1),
-         June(15, 0, 0)},
-        {"all days flagged",
-         {.start = start,
-          .last = June(8, 9, 0),
-          .days = kDaily,
-          .isEvery = true,
-          .unit = 1,
-          .until = until12},
-         June(9, 9, 1),
-         June(8, 10, 0)},
-        {"window over, opens at midnight",
-         {.start = start,
-          .last = June(8, 11, 30),
-          .days = kMon,
-          .isEvery = true,
-          .every = 2,
-          .unit = 1,
-          .until = until12},
-         June(8, 11, 31),
-         June(15, 0, 0)},
+         {.last = At(8, 9), .days = kMon, .isEvery = true, .unit = 1, .until = u12},
+         At(8, 10)},
+        {"not", {.last = At(8, 9), .days = kMon, .isEvery = true, .until = u12}, At(15, 0), At(9, 9, 1)},
+        {"all", {.last = At(8, 9), .days = kDaily, .isEvery = true, .until = u12}, At(8, 9, 1), At(9, 9, 1)},
+        {"over", {.last = At(8, 11, 30), .days = kMon, .isEvery = true, .unit = 1, .until = u12}, At(15, 0)},
 
-        // Weekdays.
-        {"Monday to Thursday",
-         {.start = start, .last = June(8, 9, 0), .days = kMon | kThu},
-         June(8, 9, 1),
-         June(11, 9, 0)},
-        {"Thursday to Monday, late",
-         {.start = start, .last = June(11, 22, 41, 7), .days = kMon | kThu},
-         June(11, 22, 42),
-         June(15, 9, 0)},
-        {"a week later",
-         {.start = start, .last = June(8, 9, 0), .days = kMon},
-         June(8, 9, 1),
-         June(15, 9, 0)},
-        {"missed, and due since",
-         {.start = start, .last = June(8, 9, 0), .days = kTue},
-         June(20, 3, 0),
-         June(9, 9, 0)},
-        {"run on a day that is not flagged",
-         {.start = start, .last = June(10, 9, 0), .days = kSun},
-         June(10, 9, 1),
-         June(14, 9, 0)},
-        {"into the next month",
-         {.start = start, .last = June(28, 9, 0), .days = kSat},
-         June(28, 9, 1),
-         At(2026, 7, 4, 9, 0)},
+        {"Monday to Thursday", {.last = At(8, 9), .days = kMon | kThu}, At(11, 9)},
+        {"back, late", {.last = At(11, 22, 41, 7), .days = kMon | kThu}, At(15, 9)},
+        {"a week later", {.last = At(8, 9), .days = kMon}, At(15, 9)},
+        {"missed", {.last = At(8, 9), .days = kTue}, At(9, 9), At(20, 3)},
+        {"run on another day", {.last = At(10, 9), .days = kSun}, At(14, 9)},
+        {"into the next month", {.last = At(28, 9), .days = kSat}, At(34, 9)},
 
-        // Monthly.
         {"from the 31st",
-         {.start = At(2020, 1, 1, 8, 15), .last = At(2024, 1, 31, 8, 15), .monthly = true},
-         At(2024, 1, 31, 9, 0),
-         At(2024, 2, 1, 8, 15)},
+         {.start = nine(2020, 1, 1), .last = nine(2024, 1, 31), .monthly = true},
+         nine(2024, 2, 1)},
         {"from the 1st",
-         {.start = At(2020, 1, 1, 8, 15), .last = At(2023, 2, 1, 8, 15), .monthly = true},
-         At(2023, 2, 1, 8, 15),
-         At(2023, 3, 1, 8, 15)},
-        {"into the next year",
-         {.start = At(2020, 1, 1, 8, 15), .last = At(2024, 12, 5, 0, 0), .monthly = true},
-         At(2024, 12, 5, 0, 0),
-         At(2025, 1, 1, 8, 15)},
+         {.start = nine(2020, 1, 1), .last = nine(2023, 2, 1), .monthly = true},
+         nine(2023, 3, 1)},
+        {"next year",
+         {.start = nine(2020, 1, 1), .last = nine(2024, 12, 5), .monthly = true},
+         nine(2025, 1, 1)},
 
-        // Monthly and weekdays: the earlier one. 1 July 2026 is a Wednesday.
-        {"weekday in the same month",
-         {.start = start, .last = June(15, 9, 0), .days = kWed, .monthly = true},
-         June(15, 9, 1),
-         June(17, 9, 0)},
-        {"weekday on the last of the month",
-         {.start = start, .last = June(29, 9, 0), .days = kTue, .monthly = true},
-         June(29, 9, 1),
-         June(30, 9, 0)},
-        {"monthly before the weekday",
-         {.start = start, .last = June(29, 9, 0), .days = kThu, .monthly = true},
-         June(29, 9, 1),
-         At(2026, 7, 1, 9, 0)},
-        {"a tie",
-         {.start = start, .last = June(29, 9, 0), .days = kWed, .monthly = true},
-         June(29, 9, 1),
-         At(2026, 7, 1, 9, 0)},
-        {"a window from midnight is before the month's start time",
-         {.start = start,
-          .last = June(29, 11, 30),
-          .days = kWed,
-          .monthly = true,
-          .isEvery = true,
-          .unit = 1,
-          .until = until12},
-         June(29, 11, 31),
-         At(2026, 7, 1, 0, 0)},
-        {"monthly after a window without days",
-         {.start = start,
-          .last = June(29, 11, 30),
-          .monthly = true,
-          .isEvery = true,
-          .unit = 1,
-          .until = until12},
-         June(29, 11, 31),
-         At(2026, 7, 1, 9, 0)},
+        // 1 July is a Wednesday.
+        {"weekday in the month", {.last = At(15, 9), .days = kWed, .monthly = true}, At(17, 9)},
+        {"on its last", {.last = At(29, 9), .days = kTue, .monthly = true}, At(30, 9)},
+        {"monthly is first", {.last = At(29, 9), .days = kThu, .monthly = true}, At(31, 9)},
+        {"a tie", {.last = At(29, 9), .days = kWed, .monthly = true}, At(31, 9)},
+        {"a window begins at midnight",
+         {.last = At(29, 11, 30), .days = kWed, .monthly = true, .isEvery = true, .unit = 1, .until = u12},
+         At(31, 0)},
+        {"monthly after a window",
+         {.last = At(29, 11, 30), .monthly = true, .isEvery = true, .unit = 1, .until = u12},
+         At(31, 9)},
     };
-    for (const Case& test : cases) {
-        EXPECT_EQ(NextRun(test.rules, test.now), test.next) << test.what;
+    for (Case test : cases) {
+        test.rules.start = test.rules.start != 0 ? test.rules.start : At(1, 9);
+        EXPECT_EQ(NextRun(test.rules, test.now != 0 ? test.now : test.rules.last + 60), test.next)
+            << test.what;
     }
 }
 
@@ -215,30 +100,30 @@ TEST(NextRun, EachWeekdayHasItsFlagAndNumber) {
     const unsigned days[] = {kSun, kMon, kTue, kWed, kThu, kFri, kSat};
     for (int flagged = 1; flagged <= 7; ++flagged) {
         CSCVShchedulerTask task;
-        EXPECT_EQ(task.HasWeekdayRepeat(), 0);
         SetRules(task, {.days = days[flagged - 1]});
-        EXPECT_EQ(task.HasWeekdayRepeat(), 1);
+        task.m_bRepeatOnSat *= -7;  // as a hand-edited list may have it
         for (int dayNumber = -1; dayNumber <= 9; ++dayNumber) {
             EXPECT_EQ(task.RepeatsOnWeekday(dayNumber), dayNumber == flagged ? 1 : 0) << dayNumber;
         }
+        task.m_bRepeatOnMon = 1;
+        EXPECT_EQ(task.HasWeekdayRepeat(), 1);
     }
-    CSCVShchedulerTask task;
-    task.m_bRepeatOnSat = -7;  // as a hand-edited list may have it
-    EXPECT_EQ(task.RepeatsOnWeekday(7), 1);
+    EXPECT_EQ(CSCVShchedulerTask().HasWeekdayRepeat(), 0);
 }
 
 TEST(NextRun, TimesThatNoCalendarHoldsRaiseOrCountAsTheyFall) {
-    const std::int64_t now = June(8, 9, 0, 30);
+    const std::int64_t now = At(8, 9, 0, 30);
     // No local time: its seconds read -1.
     EXPECT_EQ(NextRun({.start = -kBeyond}, kBeyond - 1), kBeyond);
+    for (const Rules& rules : {Rules{.start = -kBeyond, .last = now, .days = kMon},
+                               {.start = -kBeyond, .last = now, .monthly = true},
+                               {.last = kBeyond, .days = kMon},
+                               {.last = kBeyond, .isEvery = true}}) {
+        EXPECT_THROW(NextRun(rules, now), std::invalid_argument);
+    }
     EXPECT_THROW(NextRun({.start = -kBeyond}, kBeyond), std::invalid_argument);
-    EXPECT_THROW(NextRun({.start = -kBeyond, .last = now, .days = kMon}, now), std::invalid_argument);
-    EXPECT_THROW(NextRun({.start = -kBeyond, .last = now, .monthly = true}, now), std::invalid_argument);
-    EXPECT_THROW(NextRun({.start = 0, .last = kBeyond, .days = kMon}, now), std::invalid_argument);
-    EXPECT_THROW(NextRun({.start = 0, .last = kBeyond, .isEvery = true}, now), std::invalid_argument);
     // A window's day begins at midnight whatever the start time.
-    EXPECT_EQ(NextRun({.start = -kBeyond, .last = June(8, 9, 0), .days = kTue, .isEvery = true}, now),
-              June(9, 0, 0));
+    EXPECT_EQ(NextRun({.start = -kBeyond, .last = At(8, 9), .days = kTue, .isEvery = true}, now), At(9, 0));
     // A candidate without a local time is before any until time.
     EXPECT_EQ(NextRun({.last = kBeyond - 61, .isEvery = true, .until = kBeyond}, now), kBeyond);
 }

@@ -9,11 +9,9 @@ namespace {
 
 using Entries = std::vector<CPrivateProfile::Entry>;
 
-// Windows-1252 in every build, as far as these texts go.
 std::string Utf16(std::wstring_view text, bool bigEndian = false) {
     std::string bytes = bigEndian ? "\xfe\xff" : "\xff\xfe";
-    const auto encoding = bigEndian ? TextEncoding::Utf16BE : TextEncoding::Utf16LE;
-    EXPECT_TRUE(AppendEncoded(encoding, text, bytes));
+    EXPECT_TRUE(AppendEncoded(bigEndian ? TextEncoding::Utf16BE : TextEncoding::Utf16LE, text, bytes));
     return bytes;
 }
 
@@ -34,52 +32,20 @@ std::string AfterRemoval(std::string bytes, const std::vector<std::wstring>& sec
 
 }  // namespace
 
+// How a text is read, PrivateProfileApiTest compares with the platform; these are where Wine is not like
+// Windows.
 TEST(PrivateProfile, ReadsAsWindowsDoes) {
-    struct Case {
-        const char* text;
-        const wchar_t* value;  // of "k" in "s"; null for none
-    };
-    for (const Case& c : {
-             Case{"[s]\nk=v\n", L"v"},
-             {"[s]\r\nk=v", L"v"},
-             {"[s]\rk=v\r", L"v"},
-             {"  [S]  \n\t K \t=\t v w \n", L"v w"},
-             {"[s]\nk=\"v\"\n", L"v"},
-             {"[s]\nk='v'\n", L"v"},
-             {"[s]\nk=\" v \"\n", L" v "},
-             {"[s]\nk=\"\"v\"\"\n", L"\"v\""},
-             {"[s]\nk='\"v\"'\n", L"\"v\""},
-             {"[s]\nk=\"\"\n", L""},
-             {"[s]\nk=\"v'\n", L"\"v'"},
-             {"[s]\nk=\"v\n", L"\"v"},
-             {"[s]\nk='\n", L"'"},
-             {"[s]\nk=\"v\";c\n", L"\"v\";c"},
-             {"[s]\nk=v ; c\n", L"v ; c"},
-             {"[s]\nk=a=b\n", L"a=b"},
-             {"[s]\n;k=c\nk=v\n", L"v"},
-             {"[s]\n#k=c\n", nullptr},
-             {"[s]\nk=1\nK=2\n[s]\nk=3\n", L"1"},
-             {"[s]\na=1\n[S]\nk=3\n", nullptr},
-             {"[s]\nk\nk=2\n", nullptr},
-             {"[s]\nk=\n", L""},
-             {"[s]\nkk=1\n", nullptr},
-             {"[s] trailing\nk=v\n", L"v"},
-             {"[s]k=9\nk=v\n", L"v"},
-             {"[s\nk=v\n", L"v"},
-             {"[ s\t]\nk=v\n", L"v"},
-             {"[s]b]\nk=v\n", L"v"},
-             {"k=0\n[t]\nk=1\n", nullptr},
-             {"[s]\n[t]\nk=1\n", nullptr},
-             {"[s]\nx=[\n k = v \n", L"v"},
-             {"[s]\nk=caf\xe9\x80\n", L"caf\u00e9\u20ac"},
-             {"\xef\xbb\xbf[s]\nk=\xc3\xa9\xf0\x9f\x98\x80\n", L"\u00e9\xd83d\xde00"},
-             {"", nullptr},
-         }) {
-        const auto value = CPrivateProfile(c.text).GetString(L"s", L"k");
-        EXPECT_EQ(value.has_value(), c.value != nullptr) << c.text;
-        if (value && c.value != nullptr) {
-            EXPECT_TRUE(*value == c.value) << c.text;
-        }
+    const std::pair<const char*, const wchar_t*> cases[] = {
+        {"[s\nk=v\n", L"v"},
+        {"[s]b]\nk=v\n", L"v"},
+        {"k=0\n[t]\nk=1\n", nullptr},
+        {"[s]\n;k=c\nk=v\n", L"v"},
+        {"[s]\nk=caf\xe9\x80\n", L"caf\u00e9\u20ac"},
+        {"\xef\xbb\xbf[s]\nk=\xc3\xa9\xf0\x9f\x98\x80\n", L"\u00e9\xd83d\xde00"}};
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(CPrivateProfile(text).GetString(L"s", L"k"),
+                  value == nullptr ? std::nullopt : std::optional<std::wstring>(value))
+            << text;
     }
 }
 
@@ -98,17 +64,11 @@ TEST(PrivateProfile, SetsKeysInPlaceAndNewOnesBehindTheLastLine) {
              {"[s]\na\n", {{L"a", L""}}, "[s]\na=\n"},
              {"[s]\nb=1\na=1", {{L"a", L"2"}, {L"b", L"3"}, {L"c", L"4"}}, "[s]\nb=3\na=2\nc=4\n"},
              {"[s]\na=1", {{L"a", L"2"}}, "[s]\na=2"},
+             {"[s]\ra=1\r", {{L"b", L"2"}}, "[s]\ra=1\rb=2\r"},
              {"[s", {{L"a", L"1"}}, "[s\r\na=1\r\n"},
              {"\xef\xbb\xbf[", {{L"a", L"1"}}, "\xef\xbb\xbf[\r\n[s]\r\na=1\r\n"},
-             {"a=0\n", {{L"a", L"1"}}, "a=0\n[s]\na=1\n"},
-             {"[s]\n",
-              {{L"a",
-                L" \"x\ny\r\n"
-                L"z' "}},
-              "[s]\na= \"x y  z' \n"},
-             {"[s]\n", {{L"a", std::wstring(L"x\0y", 3)}}, "[s]\na=x y\n"},
+             {"[s]\n", {{L"a", std::wstring(L" \"x\ny\0z' ", 9)}}, "[s]\na= \"x y z' \n"},
              {"[s]\nb=0\n", {{L"a", L"1"}, {L"b", L"2"}, {L"A", L"3"}}, "[s]\nb=2\na=3\n"},
-             {"[s]\n", {}, "[s]\n"},
              {"[t]\n", {}, "[t]\n"},
          }) {
         EXPECT_EQ(AfterSet(c.before, L"s", c.entries), c.after) << c.before;
@@ -133,7 +93,7 @@ TEST(PrivateProfile, RemovesHeaderAndKeysOfTheFirstSectionOfThatName) {
     EXPECT_EQ(profile.Serialise(), "[a]\nk=1\n\n;b\n;c\nl=6\n[e]\nk=5\n[b]\nk=7\n");
     std::wstring names;
     profile.ForEachSection([&names](std::wstring_view name) { names += name; });
-    EXPECT_TRUE(names == L"aeb");
+    EXPECT_EQ(names, L"aeb");
 }
 
 TEST(PrivateProfile, KeepsTheEncodingUntilItCannotHoldAText) {
@@ -154,39 +114,12 @@ TEST(PrivateProfile, KeepsTheEncodingUntilItCannotHoldAText) {
         odd.SetStrings(L"new", Entries{{L"k", emoji}});
         const std::string added = Utf16(L"[new]\nk=" + emoji + L"\n", bigEndian).substr(2).append("!");
         EXPECT_EQ(odd.Serialise(), before + added);
-        EXPECT_TRUE(odd.GetString(L"NEW", L"K") == emoji);
+        EXPECT_EQ(odd.GetString(L"NEW", L"K"), emoji);
         EXPECT_TRUE(odd.RemoveSection(L"new"));
         EXPECT_EQ(odd.Serialise(), before + "!");
-        EXPECT_EQ(AfterSet(Utf16(L"", bigEndian), L"s", {{L"k", L"v"}}), Utf16(L"[s]\r\nk=v\r\n", bigEndian));
     }
-    CPrivateProfile cyrillic(Utf16(L"[\u0446\u0415]\r\n\u043a=\"\u0436\"\r\n"));
-    EXPECT_TRUE(cyrillic.GetString(L"\u0426\u0435", L"\u041a") == L"\u0436");
-}
-
-TEST(PrivateProfile, NumbersFollowTheWindowsFunction) {
-    struct Case {
-        const char* text;
-        std::int32_t number;
-    };
-    for (const Case& c : {
-             Case{"-1", -1},
-             {"+1", 1},
-             {"42abc", 42},
-             {"abc", 0},
-             {"", 7},
-             {"\" 5\"", 5},
-             {"4294967297", 1},
-             {"2147483648", -2147483647 - 1},
-             {"-2147483649", 2147483647},
-             {"0x1F", 31},
-             {"0o17", 15},
-             {"0b102", 2},
-             {"- 1", 0},
-             {"--1", 0},
-         }) {
-        EXPECT_EQ(CPrivateProfile(std::string("[s]\nk=") + c.text).GetInt(L"s", L"k", 7), c.number) << c.text;
-    }
-    EXPECT_EQ(CPrivateProfile("[s]\nk\n").GetInt(L"s", L"k", 7), 7);
+    const CPrivateProfile cyrillic(Utf16(L"[\u0446\u0415]\r\n\u043a=\"\u0436\"\r\n"));
+    EXPECT_EQ(cyrillic.GetString(L"\u0426\u0435", L"\u041a"), L"\u0436");
 }
 
 TEST(PrivateProfile, ManySectionsComeAndGo) {
@@ -206,19 +139,10 @@ TEST(PrivateProfile, ManySectionsComeAndGo) {
         }
     }
     EXPECT_EQ(profile.Serialise(), reread.Serialise());
-    for (int i = 1; i < kCount; i += 2) {
-        profile.RemoveSection(name(i));
-    }
-    EXPECT_EQ(profile.Serialise(), "[x]\nk=v\n;end");
 }
 
+// Too large for the fuzz target.
 TEST(PrivateProfile, HostileTextsAreReadAndKept) {
-    std::string noise(1 << 20, '\0');
-    unsigned state = 1;
-    for (char& byte : noise) {
-        state = state * 1664525U + 1013904223U;
-        byte = static_cast<char>(state >> 24);
-    }
     std::string headers;
     std::string names;
     for (int i = 0; i < 300000; ++i) {
@@ -226,14 +150,13 @@ TEST(PrivateProfile, HostileTextsAreReadAndKept) {
         names += {'[', static_cast<char>('!' + i % 60), static_cast<char>('!' + i / 60 % 60), '\n'};
     }
     for (const std::string& text :
-         {noise, "\xff\xfe" + noise, "\xfe\xff" + noise + "x", "\xef\xbb\xbf" + noise, headers, names,
-          std::string(1 << 20, '\n'), std::string(1 << 20, '['), "[s]\nk=" + std::string(1 << 20, 'x'),
-          std::string("\0\0", 2), std::string("\xff"), std::string("\xff\xfe"), std::string("\xff\xfe[")}) {
+         {headers, names, "\xfe\xff" + names + "x", std::string(1 << 20, '\n'), std::string(1 << 20, '['),
+          "[s]\nk=" + std::string(1 << 20, 'x'), std::string("\xff\xfe")}) {
         CPrivateProfile profile(text);
         EXPECT_TRUE(profile.Serialise() == text) << text.substr(0, 8);
         profile.SetStrings(L"probe", Entries{{L"k", L"v"}});
         CPrivateProfile again(profile.Serialise());
-        EXPECT_TRUE(again.GetString(L"PROBE", L"K") == L"v") << text.substr(0, 8);
+        EXPECT_EQ(again.GetString(L"PROBE", L"K"), L"v") << text.substr(0, 8);
         EXPECT_TRUE(again.RemoveSection(L"probe"));
         EXPECT_TRUE(again.Serialise().substr(0, text.size() - 1) == text.substr(0, text.size() - 1));
     }

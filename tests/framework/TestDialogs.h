@@ -3,7 +3,6 @@
 // The test program's own resources.
 #define IDD_TEST_CONTROLS 9001
 #define IDD_TEST_RESIZING 9002
-#define IDR_TEST_MENU 9003
 
 #define IDC_TEST_EDIT 9101
 #define IDC_TEST_NUMBER 9102
@@ -14,6 +13,3 @@
 #define IDC_TEST_LIST 9107
 #define IDC_TEST_CORNER 9108
 #define IDC_TEST_LOOSE 9109
-
-#define ID_TEST_FIRST 9201
-#define ID_TEST_SECOND 9202

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -39,3 +40,9 @@ public:
 private:
     std::filesystem::path m_path;
 };
+
+// What a file holds; nothing when there is none.
+inline std::string BytesOf(const std::wstring& path) {
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}

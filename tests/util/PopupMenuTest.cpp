@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "tests/framework/TestDialogs.h"
+#include "ui/resource.h"
 
 namespace {
 
@@ -35,14 +35,14 @@ TEST(PopupMenu, SendsTheChoiceToItsOwnerAndMarksTheDefault) {
     SetWindowLongPtrW(owner, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&seen));
     SetWindowLongPtrW(owner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&OwnerProcedure));
     EXPECT_FALSE(ShowPopupMenu(4711, 0, 0, owner, 0)) << "no such menu";
-    EXPECT_TRUE(ShowPopupMenu(IDR_TEST_MENU, 20, 20, owner, 0));
+    EXPECT_TRUE(ShowPopupMenu(IDR_TRAY_MENU, 20, 20, owner, 0));
     MSG message{};
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
         DispatchMessageW(&message);
     }
     EXPECT_EQ(seen.items, 3);
-    EXPECT_EQ(seen.defaultItem, UINT{ID_TEST_FIRST});
-    EXPECT_EQ(seen.commands, std::vector<WPARAM>{ID_TEST_SECOND}) << "upwards from nothing is the last item";
+    EXPECT_EQ(seen.defaultItem, UINT{ID_SHOW_WINDOW});
+    EXPECT_EQ(seen.commands, std::vector<WPARAM>{ID_EXIT_PROGRAM}) << "upwards from nothing is the last item";
     DestroyWindow(owner);
 }
 
