@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <stdexcept>
 
 #include "framework/Dialog.h"
@@ -9,83 +10,71 @@
 
 namespace {
 
-class ControlsDialog : public CDialog {
-public:
-    ControlsDialog() : CDialog(IDD_TEST_CONTROLS) { EXPECT_TRUE(Create(IDD_TEST_CONTROLS)); }
+class DataExchange : public testing::Test, protected CDialog {
+protected:
+    DataExchange() : CDialog(IDD_TEST_CONTROLS) { EXPECT_TRUE(Create(IDD_TEST_CONTROLS)); }
+
     CDataExchange m_save{*this, true};
     CDataExchange m_load{*this, false};
 };
 
-TEST(DataExchange, TextsAndNumbers) {
-    ControlsDialog dialog;
+TEST_F(DataExchange, TextsAndNumbers) {
     const std::wstring longText(5000, L'\u4fa1');
-    for (std::wstring text : {std::wstring(L"plain"), std::wstring(), longText}) {
-        DDX_Text(&dialog.m_load, IDC_TEST_EDIT, text);
-        std::wstring back = L"before";
-        DDX_Text(&dialog.m_save, IDC_TEST_EDIT, back);
-        EXPECT_EQ(back, text);
+    for (const std::wstring& shown : {std::wstring(), longText}) {
+        std::wstring text = shown;
+        DDX_Text(&m_load, IDC_TEST_EDIT, text);
+        text = L"before";
+        DDX_Text(&m_save, IDC_TEST_EDIT, text);
+        EXPECT_EQ(text, shown);
     }
-    struct {
+    SendDlgItemMessageW(m_hWnd, IDC_TEST_EDIT, EM_SETSEL, 3, 3);
+    std::wstring same = longText;
+    DDX_Text(&m_load, IDC_TEST_EDIT, same);
+    EXPECT_EQ(LOWORD(SendDlgItemMessageW(m_hWnd, IDC_TEST_EDIT, EM_GETSEL, 0, 0)), 3)
+        << "the caret has not moved";
+
+    const struct {
         const wchar_t* typed;
         std::int32_t number;
-    } const cases[] = {{L"12", 12},
-                       {L"12abc", 12},
-                       {L"  -7 8", -7},
-                       {L"+3", 3},
-                       {L"abc", 0},
-                       {L"", 0},
-                       {L"99999999999", 2'147'483'647},
-                       {L"-99999999999", -2'147'483'647 - 1}};
-    for (const auto& item : cases) {
-        dialog.SetDlgItemText(IDC_TEST_NUMBER, item.typed);
-        std::int32_t number = 1;
-        DDX_Text(&dialog.m_save, IDC_TEST_NUMBER, number);
-        EXPECT_EQ(number, item.number) << std::string(item.typed, item.typed + wcslen(item.typed));
-    }
+    } cases[] = {{L"12abc", 12},
+                 {L"  -7 8", -7},
+                 {L"+3", 3},
+                 {L"abc", 0},
+                 {L"", 0},
+                 {L"99999999999", 2147483647},
+                 {L"-99999999999", -2147483647 - 1}};
     std::int32_t number = -40;
-    DDX_Text(&dialog.m_load, IDC_TEST_NUMBER, number);
-    EXPECT_EQ(dialog.GetDlgItemText(IDC_TEST_NUMBER), L"-40");
-
-    SendMessageW(dialog.GetDlgItem(IDC_TEST_EDIT), EM_SETSEL, 3, 3);
-    std::wstring same = longText;
-    DDX_Text(&dialog.m_load, IDC_TEST_EDIT, same);
-    DWORD caret = 0;
-    SendMessageW(dialog.GetDlgItem(IDC_TEST_EDIT), EM_GETSEL, reinterpret_cast<WPARAM>(&caret), 0);
-    EXPECT_EQ(caret, 3U) << "the same text again does not move the caret";
+    DDX_Text(&m_load, IDC_TEST_NUMBER, number);
+    EXPECT_EQ(GetDlgItemText(IDC_TEST_NUMBER), L"-40");
+    for (const auto& item : cases) {
+        SetDlgItemText(IDC_TEST_NUMBER, item.typed);
+        DDX_Text(&m_save, IDC_TEST_NUMBER, number);
+        EXPECT_EQ(number, item.number);
+    }
 }
 
-TEST(DataExchange, TicksChoicesAndTimes) {
-    ControlsDialog dialog;
-    for (const std::int32_t stored : {0, 1, 2, -5}) {
-        std::int32_t flag = stored;
-        DDX_Check(&dialog.m_load, IDC_TEST_CHECK, flag);
-        EXPECT_EQ(dialog.IsDlgButtonChecked(IDC_TEST_CHECK), stored != 0) << stored;
-        DDX_Check(&dialog.m_save, IDC_TEST_CHECK, flag);
-        EXPECT_EQ(flag, stored != 0) << stored;
-    }
-    const HWND combo = dialog.GetDlgItem(IDC_TEST_COMBO);
+TEST_F(DataExchange, TicksChoicesAndTimes) {
     for (const wchar_t* item : {L"minutes", L"hours"}) {
-        SendMessageW(combo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item));
+        SendDlgItemMessageW(m_hWnd, IDC_TEST_COMBO, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item));
     }
     for (const std::int32_t stored : {1, 0, -1, 9}) {
+        std::int32_t flag = stored;
+        DDX_Check(&m_load, IDC_TEST_CHECK, flag);
+        DDX_Check(&m_save, IDC_TEST_CHECK, flag);
+        EXPECT_EQ(flag, stored != 0);
         std::int32_t index = stored;
-        DDX_CBIndex(&dialog.m_load, IDC_TEST_COMBO, index);
-        DDX_CBIndex(&dialog.m_save, IDC_TEST_COMBO, index);
+        DDX_CBIndex(&m_load, IDC_TEST_COMBO, index);
+        DDX_CBIndex(&m_save, IDC_TEST_COMBO, index);
         EXPECT_EQ(index, stored == 9 ? -1 : stored) << "an index that there is not selects nothing";
     }
-    SYSTEMTIME time{2024, 3, 0, 5, 8, 15, 42, 0};
-    DDX_DateTimeCtrl(&dialog.m_load, IDC_TEST_PICKER, time);
-    SYSTEMTIME back{};
-    DDX_DateTimeCtrl(&dialog.m_save, IDC_TEST_PICKER, back);
-    EXPECT_EQ(back.wYear, 2024);
-    EXPECT_EQ(back.wMonth, 3);
-    EXPECT_EQ(back.wDay, 5);
-    EXPECT_EQ(back.wHour, 8);
-    EXPECT_EQ(back.wMinute, 15);
-    EXPECT_EQ(back.wSecond, 42) << "a picker keeps what its format does not show";
-
+    SYSTEMTIME time{2024, 3, 2, 5, 8, 15, 42, 0};  // a Tuesday
+    const SYSTEMTIME before = time;
+    DDX_DateTimeCtrl(&m_load, IDC_TEST_PICKER, time);
+    time = {};
+    DDX_DateTimeCtrl(&m_save, IDC_TEST_PICKER, time);
+    EXPECT_EQ(std::memcmp(&time, &before, sizeof time), 0) << "a picker keeps what its format does not show";
     std::int32_t unused = 0;
-    EXPECT_THROW(DDX_Check(&dialog.m_save, 4711, unused), std::invalid_argument);
+    EXPECT_THROW(DDX_Check(&m_save, 4711, unused), std::invalid_argument);
 }
 
 }  // namespace
