@@ -7,9 +7,7 @@
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
+using Files = std::map<std::wstring, std::string>;
 
 class CPlaces final : public ITaskListPlaces {
 public:
@@ -23,7 +21,7 @@ public:
     }
     void Delete(const std::wstring& path) override { files.erase(path); }
 
-    std::map<std::wstring, std::string> files;
+    Files files;
     std::vector<std::wstring> folders;
     bool copies = true;
 };
@@ -31,53 +29,47 @@ public:
 const std::wstring kLocal = L"C:\\Local\\App\\Sched.ini";
 const std::wstring kRoaming = L"C:\\Roaming\\Scrivane\\Sched.ini";
 const std::wstring kBeside = L"C:\\ini\\Sched.ini";
+const std::wstring kStranger = L"\\Scrivane\\Sched.ini";
 
-class TaskListPath : public testing::Test {
-protected:
-    std::wstring Settle() { return SettleTaskListPath(m_names, m_places); }
-
-    stTaskListNames m_names{L"C:\\HLP\\Sched.HLP", L"C:\\Roaming", L"C:\\Local", L"App", L"Sched"};
-    CPlaces m_places;
-};
-
-TEST_F(TaskListPath, AnOldListMovesTheRoamingOneFirst) {
-    EXPECT_EQ(Settle(), kLocal);
-    EXPECT_THAT(m_places.files, IsEmpty());
-
-    m_places.files = {{kBeside, "beside"}};
-    EXPECT_EQ(Settle(), kLocal);
-    EXPECT_THAT(m_places.files, ElementsAre(Pair(kLocal, "beside")));
-    EXPECT_THAT(m_places.folders, ElementsAre(L"C:\\Local\\App\\", L"C:\\Local\\App\\"));
-
-    m_places.files = {{kRoaming, "roaming"}, {kBeside, "beside"}};
-    Settle();
-    EXPECT_THAT(m_places.files, ElementsAre(Pair(kLocal, "roaming"), Pair(kBeside, "beside")));
-
-    m_places.folders.clear();
-    m_places.files = {{kLocal, "local"}, {kRoaming, "roaming"}, {kBeside, "beside"}};
-    Settle();
-    EXPECT_EQ(m_places.files.size(), 3u) << "a list in place is never replaced";
-    EXPECT_EQ(m_places.files[kLocal], "local");
-    EXPECT_THAT(m_places.folders, IsEmpty());
-}
-
-TEST_F(TaskListPath, AListThatCannotBeCopiedStays) {
-    m_places.copies = false;
-    m_places.files = {{kRoaming, "roaming"}, {kBeside, "beside"}};
-    EXPECT_EQ(Settle(), kLocal);
-    EXPECT_EQ(m_places.files.size(), 2u);
-}
-
-TEST_F(TaskListPath, UnknownFoldersAreDoneWithout) {
-    m_names.localFolder.clear();
-    m_places.files = {{kRoaming, "roaming"}};
-    EXPECT_EQ(Settle(), kBeside);
-    EXPECT_THAT(m_places.files, ElementsAre(Pair(kBeside, "roaming")));
-
-    m_names.roamingFolder.clear();
-    m_places.files = {{L"\\Scrivane\\Sched.ini", "stranger's"}};
-    EXPECT_EQ(Settle(), kBeside);
-    EXPECT_THAT(m_places.files, ElementsAre(Pair(L"\\Scrivane\\Sched.ini", "stranger's")));
+TEST(TaskListPath, AnOldListMovesTheRoamingOneFirst) {
+    const struct {
+        const wchar_t* roamingFolder;
+        const wchar_t* localFolder;
+        bool copies;
+        Files before;
+        std::wstring path;
+        Files after;
+    } cases[] = {
+        {L"C:\\Roaming", L"C:\\Local", true, {{kBeside, "b"}}, kLocal, {{kLocal, "b"}}},
+        {L"C:\\Roaming",
+         L"C:\\Local",
+         true,
+         {{kRoaming, "r"}, {kBeside, "b"}},
+         kLocal,
+         {{kLocal, "r"}, {kBeside, "b"}}},
+        {L"C:\\Roaming", L"C:\\Local", false, {{kRoaming, "r"}}, kLocal, {{kRoaming, "r"}}},
+        {L"C:\\Roaming", L"", true, {{kRoaming, "r"}}, kBeside, {{kBeside, "r"}}},
+        {L"", L"", true, {{kStranger, "s"}}, kBeside, {{kStranger, "s"}}},
+        // A list in place is never replaced.
+        {L"C:\\Roaming",
+         L"C:\\Local",
+         true,
+         {{kLocal, "l"}, {kRoaming, "r"}},
+         kLocal,
+         {{kLocal, "l"}, {kRoaming, "r"}}},
+    };
+    for (const auto& c : cases) {
+        CPlaces places;
+        places.files = c.before;
+        places.copies = c.copies;
+        EXPECT_EQ(SettleTaskListPath(
+                      {L"C:\\HLP\\Sched.HLP", c.roamingFolder, c.localFolder, L"App", L"Sched"}, places),
+                  c.path);
+        EXPECT_EQ(places.files, c.after);
+        EXPECT_EQ(places.folders.empty(), c.before.contains(c.path))
+            << "a folder is made for a new list only";
+        EXPECT_TRUE(c.path != kLocal || places.folders.empty() || places.folders[0] == L"C:\\Local\\App\\");
+    }
 }
 
 }  // namespace

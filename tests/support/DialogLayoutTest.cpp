@@ -1,9 +1,8 @@
 #include "tests/support/DialogLayoutTest.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <cwctype>
+#include <utility>
 
 #include "layout/AnchorGeometry.h"
 
@@ -22,10 +21,10 @@ std::vector<WORD> TemplateWithPointSize(int id, WORD points) {
 void ExpectNoneOverlaps(const std::vector<LayoutControl>& controls) {
     for (const LayoutControl& one : controls) {
         for (const LayoutControl& other : controls) {
-            const bool belongs = (one.IsGroup() && one.Contains(other)) || other.kind == UPDOWN_CLASSW;
             RECT common;
-            if (&one != &other && one.IsVisible() && other.IsVisible() && !belongs &&
-                !(other.IsGroup() && other.Contains(one)) && one.kind != UPDOWN_CLASSW) {
+            if (&one < &other && one.IsVisible() && other.IsVisible() && !one.IsArrows() &&
+                !other.IsArrows() && !(one.IsGroup() && one.Contains(other)) &&
+                !(other.IsGroup() && other.Contains(one))) {
                 EXPECT_FALSE(IntersectRect(&common, &one.rect, &other.rect))
                     << Describe(one) << " and " << Describe(other);
             }
@@ -43,24 +42,6 @@ INT_PTR CALLBACK DoNothing(HWND, UINT, WPARAM, LPARAM) {
 
 }  // namespace
 
-bool LayoutControl::IsButton(DWORD type) const {
-    return kind == WC_BUTTONW && (style & BS_TYPEMASK) == type;
-}
-
-bool LayoutControl::IsIconButton() const {
-    return kind == WC_BUTTONW && (style & BS_ICON) != 0;
-}
-
-bool LayoutControl::IsStatic() const {
-    return kind == WC_STATICW;
-}
-
-bool LayoutControl::IsField() const {
-    static const std::set<std::wstring> fields = {WC_EDITW, WC_COMBOBOXW, WC_LISTBOXW, WC_LISTVIEWW,
-                                                  DATETIMEPICK_CLASSW};
-    return fields.contains(kind);
-}
-
 bool LayoutControl::Contains(const LayoutControl& other) const {
     RECT both;
     UnionRect(&both, &rect, &other.rect);
@@ -68,9 +49,9 @@ bool LayoutControl::Contains(const LayoutControl& other) const {
 }
 
 testing::Message Describe(const LayoutControl& control) {
-    return testing::Message() << "control " << control.id << " \"" << control.text << "\" at "
-                              << control.rect.left << "," << control.rect.top << "-" << control.rect.right
-                              << "," << control.rect.bottom;
+    const RECT& rect = control.rect;
+    return testing::Message() << "control " << control.id << " \"" << control.text << "\" at " << rect.left
+                              << "," << rect.top << "-" << rect.right << "," << rect.bottom;
 }
 
 void DialogLayoutTest::SetUp() {
@@ -151,11 +132,12 @@ SIZE DialogLayoutTest::NeededSize(const LayoutControl& control) const {
     if (control.IsVisible() && !control.text.empty() && control.IsStatic()) {
         return TextSize(control.text, control.rect.right - control.rect.left);
     }
-    if (control.kind != WC_BUTTONW) {
+    if (!control.IsButton()) {
         return {};
     }
     SIZE size = TextSize(control.text);
-    size.cx += Scale(control.IsButton(BS_AUTOCHECKBOX) ? 13 + 4 : control.IsGroup() ? 2 * 9 : 2 * 5);
+    const bool isCheck = (control.style & BS_TYPEMASK) == BS_AUTOCHECKBOX;
+    size.cx += Scale(isCheck ? 13 + 4 : control.IsGroup() ? 2 * 9 : 2 * 5);
     return size;
 }
 
@@ -203,40 +185,34 @@ void DialogLayoutTest::ExpectNoOverlap(const std::function<std::uint32_t(int id)
 }
 
 void DialogLayoutTest::ExpectEyeOrderAndLabels() const {
+    static const std::set<std::wstring> fields = {WC_EDITW, WC_COMBOBOXW, WC_LISTBOXW, WC_LISTVIEWW,
+                                                  DATETIMEPICK_CLASSW};
     const LayoutControl* before = nullptr;  // the tab stop before
     const LayoutControl* box = nullptr;     // the group box that came last
-    for (std::size_t i = 0; i < m_controls.size(); ++i) {
-        const LayoutControl& control = m_controls[i];
-        if (control.IsGroup()) {
-            box = &control;
-        }
+    const LayoutControl* last = nullptr;
+    for (const LayoutControl& control : m_controls) {
+        const LayoutControl* const label = std::exchange(last, &control);
+        box = control.IsGroup() ? &control : box;
         const LayoutControl* group = GroupAround(control);
         EXPECT_TRUE(group == nullptr || group == box) << "away from its group: " << Describe(control);
-        if (control.IsField()) {
-            ASSERT_GT(i, 0U);
-            const LayoutControl& label = m_controls[i - 1];
-            EXPECT_TRUE((label.IsStatic() || label.IsGroup()) && !label.text.empty())
-                << "without a label: " << Describe(control);
-        }
-        if (control.IsIconButton()) {
-            EXPECT_FALSE(control.text.empty()) << Describe(control);
-        }
+        EXPECT_TRUE(!fields.contains(control.kind) ||
+                    (label != nullptr && (label->IsStatic() || label->IsGroup()) && !label->text.empty()))
+            << "without a label: " << Describe(control);
+        EXPECT_FALSE(control.IsIconButton() && control.text.empty()) << Describe(control);
         const bool interactive =
-            control.IsVisible() && !control.IsGroup() && !control.IsStatic() && control.kind != UPDOWN_CLASSW;
+            control.IsVisible() && !control.IsGroup() && !control.IsStatic() && !control.IsArrows();
         EXPECT_EQ((control.style & WS_TABSTOP) != 0, interactive) << Describe(control);
         if (!interactive) {
             continue;
         }
-        if (before != nullptr) {
-            const bool below = control.rect.top >= before->rect.bottom;
-            const bool right = control.rect.left >= before->rect.right;
-            const bool sameRow =
-                control.rect.top < before->rect.bottom && before->rect.top < control.rect.bottom;
-            const bool sameGroup = group != nullptr && group == GroupAround(*before);
-            EXPECT_TRUE(below || (right && (sameRow || !sameGroup)))
-                << Describe(*before) << " then " << Describe(control);
+        if (const LayoutControl* const previous = std::exchange(before, &control)) {
+            const RECT& from = previous->rect;
+            const RECT& to = control.rect;
+            const bool sameRow = to.top < from.bottom && from.top < to.bottom;
+            const bool sameGroup = group != nullptr && group == GroupAround(*previous);
+            EXPECT_TRUE(to.top >= from.bottom || (to.left >= from.right && (sameRow || !sameGroup)))
+                << Describe(*previous) << " then " << Describe(control);
         }
-        before = &control;
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -14,12 +16,11 @@
 // A control as the template makes it.
 struct LayoutControl {
     [[nodiscard]] bool IsVisible() const { return (style & WS_VISIBLE) != 0; }
-    [[nodiscard]] bool IsButton(DWORD type) const;
-    [[nodiscard]] bool IsGroup() const { return IsButton(BS_GROUPBOX); }
-    [[nodiscard]] bool IsIconButton() const;
-    [[nodiscard]] bool IsStatic() const;
-    // Something that needs a label.
-    [[nodiscard]] bool IsField() const;
+    [[nodiscard]] bool IsButton() const { return kind == WC_BUTTONW; }
+    [[nodiscard]] bool IsGroup() const { return IsButton() && (style & BS_TYPEMASK) == BS_GROUPBOX; }
+    [[nodiscard]] bool IsIconButton() const { return IsButton() && (style & BS_ICON) != 0; }
+    [[nodiscard]] bool IsStatic() const { return kind == WC_STATICW; }
+    [[nodiscard]] bool IsArrows() const { return kind == UPDOWN_CLASSW; }
     [[nodiscard]] bool Contains(const LayoutControl& other) const;
 
     int id;

@@ -38,7 +38,6 @@ public:
     [[nodiscard]] int Calls() const { return m_calls; }
     [[nodiscard]] int Replacements() const { return m_replacements; }
     [[nodiscard]] unsigned PausedMilliseconds() const { return m_paused; }
-    void ResetCounters() { m_calls = 0, m_replacements = 0, m_paused = 0; }
 
     [[nodiscard]] bool IsReadOnly(const std::wstring& path) override;
     [[nodiscard]] Status Read(const std::wstring& path, std::string& bytes) override;

@@ -60,6 +60,11 @@ protected:
         header->code = code;
         return dialog->SendMessage(WM_NOTIFY, header->idFrom, reinterpret_cast<LPARAM>(header));
     }
+    void ClickHeader(int column) const {
+        NMLISTVIEW click{};
+        click.iSubItem = column;
+        Notify(IDC_PROJECT_LIST, LVN_COLUMNCLICK, &click.hdr);
+    }
     void Tick(WPARAM id = CSCVSchedulerDlg::kTimer) const { dialog->SendMessage(WM_TIMER, id); }
 
     // NOLINTNEXTLINE(modernize-use-nodiscard): most messages are sent for what they do
@@ -112,9 +117,6 @@ protected:
             names.push_back(Cell(row, 0));
         }
         return names;
-    }
-    [[nodiscard]] int Focused() const {
-        return static_cast<int>(List(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
     }
 
     // The projects that the file holds now.

@@ -40,29 +40,33 @@ TEST_P(MainDialogLayout, HasEveryControlOnceWithItsCaption) {
               reinterpret_cast<LRESULT>(GetDlgItem(m_dialog, IDC_EVERY_VALUE)));
 }
 
-TEST_P(MainDialogLayout, CutsNothingOffAndOverlapsNothing) {
+TEST_P(MainDialogLayout, CutsNothingOffOverlapsNothingAndFollowsTheEye) {
     ExpectNothingCutOff({{IDC_START_DATE, L"30/12/2026"},
                          {IDC_START_TIME, L"23:59"},
                          {IDC_UNTIL_TIME, L"23:59"},
                          {IDC_EVERY_UNIT, L"minutes"}});
-    std::map<int, std::uint32_t> anchors = {{IDC_PROJECT_LIST, ANCHOR_ALL}};
-    for (const int id : {IDC_PROGRAM_GROUP, IDC_PROGRAM_PATH}) {
-        anchors[id] = ANCHOR_LEFT | ANCHOR_TOP | ANCHOR_RIGHT;
-    }
-    for (const int id :
-         {IDC_ADD_PROJECT, IDC_EDIT_PROJECT, IDC_DELETE_PROJECT, IDC_RUN_PROJECT, IDC_RESET_LAST_RUN}) {
-        anchors[id] = ANCHOR_LEFT | ANCHOR_BOTTOM;
-    }
-    for (const int id : {IDC_RUN_AT_STARTUP, IDOK, IDCANCEL, ID_EXIT_PROGRAM}) {
-        anchors[id] = ANCHOR_RIGHT | ANCHOR_BOTTOM;
-    }
-    ExpectNoOverlap([&](int id) -> std::uint32_t {
-        const auto own = anchors.find(id);
-        return own == anchors.end() ? ANCHOR_TOP | ANCHOR_RIGHT : own->second;
+    ExpectNoOverlap([](int id) -> std::uint32_t {
+        switch (id) {
+            case IDC_PROJECT_LIST:
+                return ANCHOR_ALL;
+            case IDC_PROGRAM_GROUP:
+            case IDC_PROGRAM_PATH:
+                return ANCHOR_LEFT | ANCHOR_TOP | ANCHOR_RIGHT;
+            case IDC_ADD_PROJECT:
+            case IDC_EDIT_PROJECT:
+            case IDC_DELETE_PROJECT:
+            case IDC_RUN_PROJECT:
+            case IDC_RESET_LAST_RUN:
+                return ANCHOR_LEFT | ANCHOR_BOTTOM;
+            case IDC_RUN_AT_STARTUP:
+            case IDOK:
+            case IDCANCEL:
+            case ID_EXIT_PROGRAM:
+                return ANCHOR_RIGHT | ANCHOR_BOTTOM;
+            default:
+                return ANCHOR_TOP | ANCHOR_RIGHT;
+        }
     });
-}
-
-TEST_P(MainDialogLayout, FollowsTheEyeAndNamesEveryField) {
     ExpectEyeOrderAndLabels();
     // The browse buttons all say so; "Run Project" and "Repeat" share the other.
     EXPECT_EQ(SharedMnemonics(), (std::map<wchar_t, int>{{L'b', 6}, {L'r', 2}}));
@@ -71,14 +75,12 @@ TEST_P(MainDialogLayout, FollowsTheEyeAndNamesEveryField) {
 TEST(Resources, HoldTheTrayMenuAndEveryIconSize) {
     const HMENU menu = LoadMenuW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(135));
     ASSERT_EQ(GetMenuItemCount(menu), 3);
-    wchar_t text[32] = {};
-    EXPECT_EQ(GetMenuItemID(menu, 0), 32771U);
-    GetMenuStringW(menu, 0, text, 32, MF_BYPOSITION);
-    EXPECT_STREQ(text, L"SCV Scheduler");
+    for (const auto& [id, expected] : {std::pair{32771U, L"SCV Scheduler"}, {32772U, L"Exit"}}) {
+        wchar_t text[32] = {};
+        GetMenuStringW(menu, id, text, 32, MF_BYCOMMAND);
+        EXPECT_STREQ(text, expected);
+    }
     EXPECT_TRUE(GetMenuState(menu, 1, MF_BYPOSITION) & MF_SEPARATOR);
-    EXPECT_EQ(GetMenuItemID(menu, 2), 32772U);
-    GetMenuStringW(menu, 2, text, 32, MF_BYPOSITION);
-    EXPECT_STREQ(text, L"Exit");
     DestroyMenu(menu);
 
     std::set<int> pictures;

@@ -23,32 +23,33 @@ TEST_F(ProjectList, ShowsTheTasksAsTheyAre) {
     const HDC screen = GetDC(nullptr);
     const int resolution = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
-    const std::vector<std::wstring> headers{L"Project File Name", L"Last Run Time", L"Last Run Result",
-                                            L"Next Run Time", L"File Path"};
-    for (std::size_t i = 0; i < headers.size(); ++i) {
+    const std::pair<std::wstring, int> columns[] = {{L"Project File Name", 200},
+                                                    {L"Last Run Time", 110},
+                                                    {L"Last Run Result", 100},
+                                                    {L"Next Run Time", 110},
+                                                    {L"File Path", 400}};
+    for (std::size_t i = 0; i < std::size(columns); ++i) {
         wchar_t text[64] = {};
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH;
         column.pszText = text;
         column.cchTextMax = 64;
         ASSERT_TRUE(List(LVM_GETCOLUMNW, i, reinterpret_cast<LPARAM>(&column)));
-        EXPECT_EQ(text, headers[i]);
-        EXPECT_EQ(column.cx, MulDiv(std::vector<int>{200, 110, 100, 110, 400}[i], resolution, 96));
+        EXPECT_EQ(text, columns[i].first);
+        EXPECT_EQ(column.cx, MulDiv(columns[i].second, resolution, 96));
     }
     EXPECT_EQ(Cell(0, 1), L"");
     EXPECT_EQ(Cell(0, 3), L"25/02/2026 10:05");
-    EXPECT_EQ(Cell(0, 4), L"C:\\folder\\");
     EXPECT_EQ(Cell(1, 4).size(), 254U);
     Task(0).m_tLastRunTime = clock.now;
     EXPECT_EQ(Cell(0, 1), L"25/02/2026 10:00") << "without a refill";
 
     EXPECT_EQ(List(LVM_GETITEMSTATE, 0, LVIS_STATEIMAGEMASK), kChecked);
-    SetState(0, kUnchecked, LVIS_STATEIMAGEMASK);
-    EXPECT_EQ(Task(0).m_bEnable, 0);
-    EXPECT_EQ(Cell(0, 3), L"");
-    SetState(0, kChecked, LVIS_STATEIMAGEMASK);
-    EXPECT_EQ(Task(0).m_bEnable, 1);
-    SetState(0, kUnchecked, LVIS_STATEIMAGEMASK);
+    for (const UINT state : {kUnchecked, kChecked, kUnchecked}) {
+        SetState(0, state, LVIS_STATEIMAGEMASK);
+        EXPECT_EQ(Task(0).m_bEnable, state == kChecked);
+        EXPECT_EQ(Cell(0, 3).empty(), state == kUnchecked);
+    }
     Click(IDOK);
     Click(IDCANCEL);
     EXPECT_EQ(List(LVM_GETITEMSTATE, 0, LVIS_STATEIMAGEMASK), kUnchecked) << "as saved";
@@ -66,17 +67,15 @@ TEST_F(ProjectList, EveryHeaderClickTurnsTheDirection) {
         return (item.fmt & HDF_IMAGE) == 0 ? -1 : item.iImage;
     };
     EXPECT_EQ(mark(0), 0);
-    struct {
+    const struct {
         int column;
         const wchar_t* first;
         int mark;
-    } const clicks[] = {
+    } clicks[] = {
         {4, L"y.scvpr", 1}, {4, L"z.scvpr", 0}, {0, L"z.scvpr", 1}, {0, L"x.scvpr", 0}, {1, L"y.scvpr", 1}};
     int before = 0;
     for (const auto& click : clicks) {
-        NMLISTVIEW record{};
-        record.iSubItem = click.column;
-        Notify(IDC_PROJECT_LIST, LVN_COLUMNCLICK, &record.hdr);
+        ClickHeader(click.column);
         EXPECT_EQ(Rows().front(), click.first) << click.column << click.mark;
         EXPECT_EQ(mark(click.column), click.mark);
         EXPECT_TRUE(before == click.column || mark(before) == -1);
@@ -97,7 +96,6 @@ TEST_F(ProjectList, AddsTheChosenProjectsAndRegistersWithTheFirst) {
     }
     EXPECT_EQ(Rows(), (Names{L"a.scvpr", L"b.scvpr"}));
     EXPECT_EQ(Selected(), Names{L"a.scvpr"});
-    EXPECT_EQ(Task(0).m_bExit, 1);
     EXPECT_TRUE(IsEnabled(IDC_RUN_PROJECT));
     EXPECT_TRUE(dialog->IsDlgButtonChecked(IDC_EXPORT_RESULTS)) << "the editor shows it";
     EXPECT_TRUE(dialog->IsDlgButtonChecked(IDC_RUN_AT_STARTUP));
@@ -112,27 +110,20 @@ TEST_F(ProjectList, AddsTheChosenProjectsAndRegistersWithTheFirst) {
 
 TEST_F(ProjectList, DropTakesProjectsOfOneKind) {
     Open({L"C:\\listed.scvpr"});
-    const auto drop = [&](const std::wstring& paths) {
-        const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + (paths.size() + 1) * sizeof(wchar_t));
-        auto* record = static_cast<DROPFILES*>(GlobalLock(memory));
-        record->pFiles = sizeof(DROPFILES);
-        record->fWide = TRUE;
-        std::memcpy(record + 1, paths.data(), paths.size() * sizeof(wchar_t));
-        GlobalUnlock(memory);
-        dialog->SendMessage(WM_DROPFILES, reinterpret_cast<WPARAM>(memory));
-    };
     std::wstring paths(L"C:\\A.SCVPR\0C:\\b.txt\0C:\\c.oslpr\0C:\\folder\0", 40);
-    drop(paths + L"C:\\" + std::wstring(300, L'x') + L".scvpr" + L'\0');
-    EXPECT_EQ(Rows(), (Names{L"A.SCVPR", L"listed.scvpr"}));
-    EXPECT_EQ(Selected(), Names{L"A.SCVPR"});
-    drop(std::wstring(L"C:\\listed.scvpr\0", 16));
-    EXPECT_EQ(Selected(), Names{L"listed.scvpr"});
-    paths.clear();
+    paths += L"C:\\" + std::wstring(300, L'x') + L".scvpr" + L'\0';
     for (int i = 0; i < 300; ++i) {
         paths += L"C:\\" + std::to_wstring(i) + L".scvpr" + L'\0';
     }
-    drop(paths);
+    const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + (paths.size() + 1) * sizeof(wchar_t));
+    auto* record = static_cast<DROPFILES*>(GlobalLock(memory));
+    record->pFiles = sizeof(DROPFILES);
+    record->fWide = TRUE;
+    std::memcpy(record + 1, paths.data(), paths.size() * sizeof(wchar_t));
+    GlobalUnlock(memory);
+    dialog->SendMessage(WM_DROPFILES, reinterpret_cast<WPARAM>(memory));
     EXPECT_EQ(RowCount(), 302);
+    EXPECT_EQ(Selected(), Names{L"299.scvpr"});
     dialog->SendMessage(WM_DROPFILES, 0);
     EXPECT_EQ(Selected(), Names{L"299.scvpr"});
     EXPECT_EQ(Saved().size(), 1U) << "nothing is saved by dropping";
@@ -140,13 +131,13 @@ TEST_F(ProjectList, DropTakesProjectsOfOneKind) {
 
 TEST_F(ProjectList, DeletesTheSelectedAndSelectsWhereTheLastOneWas) {
     Open({L"C:\\a.scvpr", L"C:\\b.scvpr", L"C:\\c.scvpr", L"C:\\d.scvpr"});
-    struct {
+    const struct {
         std::vector<int> rows;
         Names left, selected;
-    } const cases[] = {{{}, {L"a.scvpr", L"b.scvpr", L"c.scvpr", L"d.scvpr"}, {}},
-                       {{0, 1}, {L"c.scvpr", L"d.scvpr"}, {L"d.scvpr"}},
-                       {{1}, {L"c.scvpr"}, {L"c.scvpr"}},
-                       {{0}, {}, {}}};
+    } cases[] = {{{}, {L"a.scvpr", L"b.scvpr", L"c.scvpr", L"d.scvpr"}, {}},
+                 {{0, 1}, {L"c.scvpr", L"d.scvpr"}, {L"d.scvpr"}},
+                 {{1}, {L"c.scvpr"}, {L"c.scvpr"}},
+                 {{0}, {}, {}}};
     for (const auto& item : cases) {
         Select(item.rows);
         dialog->SendMessage(WM_COMMAND, IDC_DELETE_PROJECT);

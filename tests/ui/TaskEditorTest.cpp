@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
 #include "script/resource.h"
 #include "tests/support/DialogSteps.h"
 #include "tests/support/MainDialog.h"
@@ -17,6 +14,10 @@ namespace {
 class TaskEditor : public MainDialogTest {
 protected:
     void SetUp() override { Open({L"C:\\1.scvpr", L"C:\\2.scvpr", L"C:\\3.scvpr"}); }
+    // What the control tells the dialog.
+    void Command(int id, UINT code) const {
+        dialog->SendMessage(WM_COMMAND, MAKEWPARAM(id, code), reinterpret_cast<LPARAM>(Item(id)));
+    }
     void Type(int id, const wchar_t* text) const { SetWindowTextW(Item(id), text); }
     void Pick(int id, SYSTEMTIME time) const {
         SendMessageW(Item(id), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
@@ -46,8 +47,7 @@ TEST_F(TaskEditor, ShowsTheFocusedRowAndWritesIntoAllSelected) {
     Click(IDC_DELETE_RESULTS);
     Type(IDC_EVERY_VALUE, L"12abc");
     SendMessageW(Item(IDC_EVERY_UNIT), CB_SETCURSEL, 1, 0);
-    dialog->SendMessage(WM_COMMAND, MAKEWPARAM(IDC_EVERY_UNIT, CBN_SELCHANGE),
-                        reinterpret_cast<LPARAM>(Item(IDC_EVERY_UNIT)));
+    Command(IDC_EVERY_UNIT, CBN_SELCHANGE);
     for (const int row : {0, 2}) {
         EXPECT_EQ(Task(row).m_bDeleteResults, 1);
         EXPECT_EQ(Task(row).m_nEveryValue, 12);
@@ -71,34 +71,23 @@ TEST_F(TaskEditor, ShowsTheFocusedRowAndWritesIntoAllSelected) {
 }
 
 TEST_F(TaskEditor, BoxesEnableWhatHangsOnThem) {
-    const struct {
-        int box;
-        std::vector<int> dependants;
-    } groups[] = {
-        {IDC_EXPORT_TO_NEW_FILE, {IDC_EXPORT_FILE, IDC_EXPORT_FILE_BROWSE}},
-        {IDC_IMPORT_INPUT_VALUES, {IDC_INPUT_VALUES_FILE, IDC_INPUT_ELEMENT_NAME, IDC_INPUT_ELEMENT_ID}},
-        {IDC_REPEAT_EVERY, {IDC_EVERY_VALUE, IDC_EVERY_SPIN, IDC_EVERY_UNIT, IDC_UNTIL_TIME}}};
-    for (const auto& group : groups) {
-        for (const bool on : {true, false}) {
-            Click(group.box);
-            for (const int id : group.dependants) {
-                EXPECT_EQ(IsEnabled(id), on) << id;
-            }
+    // Which they are, EditorRulesTest has in full.
+    for (const bool on : {true, false}) {
+        for (const int box : {IDC_EXPORT_TO_NEW_FILE, IDC_REPEAT_EVERY, IDC_GENERATE_URLS}) {
+            Click(box);
+        }
+        for (const int id : {IDC_EXPORT_FILE, IDC_EVERY_SPIN, IDC_SCRIPT_FILE_BROWSE}) {
+            EXPECT_EQ(IsEnabled(id), on) << id;
         }
     }
     Click(IDC_GENERATE_URLS);
-    EXPECT_TRUE(IsEnabled(IDC_SCRIPT_FILE));
-    EXPECT_TRUE(IsEnabled(IDC_SCRIPT_FILE_BROWSE));
-
     dialog->ShowWindow(SW_SHOW);
     Click(IDC_ADD_URLS);
     SetFocus(Item(IDC_URLS_FILE));
-    dialog->SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_URLS, 1),
-                        reinterpret_cast<LPARAM>(Item(IDC_ADD_URLS)));
+    Command(IDC_ADD_URLS, 1);
     EXPECT_EQ(GetFocus(), Item(IDC_URLS_FILE)) << "no click";
     dialog->CheckDlgButton(IDC_ADD_URLS, false);
-    dialog->SendMessage(WM_COMMAND, MAKEWPARAM(IDC_ADD_URLS, BN_CLICKED),
-                        reinterpret_cast<LPARAM>(Item(IDC_ADD_URLS)));
+    Command(IDC_ADD_URLS, BN_CLICKED);
     EXPECT_EQ(GetFocus(), Item(IDC_GENERATE_URLS)) << "not left on a control that takes no keys";
 }
 
@@ -114,8 +103,7 @@ TEST_F(TaskEditor, ExportFileIsOnWhileItHasAName) {
     for (const stBrowseButton& browse : kBrowseButtons) {
         Type(browse.edit, L"C:\\old.csv");
         const FileDialogAnswer answer(L"C:\\chosen.csv");
-        dialog->SendMessage(WM_COMMAND, static_cast<WPARAM>(browse.button),
-                            reinterpret_cast<LPARAM>(Item(browse.button)));
+        Command(browse.button, BN_CLICKED);
         EXPECT_TRUE(answer.open);
         EXPECT_EQ(answer.fileName, L"C:\\old.csv");
         EXPECT_EQ(answer.extension, browse.extension);
@@ -132,7 +120,6 @@ TEST_F(TaskEditor, ScriptButtonEditsTheScriptFile) {
     const std::wstring missing = folder.Path(L"missing.js");
     const std::wstring chosen = folder.Path(L"chosen.js");
     const struct {
-        const char* what;
         std::wstring path;
         const wchar_t* shown;
         int button;
@@ -141,42 +128,35 @@ TEST_F(TaskEditor, ScriptButtonEditsTheScriptFile) {
         int saveDialogs;
         std::wstring pathAfter, fileAfter;
         const char* bytesAfter;
-    } cases[] = {
-        {"Cancel", present, L"old", IDCANCEL, L"x", chosen, 0, present, present, "old"},
-        {"a file that is there", present, L"old", IDOK, L"var f;", chosen, 0, present, present, "var f;"},
-        {"no save", missing, L"", IDOK, L"var g;", std::nullopt, 1, missing, present, "var f;"},
-        {"a new file", missing, L"", IDOK, L"\u00E4", chosen, 1, chosen, chosen, "\xC3\xA4"},
-        {"no file at all", L"", L"", IDOK, L"var h;", present, 1, present, present, "var h;"},
-        {"emptied", present, L"var h;", IDOK, L"", chosen, 0, L"", present, "var h;"},
-    };
+    } cases[] = {{present, L"old", IDCANCEL, L"x", chosen, 0, present, present, "old"},
+                 {present, L"old", IDOK, L"var f;", chosen, 0, present, present, "var f;"},
+                 {missing, L"", IDOK, L"var g;", std::nullopt, 1, missing, present, "var f;"},
+                 {missing, L"", IDOK, L"\u00E4", chosen, 1, chosen, chosen, "\xC3\xA4"},
+                 {L"", L"", IDOK, L"var h;", present, 1, present, present, "var h;"},
+                 {present, L"var h;", IDOK, L"", chosen, 0, L"", present, "var h;"}};
     Select({0, 1});
     for (const auto& item : cases) {
-        SCOPED_TRACE(item.what);
+        SCOPED_TRACE(item.script);
         Type(IDC_SCRIPT_FILE, item.path.c_str());
         const FileDialogAnswer save(item.answer);
         const DialogSteps steps({[&](HWND editor) {
             EXPECT_EQ(GetWindow(editor, GW_OWNER), dialog->m_hWnd);
-            EXPECT_EQ(CWnd(editor).GetDlgItemText(IDC_SCRIPT_LANGUAGE), L"JScript");
             EXPECT_EQ(CWnd(editor).GetDlgItemText(IDC_SCRIPT_TEXT), item.shown);
             SetDlgItemTextW(editor, IDC_SCRIPT_TEXT, item.script);
             SendDlgItemMessageW(editor, item.button, BM_CLICK, 0, 0);
         }});
-        dialog->SendMessage(WM_COMMAND, IDC_SCRIPT_FILE_BROWSE,
-                            reinterpret_cast<LPARAM>(Item(IDC_SCRIPT_FILE_BROWSE)));
+        Command(IDC_SCRIPT_FILE_BROWSE, BN_CLICKED);
         EXPECT_EQ(steps.count, 1U);
         ASSERT_EQ(save.count, item.saveDialogs);
         if (save.count != 0) {
             EXPECT_FALSE(save.open);
             EXPECT_EQ(save.fileName, item.path);
-            EXPECT_EQ(save.extension, L"js");
-            EXPECT_EQ(save.filter,
-                      L"JScript Files (*.js)|*.js|VBScript Files (*.vbs)|*.vbs|All Files (*.*)|*.*|");
-            EXPECT_NE(save.flags & OFN_HIDEREADONLY, 0U);
+            EXPECT_EQ(save.extension + L' ' + save.filter,
+                      L"js JScript Files (*.js)|*.js|VBScript Files (*.vbs)|*.vbs|All Files (*.*)|*.*|");
         }
         EXPECT_EQ(dialog->GetDlgItemText(IDC_SCRIPT_FILE), item.pathAfter);
         EXPECT_EQ(Task(1).m_strScriptFile, item.pathAfter);
-        std::ifstream file(std::filesystem::path(item.fileAfter), std::ios::binary);
-        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), item.bytesAfter);
+        EXPECT_EQ(BytesOf(item.fileAfter), item.bytesAfter);
     }
 }
 
