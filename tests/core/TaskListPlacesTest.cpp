@@ -2,7 +2,7 @@
 
 #include "core/WindowsFileSystem.h"
 #include "tests/support/TemporaryFolder.h"
-#include "ui/TaskListPlaces.h"
+#include "core/TaskListPlaces.h"
 #include "util/FileTests.h"
 
 TEST(TaskListPlaces, OldListIsMovedWholeOrNotAtAll) {
