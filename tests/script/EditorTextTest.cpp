@@ -2,31 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "script/ScriptTexts.h"
-
 namespace {
 
 using Names = std::vector<std::wstring>;
-
-// Three templates of JScript, the first without a function.
-class CTexts : public IScriptTexts {
-public:
-    [[nodiscard]] std::wstring GetTemplate(std::int32_t number) const override {
-        std::wstring main = L"\r\nfunction {{MAIN_FUNCTION_NAME}} ( text, url ) {\r\n}\r\n";
-        switch (number) {
-            case 62001:
-                return main;
-            case 62003:
-            case 62015:
-            case 62101:
-                return main + L"\r\n// x\r\nfunction f" + std::to_wstring(number % 10) +
-                       L" ( text ) {\r\n}\r\n";
-            default:
-                return {};
-        }
-    }
-    [[nodiscard]] std::wstring GetCatalogue(std::wstring_view) const override { return {}; }
-};
 
 TEST(EditorText, TheFirstLinesColumnsLagByOne) {
     const struct {
@@ -68,32 +46,9 @@ TEST(EditorText, LineBreaksAreTypedAsFourCharacters) {
     EXPECT_EQ(FromParameterField(L"\\\\r\\n"), L"\\\r\n") << "no escape of the backslash";
 }
 
-TEST(EditorText, CataloguesAndTemplatesAsListsOfferThem) {
+TEST(EditorText, CataloguesAsListsOfferThem) {
     EXPECT_EQ(CatalogueEntries(L"Abs( <<number>> )\r\n\r\n \t \r\n  Chr \r\n"),
               (Names{L"Abs( <<number>> )", L"Chr"}));
-
-    const CTexts texts;
-    const CScriptGenerator generator(texts);
-    const auto offered = OfferedTemplates(generator, L"jSCRIPT");
-    ASSERT_EQ(offered.size(), 2U)
-        << "not the main function alone, not what is missing, nothing of another list";
-    EXPECT_EQ(offered[0].number, 62003);
-    EXPECT_EQ(offered[0].name, L"f3");
-    EXPECT_EQ(offered[1].number, 62015);
-    EXPECT_TRUE(OfferedTemplates(generator, L"Perl").empty());
-}
-
-TEST(EditorText, FileTypesFollowTheExactLanguage) {
-    EXPECT_STREQ(ScriptFileType(L"VBScript").filter,
-                 L"VBScript (*.vbs)|*.vbs|Script Files(*.txt)|*.txt|All Files(*.*)|*.*||");
-    EXPECT_STREQ(ScriptFileType(L"VBScript").extension, L"vbs");
-    EXPECT_STREQ(ScriptFileType(L"JScript").filter,
-                 L"Java Script (*.js)|*.js|Script Files(*.txt)|*.txt|All Files(*.*)|*.*||");
-    EXPECT_STREQ(ScriptFileType(L"JScript").extension, L"js");
-    EXPECT_STREQ(ScriptFileType(L"jscript").filter,
-                 L"VBScript (*.vbs)|*.vbs|Java Script (*.js)|*.js|Script Files(*.txt)|*.txt|All "
-                 L"Files(*.*)|*.*||");
-    EXPECT_EQ(ScriptFileType(L"jscript").extension, nullptr);
 }
 
 }  // namespace

@@ -212,20 +212,17 @@ TEST_F(ScriptDlg, TellsWhereTheCaretIs) {
     dialog.ShowWindow(SW_SHOW);
     CEdit box(Item(IDC_SCRIPT_TEXT));
     box.SetFocus();
-    const auto at = [&](DWORD start, DWORD end) {
-        box.SetSel(start, end);
-        Send(box.m_hWnd, WM_KEYDOWN, VK_SHIFT);
-        return Text(IDC_SCRIPT_CARET);
-    };
     const struct {
         DWORD start, end;
         const wchar_t* text;
-    } cases[] = {{0, 0, L"Ln 1, Col 1"}, {1, 1, L"Ln 1, Col 1"}, {3, 3, L"Ln 1, Col 3"},
-                 {5, 5, L"Ln 2, Col 1"}, {6, 6, L"Ln 2, Col 2"}, {16, 16, L"Ln 3, Col 6"},
-                 {1, 6, L"Ln 2, Col 2"}, {6, 1, L"Ln 1, Col 2"}};  // selected backwards: the caret's line,
-                                                                   // the selection's end
+    } cases[] = {{3, 3, L"Ln 1, Col 3"},
+                 {16, 16, L"Ln 3, Col 6"},
+                 {1, 6, L"Ln 2, Col 2"},
+                 {6, 1, L"Ln 1, Col 2"}};  // selected backwards: the caret's line, the selection's end
     for (const auto& item : cases) {
-        EXPECT_EQ(at(item.start, item.end), item.text) << item.start << '-' << item.end;
+        box.SetSel(item.start, item.end);
+        Send(box.m_hWnd, WM_KEYDOWN, VK_SHIFT);
+        EXPECT_EQ(Text(IDC_SCRIPT_CARET), item.text);
     }
     const LRESULT point = box.SendMessage(EM_POSFROMCHAR, 12);
     EXPECT_TRUE(Send(box.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, point));
@@ -454,29 +451,6 @@ TEST_F(ScriptDlg, RunTestShowsTheResultsOfMain) {
     SetDlgItemTextW(dialog.m_hWnd, IDC_SCRIPT_TEST_RESULT, L"kept");
     Click(IDC_SCRIPT_TEST_RUN);
     EXPECT_EQ(Text(IDC_SCRIPT_TEST_RESULT), L"kept");
-}
-
-TEST_F(ScriptDlg, RunsInTheMachinesEngine) {
-    Open(L"");
-    const struct {
-        int language;
-        const wchar_t* script;
-        const wchar_t* shown;
-        std::size_t boxes;
-    } cases[] = {
-        {0, L"function Main ( text, url ) { return text + '|' + url; }", L"x|", 0},
-        {0, L"function Main ( text ) { return arguments.length + text; }", L"1x", 0},
-        {1, L"Function Main ( text, url )\r\nMain = Array ( text, \"y\" )\r\nEnd Function", L"x\r\ny", 0},
-        {1, L"Function Main ( text\r\nEnd Function", L"", 2}};
-    SetDlgItemTextW(dialog.m_hWnd, IDC_SCRIPT_TEST_TEXT, L"x");
-    for (const auto& item : cases) {
-        const MessageRecorder boxes;
-        SetLanguage(item.language);
-        Type(item.script);
-        Click(IDC_SCRIPT_TEST_RUN);
-        EXPECT_EQ(Text(IDC_SCRIPT_TEST_RESULT), item.shown);
-        EXPECT_EQ(boxes.texts.size(), item.boxes);
-    }
 }
 
 TEST_F(ScriptDlg, LoadsAndSavesFiles) {

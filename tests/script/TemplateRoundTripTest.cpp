@@ -177,31 +177,6 @@ TEST_P(RoundTrip, FiveAddedToAScriptRunInTurn) {
     }
 }
 
-// The same with helpers as they are, two of them there twice.
-TEST_P(RoundTrip, FiveHelpersOfTheLibraryRunInTurn) {
-    const CScriptGenerator library(ScriptLibrary());
-    const bool isVBScript = language == kVBScript;
-    const struct {
-        std::int32_t number;
-        std::vector<std::wstring> params;
-    } steps[] = {
-        {isVBScript ? 61323 : 62005, {L"1", L"\"2\""}},
-        {isVBScript ? 61319 : 62002, {L";", L"1"}},
-        {isVBScript ? 61323 : 62005, {L"\"", L"\\"}},
-        {isVBScript ? 61319 : 62002, {L";", L"0"}},
-        {isVBScript ? 61322 : 62013, {}},
-    };
-    std::wstring script;
-    for (const auto& step : steps) {
-        CScriptGenerator::stTemplate record{.number = step.number, .params = {}};
-        for (const std::wstring& param : step.params) {
-            record.params.Add(param);
-        }
-        script = library.AddToScript(language, script, &record);
-    }
-    EXPECT_EQ(RunMain(language, script, L"<i>1</i>;<i>1;1</i>"), L"\\2\\;");
-}
-
 INSTANTIATE_TEST_SUITE_P(Languages, RoundTrip, testing::Values(kVBScript, kJScript),
                          [](const auto& each) { return testing::PrintToString(each.index); });
 
