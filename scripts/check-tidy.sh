@@ -84,6 +84,7 @@ batch() {
 }
 
 configured "${presets[@]}"
+rm -rf "$batches"
 mkdir -p "$batches"
 cp tests/.clang-tidy "$batches/.clang-tidy"
 common=$(clang-tidy --version | cat - .clang-tidy tests/.clang-tidy "$0")

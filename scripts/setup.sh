@@ -2,7 +2,7 @@
 # Installs with apt what is missing on a Debian 12, and only that; with nothing missing it says nothing and is quick.
 #
 #   scripts/setup.sh SET...     sets: build, wine64, wine32 (which makes the 32-bit Wine root as well), desktop, checks,
-#                               package, bench
+#                               package, coverage, bench
 #
 # The only place that lists packages.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
@@ -14,6 +14,7 @@ declare -A packages=(
     [desktop]="xvfb xdotool imagemagick"
     [wine32]="debootstrap util-linux mount"
     [checks]="g++ clang clang-format clang-tidy cppcheck libclang-rt-14-dev valgrind libc6-dbg tzdata shellcheck"
+    [coverage]="g++ gcovr"
     [package]="nsis zip unzip"
     [bench]="g++ libsimpleini-dev libbenchmark-dev systemd python3-croniter"
 )
