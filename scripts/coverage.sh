@@ -10,7 +10,7 @@ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS='--co
 cmake --build "$build" --target scv_tests >>"$build.log" || { cat "$build.log" && exit 1; }
 find "$build" -name '*.gcda' -delete
 "$build/tests/scv_tests" >>"$build.log" || { cat "$build.log" && exit 1; }
-gcovr --root . --filter '(util|core|layout|script|ui|cli)/' --txt "$report" "$build"
+gcovr --root . --filter '(util|core|layout|script|ui|cli)/' --txt "$report" "$build" 2>>"$build.log"
 
 awk '
     $2 ~ /^[0-9]+$/ && $1 ~ /\// {

@@ -81,19 +81,36 @@ TEST(PrivateProfile, RemovesHeaderAndKeysOfTheFirstSectionOfThatName) {
     EXPECT_EQ(AfterRemoval("[a]\n[b]\n;c", {L"b", L"a"}), ";c");
     EXPECT_FALSE(CPrivateProfile("[s]\n").RemoveSection(L"t"));
 
+    const auto namesOf = [](const CPrivateProfile& any) {
+        std::wstring names;
+        any.ForEachSection([&names](std::wstring_view name) { names += name; });
+        return names;
+    };
     CPrivateProfile profile("[a]\nk=1\n\n[b]\nk=2\n;b\n[c]\nk=3\n;c");
     profile.RemoveSection(L"b");
     profile.RemoveSection(L"c");
     profile.SetStrings(L"d", Entries{{L"k", L"4"}});
     profile.SetStrings(L"e", Entries{{L"k", L"5"}});
     EXPECT_EQ(profile.Serialise(), "[a]\nk=1\n\n;b\n;c\n[d]\nk=4\n[e]\nk=5\n");
+    EXPECT_EQ(namesOf(profile), L"ade");
     profile.RemoveSection(L"d");
     profile.SetStrings(L"a", Entries{{L"l", L"6"}});
     profile.SetStrings(L"b", Entries{{L"k", L"7"}});
     EXPECT_EQ(profile.Serialise(), "[a]\nk=1\n\n;b\n;c\nl=6\n[e]\nk=5\n[b]\nk=7\n");
-    std::wstring names;
-    profile.ForEachSection([&names](std::wstring_view name) { names += name; });
-    EXPECT_EQ(names, L"aeb");
+    EXPECT_EQ(namesOf(profile), L"aeb");
+    EXPECT_EQ(namesOf(CPrivateProfile("[f \t]g]\n[\xe9 ] x\n")), L"f\u00e9");
+}
+
+TEST(PrivateProfile, NumbersHaveASignAndABase) {
+    const struct {
+        const char* text;
+        std::int32_t number;
+    } cases[] = {{"'", 0},       {"", 77},      {"' \t-12x'", -12}, {"+7", 7}, {"0x1fg", 31},
+                 {"-0b101", -5}, {"0o178", 15}, {"0X1", 0},         {"a", 0},  {"4294967295", -1}};
+    for (const auto& each : cases) {
+        const CPrivateProfile profile(std::string("[\xe9 ]\nn=") + each.text + "\n");
+        EXPECT_EQ(profile.GetInt(L"\u00c9", L"n", 77), each.number) << each.text;
+    }
 }
 
 TEST(PrivateProfile, KeepsTheEncodingUntilItCannotHoldAText) {

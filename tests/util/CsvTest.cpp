@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <cwctype>
+#include <stdexcept>
 
 #include "util/WhiteSpace.h"
 
@@ -57,6 +58,7 @@ TEST(Csv, SplitsAtSeparatorsOutsideQuotes) {
         const bool allowed = c.quotes == AtStart || c.quotes == Anywhere;
         const std::int32_t count = csv.Split(c.text, c.separator, allowed, c.quotes >= Anywhere);
         EXPECT_EQ(count, csv.GetSize());
+        EXPECT_THROW((void)csv.GetAt(count), std::invalid_argument);
         EXPECT_EQ(Fields(csv.begin(), csv.end()), c.fields) << testing::PrintToString(c.text);
     }
 }
