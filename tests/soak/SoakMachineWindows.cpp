@@ -43,11 +43,11 @@ Usage MeasureUsage() {
     // Nor does it count handles; but it gives the lowest one that is free, so that these fill the holes and
     // then reach as far above their own number as there are others.
     std::vector<CKernelHandle> probes;
-    std::intptr_t highest = 0;
+    std::int64_t used = handles;
     while (handles == 0 && probes.size() < 256) {
         probes.emplace_back(CreateEventW(nullptr, FALSE, FALSE, nullptr));
-        highest = std::max(highest, reinterpret_cast<std::intptr_t>(probes.back().Get()) / 4);
+        used = std::max<std::int64_t>(used, reinterpret_cast<std::intptr_t>(probes.back().Get()) / 4);
     }
     // The heap takes and keeps pages.
-    return {static_cast<std::int64_t>(bytes), handles != 0 ? handles : highest, 1 << 20};
+    return {static_cast<std::int64_t>(bytes), used, 1 << 20};
 }
