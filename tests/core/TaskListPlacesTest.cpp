@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "core/TaskListPlaces.h"
 #include "core/WindowsFileSystem.h"
 #include "tests/support/TemporaryFolder.h"
-#include "core/TaskListPlaces.h"
 #include "util/FileTests.h"
 
 TEST(TaskListPlaces, OldListIsMovedWholeOrNotAtAll) {
