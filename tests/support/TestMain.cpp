@@ -9,6 +9,7 @@
 
 #include "core/LocalTime.h"
 #ifdef _WIN32
+#include "tests/support/HeapChecks.h"
 #include "tests/support/OpenDialogs.h"
 #include "util/ProcessHardening.h"
 #else
@@ -63,6 +64,9 @@ int main(int argc, char** argv) {
     testing::InitGoogleMock(&argc, argv);
     static Watchdog watchdog;  // is read until the process is gone
     testing::UnitTest::GetInstance()->listeners().Append(&watchdog);
+#ifdef _WIN32
+    testing::UnitTest::GetInstance()->listeners().Append(new HeapChecks);
+#endif
     const int result = RUN_ALL_TESTS();
     testing::UnitTest::GetInstance()->listeners().Release(&watchdog);
     return result;
