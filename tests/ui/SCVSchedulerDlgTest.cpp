@@ -19,12 +19,14 @@ using SCVSchedulerDlg = MainDialogTest;
 TEST_F(SCVSchedulerDlg, StartsHiddenWithTheSortedListAndItsFirstRow) {
     shell.programs[kProgramKey] = L"C:\\x\\Scrivane.exe";
     app.WriteProfileInt(kSection, L"ascSort", 0);
+    RegWriteString(HKEY_CURRENT_USER, kRunKey, L"SCVScheduler", L"x");
     Open({L"C:\\p\\a.scvpr", L"C:\\p\\c.scvpr", L"C:\\p\\b.scvpr"});
     EXPECT_EQ(dialog->GetWindowText(), WindowTitle(L"SCV Scheduler", SCV_VERSION));
     EXPECT_FALSE(dialog->IsWindowVisible());
     EXPECT_EQ(Rows(), (Names{L"c.scvpr", L"b.scvpr", L"a.scvpr"}));
     EXPECT_EQ(Selected(), Names{L"c.scvpr"});
     EXPECT_EQ(dialog->GetDlgItemText(IDC_PROGRAM_PATH), L"C:\\x\\Scrivane.exe");
+    EXPECT_TRUE(dialog->IsDlgButtonChecked(IDC_RUN_AT_STARTUP));
     EXPECT_TRUE(GetWindowLongPtrW(dialog->m_hWnd, GWL_EXSTYLE) & WS_EX_ACCEPTFILES);
     EXPECT_TRUE(KillTimer(dialog->m_hWnd, CSCVSchedulerDlg::kTimer));
     EXPECT_TRUE(dialog->SendMessage(WM_GETICON, ICON_BIG));

@@ -32,6 +32,10 @@ TEST_F(Registry, TextsComeBackUpToTheLimit) {
     EXPECT_EQ(Write(L"v", (longest + L'x').c_str()), 1);
     EXPECT_EQ(Read(L"v"), L"kept") << "127 characters";
     EXPECT_EQ(Read(L"other"), L"kept");
+    DWORD bytes = 0;
+    EXPECT_EQ(Write(L"v", L""), 1);
+    RegGetValueW(HKEY_CURRENT_USER, m_key.c_str(), L"v", RRF_RT_REG_SZ, nullptr, nullptr, &bytes);
+    EXPECT_EQ(bytes, sizeof(wchar_t)) << "the terminator is stored";
     EXPECT_EQ(Write(nullptr, L"default"), 1);
     EXPECT_EQ(Read(nullptr), L"default");
 }
