@@ -72,6 +72,19 @@ TEST_F(TextFile, SavesUtf8InPlaceOfOrBehindWhatIsThere) {
     EXPECT_THAT(m_cancels.texts, IsEmpty());
 }
 
+TEST_F(TextFile, TwentyMegabytes) {
+    std::wstring text;
+    while (text.size() < 20'000'000) {
+        text += L"dim result \u0416\u4fa1 ' twenty bytes\r\n";
+    }
+    const std::wstring path = m_folder.Path(L"large");
+    EXPECT_EQ(SaveTextFile(text, path, false), 1);
+    EXPECT_TRUE(ReadTextFile(path) == text);
+    EXPECT_EQ(WriteBytesToFile("\xFF\xFE", 2, path, false), 1);
+    EXPECT_EQ(WriteBytesToFile(text.data(), text.size() * sizeof(wchar_t), path, true), 1);
+    EXPECT_TRUE(ReadTextFile(path) == L"\uFEFF" + text);
+}
+
 TEST_F(TextFile, AFileThatDoesNotOpenIsAskedForUntilTheUserCancels) {
     const std::wstring held = m_folder.File(L"held", "old");
     const std::wstring missing = m_folder.Path(std::wstring(240, L'x'));
