@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -13,6 +14,19 @@
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"
 
+// The words of a command line that holds no quotes: what stands between single blanks, nothing too.
+inline std::vector<std::string> Words(const std::string& line) {
+    std::vector<std::string> words(1);
+    for (const char c : line) {
+        if (c == ' ') {
+            words.emplace_back();
+        } else {
+            words.back() += c;
+        }
+    }
+    return words;
+}
+
 // The console program in memory: words in, texts and a list file out. The list is C:\l.ini, relative paths
 // lie below C:\w.
 class ConsoleRun : public testing::Test {
@@ -22,11 +36,10 @@ protected:
     }
 
     // The exit code; what was told is in `out` and `err` then.
-    int Run(std::vector<std::string> words) {
+    int Run(const std::string& line) {
         out.str("");
         err.str("");
-        words.insert(words.begin(), {"--list", "C:\\l.ini"});
-        ParsedCommandLine parsed = ParseArguments(std::move(words), FullPath);
+        const ParsedCommandLine parsed = ParseArguments(Words("--list C:\\l.ini " + line), FullPath);
         if (!parsed.arguments) {
             (parsed.exitCode == 0 ? out : err) << parsed.message;
             return parsed.exitCode;
@@ -43,6 +56,7 @@ protected:
     std::ostringstream out, err;
     std::string whyNot;
     int ticks = 1;
+    std::function<void()> onTick = [] {};
     const Context context{platform,
                           kList,
                           in,
@@ -54,6 +68,7 @@ protected:
                           [this](unsigned milliseconds) {
                               EXPECT_EQ(milliseconds, 2000U);
                               clock.now += 2;
+                              onTick();
                               return --ticks == 0;
                           }};
 };
