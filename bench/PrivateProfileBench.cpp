@@ -258,16 +258,16 @@ BENCHMARK(LoadEngine)
     ->Args({10000, 10})
     ->Args({100000, 1})
     ->Unit(benchmark::kMillisecond)
-    ->Repetitions(3);
-BENCHMARK(LoadSimpleIni)->Arg(10000)->Unit(benchmark::kMillisecond)->Repetitions(3);
+    ->Repetitions(5);
+BENCHMARK(LoadSimpleIni)->Arg(10000)->Unit(benchmark::kMillisecond)->Repetitions(5);
 BENCHMARK(ReadAllEngine)
     ->Args({1000, 1})
     ->Args({10000, 1})
     ->Args({10000, 10})
     ->Args({100000, 1})
     ->Unit(benchmark::kMillisecond)
-    ->Repetitions(3);
-BENCHMARK(ReadAllSimpleIni)->Arg(10000)->Unit(benchmark::kMillisecond)->Repetitions(3);
+    ->Repetitions(5);
+BENCHMARK(ReadAllSimpleIni)->Arg(10000)->Unit(benchmark::kMillisecond)->Repetitions(5);
 BENCHMARK(SaveEngine)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime()->Repetitions(5);
 BENCHMARK(SaveSimpleIni)->Arg(10000)->Unit(benchmark::kMillisecond)->UseRealTime()->Repetitions(5);
 BENCHMARK(WriteAllEngine)
@@ -276,7 +276,7 @@ BENCHMARK(WriteAllEngine)
     ->Args({10000, 10})
     ->Args({100000, 1})
     ->Unit(benchmark::kMillisecond)
-    ->Repetitions(3);
+    ->Repetitions(5);
 
 // Time of the quickest repetition by the benchmark's name: that of the processor, where nothing waits for the
 // disk.

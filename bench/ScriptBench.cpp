@@ -38,7 +38,10 @@ bool JudgeEditor() {
     const auto open = [&] {
         dialog.DestroyWindow();
         dialog.m_strScript = script;
-        dialog.Create(IDD_SCRIPT);
+        if (!dialog.Create(IDD_SCRIPT)) {
+            std::fputs("The editor could not be made.\n", stderr);
+            std::exit(2);
+        }
     };
     bool areMet = Judge("ms to open a script of 32,768 characters", Best(open), 500);
     const CEdit box(dialog.GetDlgItem(IDC_SCRIPT_TEXT));

@@ -1,13 +1,12 @@
 #include <windows.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
 
+#include "bench/Judge.h"
 #include "core/PrivateProfile.h"
 #include "core/SCVShchedulerTaskArray.h"
 #include "core/TaskListFile.h"
@@ -34,23 +33,6 @@ void Require(bool condition, const char* what) {
         std::fprintf(stderr, "scv_winbench: %s\n", what);
         std::exit(2);
     }
-}
-
-template <typename Work>
-double Seconds(Work work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-// The quickest of several: whatever else the machine does can only make it slower.
-template <typename Work>
-double BestSeconds(Work work) {
-    double best = Seconds(work);
-    for (int i = 1; i < kRepeats; ++i) {
-        best = std::min(best, Seconds(work));
-    }
-    return best;
 }
 
 void FillTasks(CSCVShchedulerTaskArray& tasks, int count) {
@@ -91,8 +73,8 @@ std::size_t LoadThroughSystem(int count, const std::wstring& path) {
 
 bool Report(const char* what, double system, double own, double bound) {
     const double ratio = system / own;
-    std::printf("%s: system %.3f s, own %.3f ms, %.0f times faster (bound %.0f): %s\n", what, system,
-                own * 1000, ratio, bound, ratio >= bound ? "met" : "MISSED");
+    std::printf("%s: system %.3f s, own %.3f ms, %.0f times faster (bound %.0f): %s\n", what, system / 1000,
+                own, ratio, bound, ratio >= bound ? "met" : "MISSED");
     return ratio >= bound;
 }
 
@@ -108,24 +90,28 @@ int wmain(int argc, wchar_t** argv) {
     FillTasks(tasks, count);
 
     // Every save changes every task: a text that stays the same would not be written.
-    const double ownSave = BestSeconds([&] {
-        for (int i = 0; i < count; ++i) {
-            ++tasks[i]->m_tLastRunTime;
-        }
-        Require(tasks.TrySave(files, path), "a save failed");
-    });
-    const double ownLoad = BestSeconds([&] {
-        CSCVShchedulerTaskArray loaded;
-        Require(loaded.Load(files, path) == 1 && loaded.GetSize() == count, "a load failed");
-    });
+    const double ownSave = Best(
+        [&] {
+            for (int i = 0; i < count; ++i) {
+                ++tasks[i]->m_tLastRunTime;
+            }
+            Require(tasks.TrySave(files, path), "a save failed");
+        },
+        kRepeats);
+    const double ownLoad = Best(
+        [&] {
+            CSCVShchedulerTaskArray loaded;
+            Require(loaded.Load(files, path) == 1 && loaded.GetSize() == count, "a load failed");
+        },
+        kRepeats);
 
     std::string bytes;
     Require(files.Read(path, bytes) == IFileSystem::Status::Ok, "the saved list cannot be read");
     const CPrivateProfile profile(bytes);
     const std::wstring systemPath = folder.Path(L"system.ini");
     std::size_t units = 0;
-    const double systemSave = Seconds([&] { SaveThroughSystem(profile, count, systemPath); });
-    const double systemLoad = Seconds([&] { units = LoadThroughSystem(count, systemPath); });
+    const double systemSave = Milliseconds([&] { SaveThroughSystem(profile, count, systemPath); });
+    const double systemLoad = Milliseconds([&] { units = LoadThroughSystem(count, systemPath); });
     Require(units > 0 && units == LoadThroughSystem(count, path),
             "the system reads something else from our file");
 

@@ -5,6 +5,8 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <optional>
 
@@ -43,11 +45,13 @@ struct Window {
             task.m_bRepeatOnMonthly = i % 3 == 1;
             task.m_bEnableEvery = i % 3 == 2;
         }
-        if (!tasks.TrySave(files, kList)) {
-            std::abort();
-        }
+        const bool isSaved = tasks.TrySave(files, kList);
         dialog.emplace(CPlatform{clock, files, shell}, kList);
-        dialog->Create(IDD_MAIN);
+        // A window that is not there is quick at everything.
+        if (!isSaved || !dialog->Create(IDD_MAIN) || List(LVM_GETITEMCOUNT) != count) {
+            std::fputs("The window with its tasks could not be made.\n", stderr);
+            std::exit(2);
+        }
     }
     LRESULT List(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
         return SendMessageW(dialog->GetDlgItem(IDC_PROJECT_LIST), message, wParam, lParam);

@@ -4,7 +4,7 @@
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . scripts/wine.sh
 
-scripts/setup.sh build wine64 bench
+scripts/setup.sh build wine64 desktop bench
 mkdir -p build
 say "Building (build/bench.log)"
 for preset in native-release windows-x64-release; do
@@ -28,8 +28,9 @@ run() {
 for program in build/native-release/bench/*; do
     [ ! -f "$program" ] || [ ! -x "$program" ] || run "$program" "$program"
 done
-trap 'wine_stop >/dev/null 2>&1' EXIT
+trap 'wine_stop >/dev/null 2>&1; display_stop' EXIT
 trap 'exit 130' INT TERM
+display_start
 wine_start x64 build/wine/bench >>build/bench.log 2>&1
 for program in build/windows-x64-release/bench/*.exe; do
     [ ! -f "$program" ] || run "$program" wine_run x64 "$program"
