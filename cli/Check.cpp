@@ -23,8 +23,7 @@
 
 namespace {
 
-constexpr std::int64_t kDay = 86400;
-constexpr std::int64_t kYear = 366 * kDay;
+constexpr std::int64_t kYear = 366 * kSecondsPerDay;
 constexpr std::int64_t kLastStoredInstant = std::numeric_limits<std::int32_t>::max();
 
 // Collects the findings of one task.
@@ -198,8 +197,9 @@ void TaskChecker::CheckClockChanges(const std::vector<ClockChange>& changes) {
     for (const ClockChange& change : changes) {
         const std::int64_t first = std::min(change.before, change.after);
         const std::int64_t last = std::max(change.before, change.after);
-        for (std::int64_t midnight = first - first % kDay; midnight < last; midnight += kDay) {
-            const std::chrono::sys_days day{std::chrono::days(midnight / kDay)};
+        for (std::int64_t midnight = first - first % kSecondsPerDay; midnight < last;
+             midnight += kSecondsPerDay) {
+            const std::chrono::sys_days day{std::chrono::days(midnight / kSecondsPerDay)};
             // Beside an Every rule the flagged days begin at midnight; the first of the month keeps the start
             // time.
             const bool fromMidnight = IsEveryActive() && m_task.HasWeekdayRepeat() != 0;

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr std::int64_t kDay = 86400;
-
 // Local time at the instant; the instant itself when it has none.
 std::int64_t Local(std::int64_t instant) {
     const LocalTime local = ToLocalTime(instant);
@@ -19,7 +17,7 @@ std::int64_t Local(std::int64_t instant) {
     const year_month_day date =
         year(local.year) / month(static_cast<unsigned>(local.month)) / day(static_cast<unsigned>(local.day));
     const std::int64_t seconds = (local.hour * 60 + local.minute) * 60 + local.second;
-    return sys_days(date).time_since_epoch().count() * kDay + seconds;
+    return sys_days(date).time_since_epoch().count() * kSecondsPerDay + seconds;
 }
 
 std::int64_t Offset(std::int64_t instant) {
@@ -30,10 +28,10 @@ std::int64_t Offset(std::int64_t instant) {
 
 std::vector<ClockChange> ClockChanges(std::int64_t from, std::int64_t to) {
     std::vector<ClockChange> changes;
-    for (std::int64_t low = from; low < to; low += kDay) {
+    for (std::int64_t low = from; low < to; low += kSecondsPerDay) {
         const std::int64_t offset = Offset(low);
-        std::int64_t old = low;                           // still the old offset
-        std::int64_t changed = std::min(low + kDay, to);  // the new one
+        std::int64_t old = low;                                     // still the old offset
+        std::int64_t changed = std::min(low + kSecondsPerDay, to);  // the new one
         if (Offset(changed) == offset) {
             continue;
         }

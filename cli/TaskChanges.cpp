@@ -9,9 +9,8 @@ namespace {
 
 // An instant whose local time of day is that minute, on the first day from today on that has it.
 std::int64_t InstantAt(int minuteOfDay, std::int64_t now) {
-    constexpr std::int64_t kDay = 86400;
     for (std::int64_t day = 0;; ++day) {
-        const LocalTime date = ToLocalTime(now + day * kDay);
+        const LocalTime date = ToLocalTime(now + day * kSecondsPerDay);
         const std::int64_t instant =
             FromLocalTime(date.year, date.month, date.day, minuteOfDay / 60, minuteOfDay % 60, 0);
         const LocalTime local = ToLocalTime(instant);

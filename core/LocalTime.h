@@ -19,6 +19,9 @@ struct LocalTime {
 // Never raises; see LocalTime for an instant that has no local time.
 [[nodiscard]] LocalTime ToLocalTime(std::int64_t instant) noexcept;
 
+// A day without a clock change, in seconds.
+inline constexpr std::int64_t kSecondsPerDay = 86400;
+
 // The instant of a local date and time, daylight saving left to the system. A local time that a clock change
 // skips or repeats comes out as the system decides: the Windows run-time answers one hour early for a skipped
 // time and the second of two, glibc one hour late and either of two.

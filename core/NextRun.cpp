@@ -14,8 +14,6 @@ namespace {
 
 using std::chrono::year_month_day;
 
-constexpr std::int64_t kDay = 86400;
-
 struct TimeOfDay {
     int hour = 0;
     int minute = 0;
@@ -47,7 +45,7 @@ std::int64_t FromLocalDate(const year_month_day& date, const TimeOfDay& time) {
 // What the clock on the wall shows, as seconds of an unchanging clock: differences of two are what clocks
 // differ by.
 std::int64_t WallSeconds(const year_month_day& date, const TimeOfDay& time) {
-    return std::chrono::sys_days{date}.time_since_epoch().count() * kDay +
+    return std::chrono::sys_days{date}.time_since_epoch().count() * kSecondsPerDay +
            (std::int64_t{time.hour} * 60 + time.minute) * 60;
 }
 
@@ -72,7 +70,7 @@ std::int64_t InstantOn(const year_month_day& date, const TimeOfDay& time) {
 // in between shifts a run by an hour, but never onto another date. A run on the last run's own date again
 // would be due on every tick until midnight.
 std::int64_t DaysAfter(const LocalTime& last, int days, const TimeOfDay& time) {
-    const std::int64_t instant = FromLocalDate(DateOf(last), time) + days * kDay;
+    const std::int64_t instant = FromLocalDate(DateOf(last), time) + days * kSecondsPerDay;
     const year_month_day date = std::chrono::sys_days{DateOf(last)} + std::chrono::days{days};
     return DateOf(ToLocalTime(instant)) == date ? instant : InstantOn(date, time);
 }
@@ -82,9 +80,9 @@ std::int64_t DaysAfter(const LocalTime& last, int days, const TimeOfDay& time) {
 std::int64_t FirstOfNextMonth(const LocalTime& last, const TimeOfDay& time) {
     using namespace std::chrono;
     const year_month month{year{last.year}, std::chrono::month{static_cast<unsigned>(last.month)}};
-    const std::int64_t beyond = FromLocalDate(month / 1, time) + 32 * kDay;
+    const std::int64_t beyond = FromLocalDate(month / 1, time) + 32 * kSecondsPerDay;
     LocalTime local = ToLocalTime(beyond);
-    const std::int64_t instant = beyond - (local.day - 1) * kDay;
+    const std::int64_t instant = beyond - (local.day - 1) * kSecondsPerDay;
     if (instant != beyond) {
         local = ToLocalTime(instant);
     }

@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr std::wstring_view kLineBreak = L"\r\n";
 constexpr std::wstring_view kTypedLineBreak = L"\\r\\n";
 
 std::wstring Replaced(std::wstring_view text, std::wstring_view what, std::wstring_view with) {

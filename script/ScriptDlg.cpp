@@ -16,7 +16,6 @@
 namespace {
 
 constexpr wchar_t kSection[] = L"CScriptDlg";
-constexpr wchar_t kMain[] = L"Main";
 // Of the default place, from the screen's edges in pixels.
 constexpr int kScreenMargin = 100;
 
@@ -319,7 +318,7 @@ void CScriptDlg::OnNew() {
     if (MayReplaceScript()) {
         CScriptGenerator::stTemplate record;
         record.number = kMainFunctions[m_languages.GetCurSel() == 0 ? 0 : 1];
-        SetScript(m_generator.InstantiateTemplate(Language(), &record, kMain));
+        SetScript(m_generator.InstantiateTemplate(Language(), &record, kMainFunction));
         m_bModified = false;
     }
 }
@@ -347,7 +346,7 @@ void CScriptDlg::UseTemplate(bool replacesScript) {
     if (dialog.DoModal(language, &record) != IDOK) {
         return;
     }
-    SetScript(replacesScript ? m_generator.InstantiateTemplate(language, &record, kMain)
+    SetScript(replacesScript ? m_generator.InstantiateTemplate(language, &record, kMainFunction)
                              : m_generator.AddToScript(language, m_script.GetWindowText(), &record));
     m_bModified = false;
     OnRunTest();
@@ -397,11 +396,11 @@ void CScriptDlg::OnRunTest() {
     if (controller->SetLanguage(Language()) >= 0 && controller->AddCode(m_script.GetWindowText()) >= 0) {
         CStringArray arguments;
         arguments.Add(GetDlgItemText(IDC_SCRIPT_TEST_TEXT));
-        if (controller->GetParamCount(kMain) > 1) {
+        if (controller->GetParamCount(kMainFunction) > 1) {
             arguments.Add(m_strTestUrl);
         }
         CStringArray results;
-        if (controller->Run(kMain, &arguments, results) >= 0) {
+        if (controller->Run(kMainFunction, &arguments, results) >= 0) {
             text = JoinResults(results);
         }
     }

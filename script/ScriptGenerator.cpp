@@ -12,8 +12,6 @@
 namespace {
 
 constexpr std::wstring_view kMainNameMark = L"{{MAIN_FUNCTION_NAME}}";
-constexpr std::wstring_view kMain = L"Main";
-constexpr std::wstring_view kLineBreak = L"\r\n";
 constexpr std::wstring_view kBlankLine = L"\r\n\r\n";
 constexpr int kMostParams = 3;
 
@@ -151,13 +149,13 @@ std::wstring CScriptGenerator::GenerateScript(std::wstring_view language,
         return {};
     }
     if (records.size() == 1) {
-        return InstantiateTemplate(language, records.data(), kMain);
+        return InstantiateTemplate(language, records.data(), kMainFunction);
     }
     std::wstring functions;
     std::wstring call = L"text";
     int number = 0;
     for (const stTemplate& record : records) {
-        const std::wstring name = std::wstring(kMain) + std::to_wstring(++number);
+        const std::wstring name = std::wstring(kMainFunction) + std::to_wstring(++number);
         const std::wstring text = InstantiateTemplate(language, &record, name);
         if (!text.empty()) {
             functions.append(kBlankLine).append(text);
@@ -180,10 +178,10 @@ std::wstring CScriptGenerator::AddToScript(std::wstring_view language, std::wstr
     if (record == nullptr) {
         return {};
     }
-    const bool hasMain = FindAfterStart(script, kMain) != std::wstring_view::npos;
-    std::wstring name(kMain);
+    const bool hasMain = FindAfterStart(script, kMainFunction) != std::wstring_view::npos;
+    std::wstring name(kMainFunction);
     for (int number = 2; FindAfterStart(script, name) != std::wstring_view::npos; ++number) {
-        name = std::wstring(kMain) + std::to_wstring(number);
+        name = std::wstring(kMainFunction) + std::to_wstring(number);
     }
     std::wstring result(script);
     if (hasMain) {

@@ -9,6 +9,10 @@
 
 class IScriptTexts;
 
+// The function that a script is entered by, and what ends a script's lines.
+inline constexpr wchar_t kMainFunction[] = L"Main";
+inline constexpr std::wstring_view kLineBreak = L"\r\n";
+
 // Makes scripts out of templates. A script's entry is a function Main ( text, url ) that returns the new
 // text; a template is such a function and the helper that it calls with up to three values of the user's.
 //

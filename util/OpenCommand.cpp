@@ -6,10 +6,10 @@
 
 namespace {
 
-constexpr auto kNone = std::wstring::npos;
+constexpr auto kNowhere = std::wstring::npos;
 
 void ReplaceAll(std::wstring& text, const std::wstring& what, const std::wstring& with) {
-    for (std::size_t at = text.find(what); at != kNone; at = text.find(what, at + with.size())) {
+    for (std::size_t at = text.find(what); at != kNowhere; at = text.find(what, at + with.size())) {
         text.replace(at, what.size(), with);
     }
 }
@@ -21,8 +21,8 @@ void ExpandVariables(std::wstring& command,
     constexpr std::size_t kLongest = 32767;
     for (int turn = 0; turn < kTurns && command.size() <= kLongest; ++turn) {
         const std::size_t first = command.find(L'%');
-        const std::size_t second = first == kNone ? kNone : command.find(L'%', first + 1);
-        if (second == kNone) {
+        const std::size_t second = first == kNowhere ? kNowhere : command.find(L'%', first + 1);
+        if (second == kNowhere) {
             return;
         }
         const std::wstring token = command.substr(first, second - first + 1);
@@ -35,8 +35,8 @@ void ExpandVariables(std::wstring& command,
 std::wstring ProgramOfOpenCommand(std::wstring command,
                                   const std::function<std::wstring(const std::wstring& name)>& environment) {
     const std::size_t quote = command.find(L'"');
-    const std::size_t end = quote == kNone ? command.find(L' ') : command.find(L'"', quote + 1);
-    if (end != kNone) {
+    const std::size_t end = quote == kNowhere ? command.find(L' ') : command.find(L'"', quote + 1);
+    if (end != kNowhere) {
         command.resize(end + 1);
     }
     ExpandVariables(command, environment);

@@ -7,13 +7,13 @@
 
 TEST(NextRuns, EachRunCountsAsMadeBeforeTheNextIsComputed) {
     using Runs = std::vector<std::int64_t>;
-    constexpr std::int64_t kDay = 86400;
     const std::int64_t start = FromLocalTime(2024, 6, 3, 9, 0, 0);  // a Monday, no clock change near
     CSCVShchedulerTask task(start);
     task.m_tStartTime = start;
     EXPECT_EQ(NextRuns(task, start - 60, 5), Runs{start});
     task.m_bRepeatOnMon = task.m_bRepeatOnThu = 1;
-    EXPECT_EQ(NextRuns(task, start - 60, 3), (Runs{start, start + 3 * kDay, start + 7 * kDay}));
+    EXPECT_EQ(NextRuns(task, start - 60, 3),
+              (Runs{start, start + 3 * kSecondsPerDay, start + 7 * kSecondsPerDay}));
     EXPECT_EQ(task.m_tLastRunTime, 0) << "the task is left as it was";
     task.m_bRepeatOnMon = task.m_bRepeatOnThu = 0;
     task.m_bEnableEvery = 1;
