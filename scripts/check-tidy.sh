@@ -71,10 +71,15 @@ closure() {
     printf '%s\n' "${!seen[@]}" | LC_ALL=C sort
 }
 
-# batch FILE...: one source out of several tests. What tests take in costs twenty times what they hold, and so it is read
-# only once: first all headers, then the tests, each in a namespace, for their helpers are often called the same.
+# batch tests|program FILE...: one source out of several of a folder. What they take in costs twenty times what they hold,
+# and so it is read only once. Tests, whose helpers are often called the same, come each in a namespace, after all headers.
 batch() {
-    local file number=0
+    local kind=$1 file number=0
+    shift
+    if [ "$kind" = program ]; then
+        printf '#include "%s"\n' "$@"
+        return
+    fi
     awk '/^#if/ { depth++ } /^#endif/ { depth-- } !depth && /^#include (<|"[^"]*\.h")/ && !seen[$0]++' "$@" |
         awk '/<(winsock2|windows)\.h>/ { print; next } { rest = rest $0 "\n" } END { printf "%s", rest }'
     for file in "$@"; do
@@ -85,8 +90,9 @@ batch() {
 
 configured "${presets[@]}"
 rm -rf "$batches"
-mkdir -p "$batches"
-cp tests/.clang-tidy "$batches/.clang-tidy"
+mkdir -p "$batches/tests" "$batches/program"
+cp tests/.clang-tidy "$batches/tests/.clang-tidy"
+printf 'Checks: -bugprone-suspicious-include\nInheritParentConfig: true\n' >"$batches/program/.clang-tidy"
 common=$(clang-tidy --version | cat - .clang-tidy tests/.clang-tidy "$0")
 
 jobs=()
@@ -113,28 +119,33 @@ for preset in "${presets[@]}"; do
         [ $# -eq 0 ] || [[ " $* " == *" $file "* ]] || continue
         count=$((count + 1))
         case $file in
-        tests/support/*) singles+=("$file") ;;
-        tests/*Test.cpp) groups["$(dirname "$file") ${command[$preset:$file]}"]+=" $file" ;;
-        *) singles+=("$file") ;;
+        tests/support/* | bench/* | fuzz/* | */Main.cpp) singles+=("$file") ;;
+        tests/*Test.cpp) groups["tests $(dirname "$file") ${command[$preset:$file]}"]+=" $file" ;;
+        tests/*) singles+=("$file") ;;
+        *) groups["program $(dirname "$file") ${command[$preset:$file]}"]+=" $file" ;;
         esac
     done < <(built_sources "$preset")
 
-    database=$batches/$preset
-    mkdir -p "$database"
-    entries=
+    declare -A entries=()
     for group in "${!groups[@]}"; do
         read -r -a files <<<"${groups[$group]}"
         if [ ${#files[@]} -eq 1 ]; then
             singles+=("${files[0]}")
             continue
         fi
-        unit=$database/$(dirname "${files[0]}" | tr / -)-${#files[@]}.cpp
-        batch "${files[@]}" >"$unit"
-        entries+="${entries:+,}{\"directory\": \"$SCV_ROOT/build/$preset\",
+        kind=${group%% *}
+        database=$batches/$kind/$preset
+        mkdir -p "$database"
+        # So named, clang's analyzer follows the paths through what it takes in as well.
+        unit=$database/UnifiedSource-$(dirname "${files[0]}" | tr / -)-${#files[@]}.cpp
+        batch "$kind" "${files[@]}" >"$unit"
+        entries[$kind]+="${entries[$kind]:+,}{\"directory\": \"$SCV_ROOT/build/$preset\",
 ${command[$preset:${files[0]}]} -c $SCV_ROOT/$unit\", \"file\": \"$SCV_ROOT/$unit\"}"
         add_job "$preset" "$unit" "$database" "${files[@]}"
     done
-    printf '[%s]\n' "$entries" >"$database/compile_commands.json"
+    for kind in "${!entries[@]}"; do
+        printf '[%s]\n' "${entries[$kind]}" >"$batches/$kind/$preset/compile_commands.json"
+    done
     for file in "${singles[@]}"; do
         add_job "$preset" "$file" "build/$preset" "$file"
     done
