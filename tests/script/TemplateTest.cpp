@@ -1,21 +1,22 @@
 // What the helpers of the templates do, in the real engines.
+#include <winsock2.h>
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <regex>
+#include <thread>
 #include <vector>
 
 #include "script/ActiveScriptController.h"
+#include "script/ResourceScriptTexts.h"
 #include "script/ScriptGenerator.h"
 #include "script/ScriptLanguages.h"
-#include "tests/support/HttpServer.h"
 #include "tests/support/MessageRecorder.h"
-#include "tests/support/ScriptLibrary.h"
 #include "util/ComApartment.h"
 
 namespace {
 
-// Numbers of templates: in VBScript and, where both languages have it, in JScript.
-using Numbers = std::vector<std::int32_t>;
 using Texts = std::vector<std::wstring>;
 
 struct Case {
@@ -28,16 +29,19 @@ std::wstring Language(std::int32_t number) {
     return number < 62000 || number == 62101 ? kVBScript : kJScript;
 }
 
-std::wstring Script(std::int32_t number, const Texts& params) {
-    CScriptGenerator::stTemplate record{.number = number, .params = {}};
-    for (const std::wstring& param : params) {
-        record.params.Add(param);
-    }
-    return CScriptGenerator(ScriptLibrary()).InstantiateTemplate(Language(number), &record, L"Main");
-}
-
 class Template : public testing::Test {
 protected:
+    static CScriptGenerator::stTemplate Record(std::int32_t number, const Texts& params) {
+        CScriptGenerator::stTemplate record{.number = number, .params = {}};
+        for (const std::wstring& param : params) {
+            record.params.Add(param);
+        }
+        return record;
+    }
+    [[nodiscard]] std::wstring Script(std::int32_t number, const Texts& params) const {
+        const auto record = Record(number, params);
+        return m_generator.InstantiateTemplate(Language(number), &record, L"Main");
+    }
     // What the script makes of the text.
     std::wstring Run(const std::wstring& language, const std::wstring& script, const std::wstring& text) {
         CActiveScriptController controller;
@@ -52,7 +56,8 @@ protected:
         }
         return results[0];
     }
-    void Expect(const Numbers& numbers, const std::vector<Case>& cases) {
+    // Of the templates with these numbers, one a language.
+    void Expect(const std::vector<std::int32_t>& numbers, const std::vector<Case>& cases) {
         for (const std::int32_t number : numbers) {
             for (const Case& each : cases) {
                 EXPECT_EQ(Run(Language(number), Script(number, each.params), each.text), each.expected)
@@ -64,28 +69,72 @@ protected:
 
     CComApartment m_apartment;
     MessageRecorder m_boxes;
+    CResourceScriptTexts m_texts;
+    CScriptGenerator m_generator{m_texts};
 };
 
-TEST_F(Template, LeftString) {
-    Expect({61319, 62002}, {{{L"-", L"0"}, L"a-b-c", L"a-"},
-                            {{L"-", L"1"}, L"a-b-c", L"a-b-"},
-                            {{L"aa", L"0"}, L"aaa", L"aa"},
-                            {{L"aa", L"1"}, L"aaa", L"aaa"},
-                            {{L"A", L"0"}, L"a", L""},
-                            {{L"", L"0"}, L"abc", L""},
-                            {{L"", L"1"}, L"abc", L""},
-                            {{L"x", L"1"}, L"", L""},
-                            {{L"\r\n", L""}, L"say \"a\"\r\nb", L"say \"a\"\r\n"},
-                            {{L"\"", L"1"}, L"say \"a\"\r\nb", L"say \"a\""}});
+// What the editor and the generator rely on in each of them.
+TEST_F(Template, KeepsTheFormat) {
+    std::vector<std::int32_t> numbers{62101, 62102};
+    for (const wchar_t* language : {L"vbscript", L"JSCRIPT"}) {
+        const auto [main, last] = CScriptGenerator::GetTemplateNumbers(language);
+        for (std::int32_t number = main + 1; number <= last; ++number) {
+            numbers.push_back(number);
+        }
+    }
+    for (const std::int32_t number : numbers) {
+        SCOPED_TRACE(number);
+        const std::wstring text = m_texts.GetTemplate(number);
+        const std::wstring helper = m_generator.GetTemplateFunctionName(number);
+        const std::wstring description = m_generator.GetTemplateDescription(number);
+        ASSERT_FALSE(helper.empty());
+        EXPECT_GT(description.size(), 40U) << "tells a user what the function does";
+        const CStringArray params = m_generator.GetTemplateParamNames(number, 1);
+        for (std::ptrdiff_t index = 0; index < 3; ++index) {
+            const bool isTaken = index < params.GetSize();
+            EXPECT_EQ(text.find(L"\"%PARAM_" + std::to_wstring(index + 1) + L"%\"") != std::wstring::npos,
+                      isTaken);
+            EXPECT_TRUE(!isTaken || description.find(params[index]) != std::wstring::npos);
+        }
+        // In a script of several templates no name means two things.
+        const std::wregex defined(L"\r\n(?:[Ff]unction|Sub|Class|Dim|var) (\\w+)");
+        for (std::wsregex_iterator each(text.begin(), text.end(), defined), none; each != none; ++each) {
+            EXPECT_THAT((*each)[1].str(), testing::StartsWith(helper));
+        }
+        const std::wstring line = std::regex_replace(text, std::wregex(L"\r\n"), L"\t");
+        EXPECT_EQ(line.find_first_of(L"\r\n"), std::wstring::npos) << "lines end with CR LF";
+        EXPECT_LE(std::ranges::max(line), L'~') << "ASCII";
+        EXPECT_EQ(Run(Language(number), Script(number, {}), L""), L"") << "of an empty text, without values";
+    }
 }
 
-TEST_F(Template, RightString) {
+TEST_F(Template, AddedToAScriptTheyRunInTurn) {
+    const struct {
+        std::int32_t main, replace, left;
+    } languages[] = {{61318, 61323, 61319}, {62001, 62005, 62002}};
+    for (const auto& each : languages) {
+        const std::wstring language = Language(each.main);
+        const std::vector records{Record(each.main, {}), Record(each.replace, {L"a", L"b\r\nc"}),
+                                  Record(each.left, {L"\r\n", L"0"}), Record(each.replace, {L"b", L"\\\"'"})};
+        std::wstring script;
+        for (const auto& record : records) {
+            script = m_generator.AddToScript(language, script, &record);
+        }
+        EXPECT_EQ(Run(language, script, L"a-a"), L"\\\"'\r\n");
+        EXPECT_EQ(Run(language, m_generator.GenerateScript(language, records), L"a-a"), L"\\\"'\r\n");
+    }
+}
+
+TEST_F(Template, LeftAndRightString) {
+    Expect({61319, 62002}, {{{L"-", L"0"}, L"a-b-c", L"a-"},
+                            {{L"-", L"1"}, L"a-b-c", L"a-b-"},
+                            {{L"", L"1"}, L"abc", L""},
+                            {{L"\r\n", L""}, L"say \"a\"\r\nb", L"say \"a\"\r\n"},
+                            {{L"\"", L"1"}, L"say \"a\"\r\nb", L"say \"a\""}});
     Expect({61321, 62004}, {{{L"-", L"0"}, L"a-b-c", L"-b-c"},
                             {{L"-", L"1"}, L"a-b-c", L"-c"},
                             {{L"aa", L"1"}, L"aaa", L"aa"},
-                            {{L"x", L"0"}, L"abc", L""},
-                            {{L"", L"1"}, L"abc", L""},
-                            {{L"x", L"0"}, L"", L""}});
+                            {{L"", L"1"}, L"abc", L""}});
 }
 
 TEST_F(Template, SubString) {
@@ -93,39 +142,26 @@ TEST_F(Template, SubString) {
                             {{L"<b>", L"</b>", L"1"}, L"x<b>1</b><b>2</b>y", L"<b>2</b>"},
                             {{L"<b>", L"</b>", L"1"}, L"x<b>1</b><b>2y", L"<b>1</b>"},
                             {{L"", L"-", L"0"}, L"a-b-c", L"a-"},
-                            {{L"", L"-", L"1"}, L"a-b-c", L"a-b-"},
-                            {{L"-", L"", L"0"}, L"a-b-c", L"-b-c"},
                             {{L"-", L"", L"1"}, L"a-b-c", L"-c"},
-                            {{L"", L"", L"0"}, L"a-b", L"a-b"},
                             {{L"", L"", L"1"}, L"a-b", L"a-b"},
-                            {{L"aa", L"aa", L"0"}, L"aaaa", L"aaaa"},
                             {{L"aa", L"aa", L"1"}, L"aaaa", L"aaaa"},
-                            {{L"aa", L"aa", L"0"}, L"aaa", L""},
                             {{L"aa", L"aa", L"1"}, L"aaa", L""},
-                            {{L"b", L"a", L"0"}, L"ab", L""},
-                            {{L"b", L"a", L"1"}, L"ab", L""},
-                            {{L"x", L"b", L"0"}, L"ab", L""},
-                            {{L"a", L"x", L"1"}, L"ab", L""},
-                            {{L"", L"", L"1"}, L"", L""}});
+                            {{L"b", L"a", L"1"}, L"ab", L""}});
 }
 
 TEST_F(Template, ReplaceAndAdd) {
     Expect({61323, 62005}, {{{L"aa", L"b"}, L"aaaaa", L"bba"},
-                            {{L"a", L"aa"}, L"a-a", L"aa-aa"},
                             {{L".", L"$&\\"}, L"a.b", L"a$&\\b"},
                             {{L"\"", L""}, L"say \"x\"", L"say x"},
                             {{L"\r\n", L"|"}, L"a\r\nb\r\n", L"a|b|"},
-                            {{L"", L"x"}, L"abc", L"abc"},
-                            {{L"a", L"b"}, L"", L""}});
+                            {{L"", L"x"}, L"abc", L"abc"}});
     Expect({61332, 62009}, {{{L"(\\w+)@(\\w+)", L"$2 at $1"}, L"a@b, c@d", L"b at a, d at c"},
                             {{L"^.", L"> $&"}, L"a\nb", L"> a\n> b"},
                             {{L"[\"\\\\]", L"$$"}, L"a\"b\\c", L"a$b$c"},
-                            {{L"A", L"x"}, L"aA", L"ax"},
-                            {{L"", L"x"}, L"abc", L"abc"},
-                            {{L"a", L"b"}, L"", L""}});
+                            {{L"", L"x"}, L"abc", L"abc"}});
     // An empty match in VBScript is for Windows only: Wine's engine would not come back from it.
     Expect({62009}, {{{L"^", L"> "}, L"a\nb", L"> a\n> b"}});
-    Expect({62014}, {{{L"\"<\r\n"}, L"text", L"\"<\r\ntext"}, {{L""}, L"", L""}});
+    Expect({62014}, {{{L"\"<\r\n"}, L"text", L"\"<\r\ntext"}});
     Expect({62015}, {{{L"\"<\r\n"}, L"text", L"text\"<\r\n"}, {{L"?a=\\"}, L"", L"?a=\\"}});
 }
 
@@ -134,17 +170,11 @@ TEST_F(Template, SplitString) {
                             {{L", ", L"2", L"0"}, L"a, b, c", L"c"},
                             {{L", ", L"0", L"1"}, L"a, b, c", L"c"},
                             {{L", ", L"3", L"0"}, L"a, b, c", L""},
-                            {{L", ", L"-1", L"0"}, L"a, b, c", L""},
-                            {{L", ", L"1.5", L"1"}, L"a, b, c", L""},
                             {{L", ", L"x", L"0"}, L"a, b, c", L""},
                             {{L", ", L"", L"0"}, L"a, b, c", L"a\r\nb\r\nc"},
                             {{L", ", L"", L"1"}, L"a, b, c", L"c\r\nb\r\na"},
                             {{L"\"", L"1", L"0"}, L"a\"b\"c", L"b"},
-                            {{L"aa", L"1", L"0"}, L"aaa", L"a"},
-                            {{L",", L"1", L"0"}, L"a,,b", L""},
-                            {{L"", L"0", L"0"}, L"a b", L"a b"},
-                            {{L",", L"0", L"0"}, L"", L""},
-                            {{L",", L"", L"1"}, L"", L""}});
+                            {{L",", L"1", L"0"}, L"a,,b", L""}});
 }
 
 TEST_F(Template, TrimString) {
@@ -154,9 +184,7 @@ TEST_F(Template, TrimString) {
     Expect({61329}, {{{L"ab"}, L"ababxabab", L"x"},
                      {{L"aa"}, L"aaa", L"a"},
                      {{L"\"\"\""}, L"\"\"\"\"\"a\"b\"\"\"\"", L"\"\"a\"b\""},
-                     {{L"A"}, L"aAa", L"aAa"},
-                     {{L"a"}, L"aaa", L""},
-                     {{L"a"}, L"", L""}});
+                     {{L"a"}, L"aaa", L""}});
 }
 
 TEST_F(Template, SubStringRegEx) {
@@ -167,23 +195,16 @@ TEST_F(Template, SubStringRegEx) {
             {{L"^.", L"0"}, L"ab\nAc", L"a\r\nA"},
             {{L"aa", L"0"}, L"aaa", L"aa"},
             {{L"\\w+", L"1"}, L"a A toString constructor a", L"a\r\nA\r\ntoString\r\nconstructor"},
-            {{L"z", L"1"}, L"abc", L""},
-            {{L"", L"0"}, L"abc", L""},
-            {{L".", L"0"}, L"", L""}});
+            {{L"", L"0"}, L"abc", L""}});
     Expect({62008}, {{{L"x*", L"0"}, L"axxb", L"xx"}});
 }
 
-TEST_F(Template, EmailAddresses) {
+TEST_F(Template, EmailAddressesAndPhoneNumbers) {
     Expect({61324, 62010},
            {{{},
              L"<a href=\"mailto:Joe.D+x@Ex-1.co.uk\">joe.d+x@ex-1.CO.UK</a>, (b_2@c.de). d@e.info;f@g.org,",
              L"Joe.D+x@Ex-1.co.uk\r\nb_2@c.de\r\nd@e.info\r\nf@g.org"},
-            {{}, L"logo@2x.png a@b @c.de x@.de a@@b.de @ a b@c.d toString", L""},
-            {{}, L"a@b.de@c.fr", L"a@b.de"},
-            {{}, L"", L""}});
-}
-
-TEST_F(Template, PhoneNumbers) {
+            {{}, L"logo@2x.png a@b @c.de x@.de a@@b.de @ a b@c.d toString", L""}});
     Expect(
         {61326, 62011},
         {{{},
@@ -191,8 +212,7 @@ TEST_F(Template, PhoneNumbers) {
           L"(555) 123-4567\r\n+49 (0)30/123 456-7\r\n+1.555.123.4567\r\n5551234\r\n5559876"},
          {{}, L"2026-11-21 10:30, 21.11.2026, 11/21/2026 192.168.100.200 123456 &#5551234;", L""},
          {{}, L"4111 1111 1111 1111, a5551234, 5551234b, item_5551234, 555  1234", L""},
-         {{}, L"1234567,123456789012345,1234567890123456", L"1234567\r\n123456789012345"},
-         {{}, L"", L""}});
+         {{}, L"1234567,123456789012345,1234567890123456", L"1234567\r\n123456789012345"}});
 }
 
 TEST_F(Template, StripHtmlTags) {
@@ -203,8 +223,7 @@ TEST_F(Template, StripHtmlTags) {
              L"a<Script src='x>'>if (a<b) \"</b>\"</SCRIPT >b<style>i{}</style>c<scripts>d<style>e",
              L"abcd"},
             {{}, L"1 < 2 and 3 > 2, <3, a <b", L"1 < 2 and 3 > 2, <3, a <b"},
-            {{}, L"<a title=Bob's>x</a> <a href=\"y>z <i <b>w", L"x z <i w"},
-            {{}, L"", L""}});
+            {{}, L"<a title=Bob's>x</a> <a href=\"y>z <i <b>w", L"x z <i w"}});
 }
 
 TEST_F(Template, StripHtmlTags2) {
@@ -215,24 +234,22 @@ TEST_F(Template, StripHtmlTags2) {
           L"<p>1 &lt; 2 &amp;amp; &#51;&#x34;<br>next<ul><li>x<li>y</ul><table><tr><td>1<td>2</table> end ",
           L"T\r\nA b c\r\n1 < 2 &amp; 34\r\nnext\r\nx\r\ny\r\n1 2\r\nend"},
          {{}, L"<script>a<b</script> <p title='a>b'> </p> <!-- x", L""},
-         {{}, L"a<b>b</b>c &nbsp; &unknown; & < > &lt;br&gt;", L"abc   &unknown; & < > <br>"},
-         {{}, L"", L""}});
+         {{}, L"a<b>b</b>c &nbsp; &unknown; & < > &lt;br&gt;", L"abc   &unknown; & < > <br>"}});
 }
 
 TEST_F(Template, TagAttributeValue) {
     const std::wstring page =
         L"<a href=\"x>y?a=1&amp;b=&#50;\" data-href=no>t</a><A title='href=no' HREF='say \"q\"'>"
         L"<b data-href=no><a href=/un/quoted/?a=b>href=\"no\"<!-- <a href=no> --><script href=s>\"<a "
-        L"href=no>\"</script>"
+        L"href=no>\""
+        L"</script>"
         L"<a href = \"x>y?a=1&amp;b=2\"><a href><a href=1 href=no><a href=\"open>";
     Expect({61327},
            {{{L"Href", L"0"},
              page,
              L"x>y?a=1&b=2\r\nsay \"q\"\r\n/un/quoted/?a=b\r\ns\r\nx>y?a=1&b=2\r\n\r\n1\r\nopen"},
             {{L"href", L"1"}, page, L"x>y?a=1&b=2\r\nsay \"q\"\r\n/un/quoted/?a=b\r\ns\r\n\r\n1\r\nopen"},
-            {{L"src", L"0"}, page, L""},
-            {{L"", L"0"}, page, L""},
-            {{L"href", L"0"}, L"", L""}});
+            {{L"", L"0"}, page, L""}});
 }
 
 TEST_F(Template, SelectedTextFromDropDownList) {
@@ -250,9 +267,7 @@ TEST_F(Template, SelectedTextFromDropDownList) {
           L"<select multiple><option selected='selected'>a<option>b<optgroup><option selected/>c</optgroup>x"
           L"</select><select multiple='multiple'><option>d</select>",
           L"a\r\nc"},
-         {{}, L"<option>a<option selected>b<option selected>c<!-- </option><option selected>d -->", L"c"},
-         {{}, L"<selected><optional selected>a", L""},
-         {{}, L"", L""}});
+         {{}, L"<option>a<option selected>b<option selected>c<!-- </option><option selected>d -->", L"c"}});
 }
 
 TEST_F(Template, TagsByAttribute) {
@@ -267,8 +282,7 @@ TEST_F(Template, TagsByAttribute) {
                       L"<div>1<div>2</div></div>\r\n<div>2</div>\r\n<div>3"},
                      {{L"div", L"class", L""},
                       L"<div class=''>1</div><div id=class>2</div><div class=x>3</div>",
-                      L"<div class=''>1</div>\r\n<div class=x>3</div>"},
-                     {{L"div", L"class", L"a"}, L"", L""}});
+                      L"<div class=''>1</div>\r\n<div class=x>3</div>"}});
 }
 
 TEST_F(Template, CssSelector) {
@@ -276,54 +290,26 @@ TEST_F(Template, CssSelector) {
         L"<ul id=list class='x  menu'>\r\n<li class=a>1<li class='a b'><p>2<p>3</ul>"
         L"<div lang=en-US data-n=\"a>b c\"><P>4<span/><img src=i.png></div></i>"
         L"<!-- <p>no</p> --><script>'<p>no</p>'</script><textarea><p>no</textarea>";
-    const struct {
-        const wchar_t* selector;
-        const wchar_t* expected;
-    } selectors[] = {
-        {L"p", L"<p>2|<p>3|<P>4<span/><img src=i.png>"},
-        {L" LI.b > p ", L"<p>2|<p>3"},
-        {L"ul p, div>p", L"<p>2|<p>3|<P>4<span/><img src=i.png>"},
-        {L"ul > p", L""},
-        {L"#list .a.b", L"<li class='a b'><p>2<p>3"},
-        {L".menu li", L"<li class=a>1|<li class='a b'><p>2<p>3"},
-        {L"#LIST", L""},
-        {L".A", L""},
-        {L"li.a:first-child", L""},
-        {L"[class]",
-         L"<ul id=list class='x  menu'>\r\n<li class=a>1<li class='a b'><p>2<p>3</ul>|<li class=a>1|"
-         L"<li class='a b'><p>2<p>3"},
-        {L"[class=a]", L"<li class=a>1"},
-        {L"li[class~=\"b\"] p", L"<p>2|<p>3"},
-        {L"[lang|=en] img", L"<img src=i.png>"},
-        {L"[ data-n = 'a>b c' ]>*>img", L"<img src=i.png>"},
-        {L"*[data-n^='a>'] span", L"<span/>"},
-        {L"img[src$=.png],[src*=\"i.\"]", L"<img src=i.png>"},
-        {L"[src*='']", L""},
-        {L"[src$='.PNG']", L""},
-        {L"textarea", L"<textarea><p>no</textarea>"},
-        {L"script", L"<script>'<p>no</p>'</script>"},
-        {L"div p img, ul p img", L"<img src=i.png>"},
-        {L"", L""},
-        {L"p,", L""},
-        {L"[class]li", L""},
-        {L"> p", L""},
-        {L"p + p", L""},
-        {L"[x=\"]", L""},
-    };
-    for (const auto& each : selectors) {
-        std::wstring expected = each.expected;
-        for (std::size_t at = 0; (at = expected.find(L'|', at)) != std::wstring::npos; at += 2) {
-            expected.replace(at, 1, L"\r\n");
-        }
-        Expect({61336}, {{{each.selector}, page, expected}});
-    }
     Expect(
         {61336},
-        {{{L"td > b"}, L"<div><table><tr><td>1<td></div><b>2</b><tr><th><b>3</b></table></div>", L"<b>2</b>"},
+        {{{L"p"}, page, L"<p>2\r\n<p>3\r\n<P>4<span/><img src=i.png>"},
+         {{L" LI.b > p "}, page, L"<p>2\r\n<p>3"},
+         {{L"ul > p"}, page, L""},
+         {{L"#list .a.b"}, page, L"<li class='a b'><p>2<p>3"},
+         {{L".A"}, page, L""},
+         {{L"li.a:first-child"}, page, L""},
+         {{L"li[class~=\"b\"] p"}, page, L"<p>2\r\n<p>3"},
+         {{L"[lang|=en] img"}, page, L"<img src=i.png>"},
+         {{L"[ data-n = 'a>b c' ]>*>img"}, page, L"<img src=i.png>"},
+         {{L"*[data-n^='a>'] span"}, page, L"<span/>"},
+         {{L"img[src$=.png],[src*=\"i.\"]"}, page, L"<img src=i.png>"},
+         {{L"textarea"}, page, L"<textarea><p>no</textarea>"},
+         {{L"div p img, ul p img"}, page, L"<img src=i.png>"},
+         {{L"p,"}, page, L""},
+         {{L"> p"}, page, L""},
+         {{L"td > b"}, L"<div><table><tr><td>1<td></div><b>2</b><tr><th><b>3</b></table></div>", L"<b>2</b>"},
          {{L"div > p > b"}, L"<div><p><i></div><p><b>1</b></p></b><div><p><b>2", L"<b>2"},
-         {{L"td tr"}, L"<table><tr><td>1<tr><td>2</table>", L""},
          {{L"dd b"}, L"<dl><dt>1<dd>2<dt><b>3</b></dl>", L""},
-         {{L"p"}, L"", L""},
          {{L"a"}, L"<a <a href='x'>1</a", L"<a href='x'>1</a"}});
 }
 
@@ -332,8 +318,7 @@ TEST_F(Template, Unescape) {
                      {{}, L"%2526 &amp;lt; &AMP;&quot;&apos;&#39;&#x26;&nbsp;|", L"%26 &lt; &\"''& |"},
                      {{},
                       L"%u0041%U0042 % %4 %zz %u00 &amp &; &#; &#x; &#0; 100%",
-                      L"AB % %4 %zz %u00 &amp &; &#; &#x; &#0; 100%"},
-                     {{}, L"", L""}});
+                      L"AB % %4 %zz %u00 &amp &; &#; &#x; &#0; 100%"}});
     // Characters that need ChrW, which stands here for a text in their place.
     const std::wstring chrW =
         L"\r\nFunction ChrW ( number )\r\n\tChrW = \"<\" & Hex(number) & \">\"\r\nEnd Function\r\n";
@@ -359,174 +344,60 @@ TEST_F(Template, UrlFromUrlParams) {
                              L"http://a.b/go?x=1&u=http%3A%2F%2Fc.d%2F%3Fq%3D1%26r%3Da%2520b+c&z=2",
                              L"http://c.d/?q=1&r=a%20b c"},
                             {{}, L"/go?u=HTTPS://c.d/%zz&http://no", L"HTTPS://c.d/%zz"},
-                            {{}, L"http://a.b/?x=http&y=ftp://c.d", L""},
-                            {{}, L"", L""}});
+                            {{}, L"http://a.b/?x=http&y=ftp://c.d", L""}});
 }
 
-// The time a thread has worked, in seconds: what others do meanwhile does not count.
-double WorkedSeconds() {
-    FILETIME ignored;
-    ULARGE_INTEGER kernel{};
-    ULARGE_INTEGER user{};
-    FILETIME parts[2];
-    GetThreadTimes(GetCurrentThread(), &ignored, &ignored, &parts[0], &parts[1]);
-    kernel.LowPart = parts[0].dwLowDateTime;
-    kernel.HighPart = parts[0].dwHighDateTime;
-    user.LowPart = parts[1].dwLowDateTime;
-    user.HighPart = parts[1].dwHighDateTime;
-    return static_cast<double>(kernel.QuadPart + user.QuadPart) / 1e7;
-}
-
-constexpr wchar_t kUnit[] =
-    L"<div class=\"item n1\"><a HREF='/p?a=1&amp;b=%41' title=\"x>y\">Name &lt;1&gt;</a><br>\r\n<p>Mail "
-    L"joe@ex.com, call +1 555-123-4567</p><select><option>a<option selected>b</select></div>\r\n";
-
-// A page of equal parts, and what makes a careless search start over at each character, or an element look
-// at all around it.
-struct LongText {
-    const wchar_t* begin;
-    const wchar_t* repeated;
-    const wchar_t* end;
-
-    [[nodiscard]] std::wstring Repeated(std::size_t count, std::wstring_view joint = L"") const {
-        return begin + Join(repeated, count, joint) + end;
-    }
-    [[nodiscard]] static std::wstring Join(const std::wstring& unit, std::size_t count,
-                                           std::wstring_view joint) {
-        std::wstring text = unit;
-        while (--count > 0) {
-            text.append(joint).append(unit);
-        }
-        return text;
-    }
-};
-using LongTexts = std::vector<LongText>;
-const LongTexts kPlain{
-    {L"", kUnit, L""}, {L"", L"a", L""}, {L"", L"1", L""}, {L"", L" ", L"x"}, {L"", L"\r\n", L""}};
-const LongTexts kAddresses{{L"", kUnit, L""}, {L"", L"a", L""}, {L"", L"a@", L""}, {L"a@", L"b.", L""}};
-const LongTexts kEscapes{{L"", kUnit, L""}, {L"", L"%41", L""}, {L"", L"&amp;", L""}, {L"", L"&#x", L""}};
-const LongTexts kMarkup{{L"", kUnit, L""},
-                        {L"", L"<", L""},
-                        {L"", L"<a", L""},
-                        {L"", L"<a x=\"", L""},
-                        {L"", L"<b c=\"<b c='", L""},
-                        {L"", L"<!--", L""},
-                        {L"", L"<script>", L""},
-                        {L"<a ", L"b='c' ", L">"},
-                        {L"<", L"a", L""},
-                        {L"<a ", L"=", L""},
-                        {L"", L"<a>", L""},
-                        {L"", L"<li></b>", L""},
-                        {L"", L"<td><b></td></i>", L"</b></td></table>"},
-                        {L"", L"<div class='item n1'><a href='b='>A line of some length</a>", L"</div>"}};
-constexpr std::size_t kLength = 12'500;
-
-// Every helper on a text and on one of four times its length: the time grows with the length of the text and
-// of what comes out, and not with its square. What comes out is the same in both languages, and of a page of
-// equal parts equal parts.
-TEST_F(Template, LongTextsTakeNoLongTime) {
-    const struct {
-        Numbers numbers;
-        Texts params;
-        const LongTexts& texts;
-        const wchar_t* joint;  // between the results for the parts; null where they are not independent
-    } cases[] = {{{61319, 62002}, {L"zz", L"1"}, kPlain, nullptr},
-                 {{61320, 62003}, {L"a", L"zz", L"1"}, kPlain, nullptr},
-                 {{61321, 62004}, {L"zz", L"0"}, kPlain, nullptr},
-                 {{61323, 62005}, {L"a", L"bb"}, kPlain, L""},
-                 {{61325, 62006}, {L"a", L"", L"1"}, kPlain, nullptr},
-                 {{61328, 62008}, {L"\\w\\w", L"0"}, kPlain, L"\r\n"},
-                 {{61329}, {L"a"}, kPlain, nullptr},
-                 {{61329, 62007}, {}, kPlain, nullptr},
-                 {{61332, 62009}, {L"a", L"bb"}, kPlain, L""},
-                 {{61326, 62011}, {}, kPlain, nullptr},
-                 {{61324, 62010}, {}, kAddresses, nullptr},
-                 {{61333}, {}, kEscapes, L""},
-                 {{62101, 62102}, {}, kEscapes, nullptr},
-                 {{61322, 62013}, {}, kMarkup, L""},
-                 {{61334}, {}, kMarkup, L"\r\n"},
-                 {{61330}, {}, kMarkup, L"\r\n"},
-                 {{61327}, {L"href", L"0"}, kMarkup, L"\r\n"},
-                 {{61335}, {L"div", L"class", L"item n1"}, kMarkup, L"\r\n"},
-                 {{61336}, {L"div.item > a[href*='b='], p b"}, kMarkup, L"\r\n"}};
-    for (const auto& each : cases) {
-        Texts first;
-        for (const std::int32_t number : each.numbers) {
-            const std::wstring script = Script(number, each.params);
-            Texts results;
-            for (const LongText& text : each.texts) {
-                const std::size_t count = kLength / wcslen(text.repeated);
-                double seconds[2]{};
-                double sizes[2]{};
-                for (const int i : {0, 1}) {
-                    const std::wstring given = text.Repeated(i == 0 ? count : 4 * count);
-                    const double before = WorkedSeconds();
-                    results.push_back(Run(Language(number), script, given));
-                    seconds[i] = WorkedSeconds() - before;
-                    sizes[i] = static_cast<double>(given.size() + results.back().size());
-                    EXPECT_THAT(m_boxes.texts, testing::IsEmpty()) << number << ' ' << text.repeated;
-                }
-                // Twice what is due, for a machine with other work; the clock is too coarse for less than a
-                // tenth.
-                EXPECT_LT(seconds[1], 2 * sizes[1] / sizes[0] * std::max(seconds[0], 0.1))
-                    << number << ' ' << text.repeated;
-            }
-            if (each.joint != nullptr) {
-                EXPECT_TRUE(results[0] == LongText::Join(Run(Language(number), script, kUnit),
-                                                         kLength / wcslen(kUnit), each.joint))
-                    << number;
-            }
-            if (first.empty()) {
-                first = results;
-            }
-            EXPECT_TRUE(results == first) << number;
-        }
-    }
+// A port that takes connections on the loopback address, and its URL.
+SOCKET Listen(std::wstring& url) {
+    WSADATA data;
+    WSAStartup(MAKEWORD(2, 2), &data);
+    const SOCKET listener = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    int size = sizeof address;
+    auto* const general = reinterpret_cast<sockaddr*>(&address);
+    EXPECT_EQ(bind(listener, general, size), 0);
+    EXPECT_EQ(listen(listener, 1), 0);
+    EXPECT_EQ(getsockname(listener, general, &size), 0);
+    url = L"http://127.0.0.1:" + std::to_wstring(ntohs(address.sin_port)) + L"/";
+    return listener;
 }
 
 TEST_F(Template, DownloadUrl) {
-    const std::string utf8 = "Content-Type: text/html; charset=UTF-8\r\n";
-    HttpServer server({
-        {"/page?a=1", {HttpServer::Answer("200 OK", utf8, "<p>\xC3\xA9\xE2\x82\xAC</p>\r\n")}},
-        {"/empty", {HttpServer::Answer("200 OK", utf8, "")}},
-        {"/gone", {HttpServer::Answer("410 Gone", utf8, "This page has gone")}},
-        {"/broken", {HttpServer::Answer("500 Internal Server Error", utf8, "Broken")}},
-        {"/moved", {HttpServer::Answer("302 Found", "Location: /page?a=1\r\n", "Moved")}},
-        {"/slow", {"HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n", "one ", "two"}},
-    });
-    const std::wstring page = L"<p>\u00e9\u20ac</p>\r\n";
-    Expect({61331, 62012}, {{{}, server.Url(L"/page?a=1"), page},
-                            {{}, L" \r\n" + server.Url(L"/page?a=1") + L"\r\n", page},
-                            {{}, server.Url(L"/moved"), page},
-                            {{}, server.Url(L"/slow"), L"one two"},
-                            {{}, server.Url(L"/empty"), L""},
-                            {{}, server.Url(L"/gone"), L""},
-                            {{}, server.Url(L"/broken"), L""},
-                            {{}, server.Url(L"/none"), L""},
-                            {{}, L"http://127.0.0.1:1/", L""},
-                            {{}, L"no URL", L""},
-                            {{}, L"", L""}});
-
-    // No answer for long and one without end, with a shorter limit than a minute.
-    std::vector<std::string> drip{"HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n"};
-    drip.resize(30, "x");
+    const struct {
+        std::string status;
+        const wchar_t* result;
+    } answers[] = {{"200 OK", L"<p>\u00e9\u20ac</p>\r\n"}, {"410 Gone", L""}};
+    std::wstring url;
     for (const std::int32_t number : {61331, 62012}) {
+        for (const auto& each : answers) {
+            const SOCKET listener = Listen(url);
+            const std::jthread server([&] {
+                const SOCKET connection = accept(listener, nullptr, nullptr);
+                char request[4096];
+                recv(connection, request, sizeof request, 0);
+                const std::string answer =
+                    "HTTP/1.1 " + each.status +
+                    "\r\nContent-Type: text/html; charset=UTF-8\r\nContent-Length: 14\r\n"
+                    "Connection: close\r\n\r\n<p>\xC3\xA9\xE2\x82\xAC</p>\r\n";
+                send(connection, answer.data(), static_cast<int>(answer.size()), 0);
+                closesocket(connection);
+                closesocket(listener);
+            });
+            EXPECT_EQ(Run(Language(number), Script(number, {}), L" \r\n" + url + L"\r\n"), each.result);
+        }
+        Expect({number}, {{{}, L"http://127.0.0.1:1/", L""}, {{}, L"no URL", L""}});
+
+        // A server that never answers, and a shorter limit than a minute. The port stays open: what
+        // becomes of the connection after the request was given up, Wine's WinHttp writes into memory
+        // that is no longer its own.
+        Listen(url);
         std::wstring script = Script(number, {});
         const std::wstring limit = L"WaitForResponse(60)";
         ASSERT_NE(script.find(limit), std::wstring::npos);
         script.replace(script.find(limit), limit.size(), L"WaitForResponse(1)");
-        for (const auto& answer : {std::vector<std::string>(30, ""), drip}) {
-            {
-                HttpServer late({{"/", answer}});
-                const ULONGLONG begin = GetTickCount64();
-                EXPECT_EQ(Run(Language(number), script, late.Url(L"/")), L"") << number << answer[0];
-                EXPECT_THAT(m_boxes.texts, testing::IsEmpty());
-                EXPECT_LT(GetTickCount64() - begin, 5000U) << number << answer[0];
-            }
-            // Wine's WinHttp writes into a request that was given up and released once more when something
-            // comes or the connection ends. So the server goes first, before other memory is in that place.
-            Sleep(500);
-        }
+        EXPECT_EQ(Run(Language(number), script, url), L"");
     }
 }
 
