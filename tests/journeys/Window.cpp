@@ -7,8 +7,7 @@
 //   window TITLE text ID        prints what that control says, in UTF-8
 //   window TITLE rename TEXT    gives it another title
 //
-// A TITLE that ends in * is how the title begins.
-// Ends with 1 when there is no such window, with 2 when it was not told what to do.
+// A TITLE that ends in * is how the title begins. Ends with 1 when there is no such window.
 #include <windows.h>
 
 #include <commctrl.h>
@@ -21,31 +20,24 @@
 
 namespace {
 
-struct Search {
-    std::wstring title;
-    bool isPrefix = false;
-    HWND found = nullptr;
-};
-
-BOOL CALLBACK Match(HWND window, LPARAM parameter) {
-    Search& search = *reinterpret_cast<Search*>(parameter);
-    wchar_t title[256] = {};
-    GetWindowTextW(window, title, 256);
-    const std::wstring text = title;
-    if (search.isPrefix ? text.starts_with(search.title) : text == search.title) {
-        search.found = window;
-    }
-    return search.found == nullptr;
+std::wstring TextOf(HWND window) {
+    wchar_t text[4096] = {};
+    SendMessageW(window, WM_GETTEXT, 4096, reinterpret_cast<LPARAM>(text));
+    return text;
 }
 
 HWND Find(std::wstring title) {
-    Search search{std::move(title)};
-    if (search.title.ends_with(L'*')) {
-        search.isPrefix = true;
-        search.title.pop_back();
+    const bool isPrefix = title.ends_with(L'*');
+    title.resize(title.size() - (isPrefix ? 1 : 0));
+    HWND window = GetTopWindow(nullptr);
+    for (; window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
+        wchar_t text[256] = {};
+        GetWindowTextW(window, text, 256);
+        if (isPrefix ? std::wstring(text).starts_with(title) : text == title) {
+            break;
+        }
     }
-    EnumWindows(Match, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    return window;
 }
 
 void Print(HWND window) {
@@ -59,28 +51,20 @@ void Print(HWND window) {
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
-    if (count < 3) {
-        return 2;
-    }
-    HWND window = Find(arguments[1]);
-    const std::wstring verb = arguments[2];
-    if (verb == L"rename" && count > 3 && window != nullptr) {
+    HWND window = count > 2 ? Find(arguments[1]) : nullptr;
+    const std::wstring verb = count > 2 ? arguments[2] : L"";
+    if (count > 3 && verb == L"rename") {
         SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(arguments[3]));
         return 0;
     }
-    if (verb != L"place" && (verb != L"text" || count < 4)) {
-        return 2;
-    }
-    if (window != nullptr && count > 3) {
+    if (count > 3) {
         window = GetDlgItem(window, static_cast<int>(std::wcstol(arguments[3], nullptr, 10)));
     }
     if (window == nullptr) {
         return 1;
     }
     if (verb == L"text") {
-        wchar_t text[4096] = {};
-        SendMessageW(window, WM_GETTEXT, 4096, reinterpret_cast<LPARAM>(text));
-        std::printf("%s\n", ToUtf8(text).c_str());
+        std::printf("%s\n", ToUtf8(TextOf(window)).c_str());
         return 0;
     }
     Print(window);

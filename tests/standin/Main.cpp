@@ -1,10 +1,7 @@
 #include <windows.h>
 
-#include <shellapi.h>
-
 #include <algorithm>
-#include <charconv>
-#include <cmath>
+#include <cstdlib>
 #include <ctime>
 #include <string>
 
@@ -14,27 +11,16 @@
 
 namespace {
 
-constexpr DWORD kForever = 24 * 60 * 60 * 1000;
-
-std::wstring ProjectOf(const wchar_t* commandLine) {
-    int count = 0;
-    wchar_t** const arguments = CommandLineToArgvW(commandLine, &count);
-    std::wstring project = count > 1 ? arguments[1] : L"";
-    LocalFree(arguments);
-    return project;
-}
-
 // Milliseconds to hold the project, by its text.
-DWORD HoldOf(HANDLE project) {
+DWORD HoldOf(const CFileHandle& project) {
+    constexpr double kForever = 24 * 60 * 60 * 1000;
     char text[64] = {};
     DWORD length = 0;
-    double seconds = 0;
-    if (!ReadFile(project, text, sizeof text, &length, nullptr) ||
-        std::from_chars(text, text + length, seconds).ec != std::errc() || !std::isfinite(seconds) ||
-        seconds < 0) {
+    if (!project || !ReadFile(project.Get(), text, sizeof text - 1, &length, nullptr)) {
         return 0;
     }
-    return static_cast<DWORD>(std::min(seconds * 1000, static_cast<double>(kForever)));
+    const double milliseconds = std::strtod(text, nullptr) * 1000;
+    return milliseconds > 0 ? static_cast<DWORD>(std::min(milliseconds, kForever)) : 0;
 }
 
 bool Append(const std::wstring& path, const std::string& line) {
@@ -56,19 +42,18 @@ bool Append(const std::wstring& path, const std::string& line) {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
     HardenProcess();
-    const wchar_t* const commandLine = GetCommandLineW();
-    const std::wstring project = ProjectOf(commandLine);
-    if (project.empty()) {
+    if (__argc < 2) {
         return 2;
     }
+    const std::wstring project = __wargv[1];
     CFileHandle held(CreateFileW(project.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                  FILE_ATTRIBUTE_NORMAL, nullptr));
-    const DWORD hold = held ? HoldOf(held.Get()) : 0;
+    const DWORD hold = HoldOf(held);
     if (hold == 0) {
         held.Close();
     }
     const std::string line = std::to_string(_time64(nullptr)) + '\t' + std::to_string(GetCurrentProcessId()) +
-                             '\t' + ToUtf8(commandLine) + '\n';
+                             '\t' + ToUtf8(GetCommandLineW()) + '\n';
     if (!Append(project + L".runs.txt", line)) {
         return 1;
     }
