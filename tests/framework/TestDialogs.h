@@ -1,15 +1,4 @@
 #pragma once
 
-// The test program's own resources.
-#define IDD_TEST_CONTROLS 9001
-#define IDD_TEST_RESIZING 9002
-
-#define IDC_TEST_EDIT 9101
-#define IDC_TEST_NUMBER 9102
-#define IDC_TEST_CHECK 9103
-#define IDC_TEST_COMBO 9104
-#define IDC_TEST_PICKER 9105
-#define IDC_TEST_BUTTON 9106
-#define IDC_TEST_LIST 9107
-#define IDC_TEST_CORNER 9108
-#define IDC_TEST_LOOSE 9109
+// The test program's own resource: a dialog with nothing but two buttons.
+#define IDD_TEST 9001
