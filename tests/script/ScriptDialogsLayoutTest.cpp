@@ -39,16 +39,12 @@ TEST_P(ScriptDialogLayout, IsWhole) {
                                            &CResizingDialog::stChildControl::hWnd);
         return own == dialog.m_arrChildControls.end() ? ANCHOR_LEFT | ANCHOR_TOP : own->nFlags;
     });
-    ExpectEyeOrderAndLabels();
-    EXPECT_EQ(SharedMnemonics(), (std::map<wchar_t, int>{{L's', 2}})) << "the script and Save";
 }
 
 TEST_P(ScriptFunctionDialogLayout, IsWhole) {
     ExpectNothingCutOff({{IDC_FUNCTION_NAME, L"Extract_Selected_Text_From_DropDownList"},
                          {IDC_FUNCTION_PARAM_1, L"vbNewLine + vbNewLine"}});
     ExpectNoOverlap([](int) -> std::uint32_t { return ANCHOR_LEFT | ANCHOR_TOP; });
-    ExpectEyeOrderAndLabels();
-    EXPECT_TRUE(SharedMnemonics().empty());
 
     // What is put into the labels later has room as well.
     const CResourceScriptTexts texts;
