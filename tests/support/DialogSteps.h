@@ -20,10 +20,7 @@ public:
     }
     DialogSteps(const DialogSteps&) = delete;
     DialogSteps& operator=(const DialogSteps&) = delete;
-    ~DialogSteps() {
-        UnhookWindowsHookEx(m_hook);
-        s_current = nullptr;
-    }
+    ~DialogSteps() { UnhookWindowsHookEx(m_hook); }
 
     // How many dialogs there were.
     std::size_t count = 0;
@@ -31,16 +28,13 @@ public:
 private:
     static LRESULT CALLBACK Procedure(int code, WPARAM wParam, LPARAM lParam) {
         const auto& message = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
-        if (code == HC_ACTION && message.message == WM_INITDIALOG) {
-            const std::size_t index = s_current->count++;
-            if (index < s_current->m_steps.size()) {
-                s_current->m_steps[index](message.hwnd);
-            }
+        if (message.message == WM_INITDIALOG && s_current->count++ < s_current->m_steps.size()) {
+            s_current->m_steps[s_current->count - 1](message.hwnd);
         }
         return CallNextHookEx(nullptr, code, wParam, lParam);
     }
 
     static inline DialogSteps* s_current = nullptr;
     std::vector<Step> m_steps;
-    HHOOK m_hook = nullptr;
+    HHOOK m_hook;
 };

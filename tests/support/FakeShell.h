@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -15,6 +16,7 @@ public:
         std::wstring parameters;
         bool operator==(const Start&) const = default;
     };
+    std::function<void()> whileOpening = [] {};
 
     [[nodiscard]] bool FileExists(const std::wstring& path) override { return !missing.contains(path); }
     [[nodiscard]] bool CanOpenForWriting(const std::wstring& path) override { return !held.contains(path); }
@@ -28,6 +30,7 @@ public:
     }
     [[nodiscard]] std::intptr_t Open(const std::wstring& program, const std::wstring& parameters) override {
         starts.push_back({program, parameters});
+        whileOpening();
         return answer;
     }
 

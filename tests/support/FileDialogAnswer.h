@@ -15,20 +15,18 @@ public:
               ++count;
               open = openForm;
               flags = record.Flags;
-              bufferSize = record.nMaxFile;
               fileName = record.lpstrFile;
-              folder = record.lpstrInitialDir != nullptr ? record.lpstrInitialDir : L"";
               extension = record.lpstrDefExt != nullptr ? record.lpstrDefExt : L"";
               filter.clear();
               for (const wchar_t* text = record.lpstrFilter; text != nullptr && *text != L'\0';
                    text += std::wcslen(text) + 1) {
                   filter += std::wstring(text) + L'|';
               }
-              if (answer && answer->size() + 2 <= bufferSize) {
+              const bool fits = answer && answer->size() + 2 <= record.nMaxFile;
+              if (fits) {
                   std::fill_n(std::copy(answer->begin(), answer->end(), record.lpstrFile), 2, L'\0');
-                  return true;
               }
-              return false;
+              return fits;
           })) {}
     FileDialogAnswer(const FileDialogAnswer&) = delete;
     FileDialogAnswer& operator=(const FileDialogAnswer&) = delete;
@@ -37,12 +35,8 @@ public:
     int count = 0;
     bool open = false;
     DWORD flags = 0;
-    DWORD bufferSize = 0;
-    std::wstring fileName;
-    std::wstring folder;
-    std::wstring extension;
-    // Each text of the filter followed by '|'.
-    std::wstring filter;
+    std::wstring fileName, extension;
+    std::wstring filter;  // each of its texts followed by '|'
 
 private:
     FileDialogFunction m_before;

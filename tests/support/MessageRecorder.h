@@ -12,9 +12,7 @@ public:
         : m_before(AfxSetMessageBox([this, answer](const std::wstring& text, UINT style) {
               texts.push_back(text);
               styles.push_back(style);
-              if (whileOpen) {
-                  whileOpen();
-              }
+              whileOpen();
               return answer;
           })) {}
     MessageRecorder(const MessageRecorder&) = delete;
@@ -24,7 +22,7 @@ public:
     std::vector<std::wstring> texts;
     std::vector<UINT> styles;
     // Runs while a box would be on the screen.
-    std::function<void()> whileOpen;
+    std::function<void()> whileOpen = [] {};
 
 private:
     MessageBoxFunction m_before;

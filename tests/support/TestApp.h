@@ -2,16 +2,21 @@
 
 #include "framework/WinApp.h"
 
-// An application whose settings are this test process's own and vanish with it.
+// An application while whose life HKEY_CURRENT_USER is a key of this process's own, which vanishes with it.
 class TestApp : public CWinApp {
 public:
     TestApp() {
+        HKEY key = nullptr;
+        RegCreateKeyW(HKEY_CURRENT_USER, m_key.c_str(), &key);
+        RegOverridePredefKey(HKEY_CURRENT_USER, key);
+        RegCloseKey(key);
         SetRegistryKey(L"Talvernick");
-        m_strAppName = L"Test" + std::to_wstring(GetCurrentProcessId());
-        m_key = L"Software\\Talvernick\\" + m_strAppName;
     }
-    ~TestApp() override { RegDeleteTreeW(HKEY_CURRENT_USER, m_key.c_str()); }
+    ~TestApp() override {
+        RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+        RegDeleteTreeW(HKEY_CURRENT_USER, m_key.c_str());
+    }
 
-    // The key below HKEY_CURRENT_USER that holds the settings.
-    std::wstring m_key;
+private:
+    std::wstring m_key = L"Software\\Talvernick\\Test" + std::to_wstring(GetCurrentProcessId());
 };
