@@ -20,12 +20,6 @@
 
 namespace {
 
-std::wstring TextOf(HWND window) {
-    wchar_t text[4096] = {};
-    SendMessageW(window, WM_GETTEXT, 4096, reinterpret_cast<LPARAM>(text));
-    return text;
-}
-
 HWND Find(std::wstring title) {
     const bool isPrefix = title.ends_with(L'*');
     title.resize(title.size() - (isPrefix ? 1 : 0));
@@ -51,9 +45,12 @@ void Print(HWND window) {
 }  // namespace
 
 int wmain(int count, wchar_t** arguments) {
-    HWND window = count > 2 ? Find(arguments[1]) : nullptr;
-    const std::wstring verb = count > 2 ? arguments[2] : L"";
-    if (count > 3 && verb == L"rename") {
+    if (count < 3) {
+        return 1;
+    }
+    HWND window = Find(arguments[1]);
+    const std::wstring verb = arguments[2];
+    if (verb == L"rename" && count > 3) {
         SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(arguments[3]));
         return 0;
     }
@@ -64,7 +61,9 @@ int wmain(int count, wchar_t** arguments) {
         return 1;
     }
     if (verb == L"text") {
-        std::printf("%s\n", ToUtf8(TextOf(window)).c_str());
+        wchar_t text[4096] = {};
+        SendMessageW(window, WM_GETTEXT, 4096, reinterpret_cast<LPARAM>(text));
+        std::printf("%s\n", ToUtf8(text).c_str());
         return 0;
     }
     Print(window);

@@ -23,21 +23,6 @@ DWORD HoldOf(const CFileHandle& project) {
     return milliseconds > 0 ? static_cast<DWORD>(std::min(milliseconds, kForever)) : 0;
 }
 
-bool Append(const std::wstring& path, const std::string& line) {
-    // Writing is not shared, so that the lines of two processes cannot mix.
-    for (int attempt = 0; attempt < 1000; ++attempt) {
-        const CFileHandle file(CreateFileW(path.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ, nullptr,
-                                           OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-        if (file) {
-            DWORD written = 0;
-            return WriteFile(file.Get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr) &&
-                   written == line.size();
-        }
-        Sleep(10);
-    }
-    return false;
-}
-
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
@@ -52,11 +37,20 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
     if (hold == 0) {
         held.Close();
     }
+    // Writing is not shared, so that the lines of two processes cannot mix.
+    CFileHandle record;
+    for (int attempt = 0; !record && attempt < 1000; ++attempt) {
+        Sleep(attempt == 0 ? 0 : 10);
+        record = CFileHandle(CreateFileW((project + L".runs.txt").c_str(), FILE_APPEND_DATA, FILE_SHARE_READ,
+                                         nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    }
     const std::string line = std::to_string(_time64(nullptr)) + '\t' + std::to_string(GetCurrentProcessId()) +
                              '\t' + ToUtf8(GetCommandLineW()) + '\n';
-    if (!Append(project + L".runs.txt", line)) {
+    DWORD written = 0;
+    if (!WriteFile(record.Get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr)) {
         return 1;
     }
+    record.Close();
     Sleep(hold);
     return 0;
 }

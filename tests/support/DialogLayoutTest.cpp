@@ -4,12 +4,6 @@
 
 #include "layout/AnchorGeometry.h"
 
-static std::ostream& operator<<(std::ostream& out, const LayoutControl& control) {
-    const RECT& rect = control.rect;
-    return out << "control " << control.id << " at " << rect.left << ',' << rect.top << '-' << rect.right
-               << ',' << rect.bottom;
-}
-
 namespace {
 
 Edges ToEdges(const RECT& rect) {
@@ -24,12 +18,12 @@ bool Contains(const RECT& around, const RECT& rect) {
 
 void ExpectApart(const RECT& client, const std::vector<LayoutControl>& controls) {
     for (const LayoutControl& one : controls) {
-        EXPECT_TRUE(Contains(client, one.rect)) << one;
+        EXPECT_TRUE(Contains(client, one.rect)) << one.id;
         for (const LayoutControl& other : controls) {
             RECT common;
             if (&one < &other && one.IsVisible() && other.IsVisible() && !one.IsArrows() &&
                 !other.IsArrows() && !one.Groups(other) && !other.Groups(one)) {
-                EXPECT_FALSE(IntersectRect(&common, &one.rect, &other.rect)) << one << " and " << other;
+                EXPECT_FALSE(IntersectRect(&common, &one.rect, &other.rect)) << one.id << " and " << other.id;
             }
         }
     }
@@ -101,8 +95,8 @@ void DialogLayoutTest::ExpectNothingCutOff(const std::map<int, std::wstring>& lo
         } else if (control.kind == WC_STATICW && control.IsVisible() && !control.text.empty()) {
             needed = TextSize(control.text, width);
         }
-        EXPECT_LE(needed.cx + MulDiv(frame, GetParam(), 96), width) << control;
-        EXPECT_LE(needed.cy, control.rect.bottom - control.rect.top) << control;
+        EXPECT_LE(needed.cx + MulDiv(frame, GetParam(), 96), width) << control.id;
+        EXPECT_LE(needed.cy, control.rect.bottom - control.rect.top) << control.id;
     }
 }
 

@@ -49,11 +49,6 @@ protected:
         *header = {Item(id), static_cast<UINT_PTR>(id), code};
         dialog->SendMessage(WM_NOTIFY, header->idFrom, reinterpret_cast<LPARAM>(header));
     }
-    void ClickHeader(int column) const {
-        NMLISTVIEW click{};
-        click.iSubItem = column;
-        Notify(IDC_PROJECT_LIST, LVN_COLUMNCLICK, click);
-    }
     void Tick(WPARAM id = CSCVSchedulerDlg::kTimer) const { dialog->SendMessage(WM_TIMER, id); }
 
     // NOLINTNEXTLINE(modernize-use-nodiscard): most messages are sent for what they do
@@ -100,16 +95,6 @@ protected:
         }
     }
 
-    // The projects that the file holds now.
-    Texts Saved() {
-        CSCVShchedulerTaskArray tasks;
-        tasks.Load(files, kList);
-        Texts paths;
-        for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
-            paths.push_back(tasks[i]->m_strProjectPath);
-        }
-        return paths;
-    }
     static std::wstring Registered(const wchar_t* key, const wchar_t* name) {
         std::wstring text;
         RegReadString(HKEY_CURRENT_USER, key, name, text);

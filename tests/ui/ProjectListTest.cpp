@@ -39,7 +39,9 @@ TEST_F(ProjectList, EveryHeaderClickTurnsTheDirection) {
     Open({L"C:\\b\\x.p", L"C:\\c\\y.p", L"C:\\A\\Z.p"});
     CSCVShchedulerTask &x = Task(0), &y = Task(1), &z = Task(2);
     const auto expectAfterClick = [&](int column, const Texts& rows, int mark) {
-        ClickHeader(column);
+        NMLISTVIEW click{};
+        click.iSubItem = column;
+        Notify(IDC_PROJECT_LIST, LVN_COLUMNCLICK, click);
         EXPECT_EQ(Rows(), rows) << column;
         HDITEMW item{};
         item.mask = HDI_FORMAT | HDI_IMAGE;
