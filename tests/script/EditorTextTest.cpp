@@ -8,7 +8,7 @@ using Names = std::vector<std::wstring>;
 
 TEST(EditorText, TheFirstLinesColumnsLagByOne) {
     const std::int64_t columns[] = {1, 1, 2, 3, 1, 2, 3, 4, 1};
-    for (std::int64_t position = 0; position < std::ssize(columns); ++position) {
+    for (std::ptrdiff_t position = 0; position < std::ssize(columns); ++position) {
         EXPECT_EQ(CaretColumn(L"ab\r\ncd\r\n", position), columns[position]) << position;
     }
 }

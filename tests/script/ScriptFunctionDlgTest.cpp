@@ -26,14 +26,13 @@ struct ScriptFunctionDlg : testing::Test {
         }});
         return CScriptFunctionDlg(generator).DoModal(language, &record);
     }
-    [[nodiscard]] std::wstring Text(int id) const { return dialog.GetDlgItemText(id); }
     [[nodiscard]] Texts Visible() const {
         Texts visible;
         for (const int id : {IDC_FUNCTION_PARAM_1_LABEL, IDC_FUNCTION_PARAM_1, IDC_FUNCTION_PARAM_2_LABEL,
                              IDC_FUNCTION_PARAM_2, IDC_FUNCTION_PARAM_3_LABEL, IDC_FUNCTION_PARAM_3,
                              IDC_FUNCTION_NO_PARAMS}) {
             if ((GetWindowLongPtrW(dialog.GetDlgItem(id), GWL_STYLE) & WS_VISIBLE) != 0) {
-                visible.push_back(Text(id));
+                visible.push_back(dialog.GetDlgItemText(id));
             }
         }
         return visible;
@@ -45,7 +44,6 @@ struct ScriptFunctionDlg : testing::Test {
                            reinterpret_cast<LPARAM>(combo));
     }
     void Press(int id) const { SendMessageW(dialog.GetDlgItem(id), BM_CLICK, 0, 0); }
-    [[nodiscard]] Texts Params() const { return {record.params.begin(), record.params.end()}; }
 
     CResourceScriptTexts texts;
     CScriptGenerator generator{texts};
@@ -55,65 +53,43 @@ struct ScriptFunctionDlg : testing::Test {
 
 TEST_F(ScriptFunctionDlg, ShowsTheTemplateAndItsParameters) {
     const auto look = [&] {
-        EXPECT_EQ(Text(IDC_FUNCTION_NAME), L"Left_String");
+        EXPECT_EQ(dialog.GetDlgItemText(IDC_FUNCTION_NAME), L"Left_String");
         EXPECT_EQ(Visible(), (Texts{L"searchFor:", L"a\\r\\nb", L"reverseSearch:", L"1"}));
-        EXPECT_EQ(Text(IDC_FUNCTION_DESCRIPTION), generator.GetTemplateDescription(61319));
+        EXPECT_EQ(dialog.GetDlgItemText(IDC_FUNCTION_DESCRIPTION), generator.GetTemplateDescription(61319));
         EXPECT_EQ(CComboBox(dialog.GetDlgItem(IDC_FUNCTION_NAME)).GetCount(), 18);
         Choose(L"Sub_String");
         EXPECT_EQ(Visible(),
                   (Texts{L"startSearchFor:", L"a\\r\\nb", L"endSearchFor:", L"1", L"reverseSearch:", L""}));
-        EXPECT_EQ(Text(IDC_FUNCTION_DESCRIPTION), generator.GetTemplateDescription(61320));
         Choose(L"Strip_Html_Tags");
         EXPECT_EQ(Visible(), Texts{L"This function has no parameters"});
         Press(IDCANCEL);
     };
     EXPECT_EQ(Run(L"vbscript", 61319, {L"a\r\nb", L"1"}, look), IDCANCEL);
     EXPECT_EQ(record.number, 61319);
-    EXPECT_EQ(Params(), (Texts{L"a\r\nb", L"1"})) << "Cancel leaves it alone";
+    EXPECT_EQ(record.params[0], L"a\r\nb") << "Cancel leaves it alone";
 }
 
 TEST_F(ScriptFunctionDlg, HandsBackAlwaysThreeValues) {
-    const struct {
-        const wchar_t* language;
-        std::int32_t before;
-        Texts given;
-        std::function<void()> fill;
-        std::int32_t number;
-        Texts params;
-    } cases[] = {
-        {L"VBScript", 61322, {}, [] {}, 61322, {L"", L"", L""}},
-        {L"JScript",
-         62005,
-         {},
-         [&] {
-             SendMessageW(dialog.GetDlgItem(IDC_FUNCTION_PARAM_1), CB_SETCURSEL, 1, 0);
-             dialog.SetDlgItemText(IDC_FUNCTION_PARAM_2, L"x\\r\\ny");
-         },
-         62005,
-         {L"\r\n\r\n", L"x\r\ny", L""}},
-        {L"JScript",
-         62003,
-         {L"1", L"2", L"3", L"4"},
-         [&] { Choose(L"Left_String"); },
-         62002,
-         {L"1", L"2", L"3"}},
-        {L"JScript",
-         61319,
-         {L"kept"},
-         [&] { EXPECT_EQ(Text(IDC_FUNCTION_NAME), L"") << "another language's"; },
-         -1,
-         {L"kept", L"", L""}},
+    const auto filled = [&](const wchar_t* language, std::int32_t number, const Texts& params,
+                            const std::function<void()>& fill) {
+        const auto press = [&] {
+            fill();
+            Press(IDOK);
+        };
+        EXPECT_EQ(Run(language, number, params, press), IDOK);
+        return std::pair(record.number, Texts(record.params.begin(), record.params.end()));
     };
-    for (const auto& item : cases) {
-        EXPECT_EQ(Run(item.language, item.before, item.given,
-                      [&] {
-                          item.fill();
-                          Press(IDOK);
-                      }),
-                  IDOK);
-        EXPECT_EQ(record.number, item.number);
-        EXPECT_EQ(Params(), item.params);
-    }
+    EXPECT_EQ(filled(L"VBScript", 61322, {}, [] {}), std::pair(61322, Texts(3)));
+    const auto type = [&] {
+        SendMessageW(dialog.GetDlgItem(IDC_FUNCTION_PARAM_1), CB_SETCURSEL, 1, 0);
+        dialog.SetDlgItemText(IDC_FUNCTION_PARAM_2, L"x\\r\\ny");
+    };
+    EXPECT_EQ(filled(L"JScript", 62005, {}, type), std::pair(62005, Texts{L"\r\n\r\n", L"x\r\ny", L""}));
+    EXPECT_EQ(filled(L"JScript", 62003, {L"1", L"2", L"3", L"4"}, [&] { Choose(L"Left_String"); }),
+              std::pair(62002, Texts{L"1", L"2", L"3"}));
+    EXPECT_EQ(filled(L"JScript", 61319, {L"kept"}, [] {}), std::pair(-1, Texts{L"kept", L"", L""}))
+        << "another language's template";
+    EXPECT_EQ(CScriptFunctionDlg(generator).DoModal(L"JScript", nullptr), -1);
 }
 
 }  // namespace

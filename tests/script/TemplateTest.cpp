@@ -128,11 +128,14 @@ TEST_F(Template, AddedToAScriptTheyRunInTurn) {
 TEST_F(Template, LeftAndRightString) {
     Expect({61319, 62002}, {{{L"-", L"0"}, L"a-b-c", L"a-"},
                             {{L"-", L"1"}, L"a-b-c", L"a-b-"},
+                            {{L"aa", L"0"}, L"aaa", L"aa"},
+                            {{L"A", L"0"}, L"a", L""},
                             {{L"", L"1"}, L"abc", L""},
                             {{L"\r\n", L""}, L"say \"a\"\r\nb", L"say \"a\"\r\n"},
                             {{L"\"", L"1"}, L"say \"a\"\r\nb", L"say \"a\""}});
     Expect({61321, 62004}, {{{L"-", L"0"}, L"a-b-c", L"-b-c"},
                             {{L"-", L"1"}, L"a-b-c", L"-c"},
+                            {{L"x", L"0"}, L"abc", L""},
                             {{L"aa", L"1"}, L"aaa", L"aa"},
                             {{L"", L"1"}, L"abc", L""}});
 }
@@ -385,19 +388,19 @@ TEST_F(Template, DownloadUrl) {
                 closesocket(connection);
                 closesocket(listener);
             });
-            EXPECT_EQ(Run(Language(number), Script(number, {}), L" \r\n" + url + L"\r\n"), each.result);
+            EXPECT_EQ(Run(Language(number), Script(number, {}), L" \r\n" + url + L"\r\n"), each.result)
+                << number;
         }
         Expect({number}, {{{}, L"http://127.0.0.1:1/", L""}, {{}, L"no URL", L""}});
 
-        // A server that never answers, and a shorter limit than a minute. The port stays open: what
-        // becomes of the connection after the request was given up, Wine's WinHttp writes into memory
-        // that is no longer its own.
+        // A server that never answers, and a shorter limit than a minute. Its port stays open, for Wine's
+        // WinHttp writes what it hears after that into memory which is no longer its own.
         Listen(url);
         std::wstring script = Script(number, {});
         const std::wstring limit = L"WaitForResponse(60)";
         ASSERT_NE(script.find(limit), std::wstring::npos);
         script.replace(script.find(limit), limit.size(), L"WaitForResponse(1)");
-        EXPECT_EQ(Run(Language(number), script, url), L"");
+        EXPECT_EQ(Run(Language(number), script, url), L"") << number;
     }
 }
 
