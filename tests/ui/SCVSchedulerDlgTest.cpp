@@ -49,6 +49,7 @@ TEST_F(SCVSchedulerDlg, LaunchesOnItsOwnTimerAndTellsOnceOfATaskWithoutACalendar
         EXPECT_EQ(shell.starts.size(), minute);
         Tick();
     }
+    EXPECT_EQ(Cell(2, 3), L"") << "a list that shows such a task still draws";
     EXPECT_EQ(boxes.texts.size(), 1U);
     EXPECT_EQ(shell.starts.size(), 3U) << "those before it run on, hidden";
     EXPECT_EQ(Cell(0, 2), L"Success");
@@ -63,9 +64,9 @@ TEST_F(SCVSchedulerDlg, LaunchesOnItsOwnTimerAndTellsOnceOfATaskWithoutACalendar
 TEST_F(SCVSchedulerDlg, ListThatIsHeldIsReadLaterAndNeverSavedOver) {
     Open({L"C:\\a.scvpr"});
     files.Hold(kList, CFakeFileSystem::kForever);
-    Click(IDC_DELETE_PROJECT);
+    Task(0).m_strProjectPath = L"C:\\d.scvpr";
     Click(IDCANCEL);
-    EXPECT_EQ(Rows(), Texts{}) << "a list that cannot be read discards nothing";
+    EXPECT_EQ(Rows(), Texts{L"d.scvpr"}) << "a list that cannot be read discards nothing";
     files.Hold(kList, 0);
     Tick();
     EXPECT_EQ(Rows(), Texts{L"a.scvpr"}) << "until it can";
@@ -110,6 +111,7 @@ TEST_F(SCVSchedulerDlg, RunIsNeverDoubledByALaunchThatPumpsOrASaveThatFails) {
     files.Hold(kList, CFakeFileSystem::kForever);
     Tick();
     EXPECT_EQ(shell.starts.size(), 2U);
+    Click(IDOK);  // forgets nothing, for it saves nothing
     files.Hold(kList, 0);
     Click(IDCANCEL);
     EXPECT_EQ(Task(0).m_tLastRunTime, clock.now) << "the file knows nothing of it";
