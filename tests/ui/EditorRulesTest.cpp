@@ -5,8 +5,6 @@
 #include <map>
 #include <set>
 
-#include "core/LocalTime.h"
-
 namespace {
 
 using T = CSCVShchedulerTask;
@@ -60,27 +58,6 @@ TEST(EditorRules, EachControlWritesItsFieldIntoEverySelectedTask) {
     T* const selected[]{&shown};
     ApplyEditorChange(1022, unticked, selected);
     EXPECT_EQ(shown.m_strExportFile, L"") << "a file's name is its box's only memory";
-}
-
-TEST(EditorRules, TheStartDateKeepsTheSecondsAndTheTimeClearsThem) {
-    T first, third;
-    T* const selected[]{&first, nullptr, &third};
-    const auto start = [](int day, int hour, int minute, int second) {
-        return FromLocalTime(2024, 3, day, hour, minute, second);
-    };
-    third.m_tStartTime = start(7, 23, 59, 59);
-    ApplyStartDate({2024, 3, 6, 0, 1, 2, 3}, selected);
-    EXPECT_EQ(third.m_tStartTime, start(6, 23, 59, 59));
-    ApplyStartTime({2030, 1, 1, 0, 10, 30, 33}, selected);
-    EXPECT_EQ(third.m_tStartTime, start(6, 10, 30, 0));
-    ApplyStartNow(start(9, 4, 5, 6), selected);
-    EXPECT_EQ(third.m_tStartTime, start(9, 4, 5, 0));
-    ApplyUntilTime({2024, 3, 1, 0, 18, 20, 59}, selected);
-    EXPECT_EQ(third.m_tUntilTime, start(1, 18, 20, 59));
-
-    first.m_tStartTime = INT64_MAX;
-    EXPECT_THROW(ApplyStartDate({2024, 3, 6, 0, 0, 0, 0}, selected), std::invalid_argument);
-    EXPECT_EQ(third.m_tStartTime, start(9, 4, 5, 0)) << "a start that cannot be ends the change there";
 }
 
 }  // namespace

@@ -82,6 +82,7 @@ TEST_F(TaskEditor, BoxesEnableWhatHangsOnThemAndButtonsChooseFiles) {
         Click(browse.button);
         EXPECT_TRUE(answer.open);
         EXPECT_EQ(answer.fileName, longName) << "the buffer grows with the name that it starts with";
+        EXPECT_EQ(answer.filter + L'|', browse.filter);
         EXPECT_EQ(dialog->GetDlgItemText(browse.edit), L"C:\\chosen.csv");
     }
     EXPECT_EQ(Task(0).m_strExportFile + Task(0).m_strInputValuesFile, L"C:\\chosen.csvC:\\chosen.csv");
@@ -134,8 +135,9 @@ TEST_F(TaskEditor, PickersChangeTheirHalfOfTheStart) {
     EXPECT_EQ(Task(0).m_tStartTime, FromLocalTime(2024, 3, 6, 10, 30, 0));
     Pick(IDC_UNTIL_TIME, {2024, 3, 0, 6, 18, 45, 0, 0});
     EXPECT_EQ(Task(1).m_tUntilTime, FromLocalTime(2024, 3, 6, 18, 45, 0));
+    clock.now += 59;
     Click(IDC_SET_CURRENT);
-    EXPECT_EQ(Task(1).m_tStartTime, clock.now);
+    EXPECT_EQ(Task(1).m_tStartTime, clock.now - 59) << "without seconds";
     EXPECT_EQ(Picked(IDC_START_TIME).wHour, 10);
     EXPECT_EQ(Picked(IDC_START_DATE).wYear, 2026);
     EXPECT_EQ(Picked(IDC_UNTIL_TIME).wHour, 18) << "the other picker stays";
