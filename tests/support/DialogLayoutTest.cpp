@@ -29,10 +29,6 @@ void ExpectApart(const RECT& client, const std::vector<LayoutControl>& controls)
     }
 }
 
-INT_PTR CALLBACK DoNothing(HWND, UINT, WPARAM, LPARAM) {
-    return FALSE;
-}
-
 }  // namespace
 
 bool LayoutControl::Groups(const LayoutControl& other) const {
@@ -50,8 +46,7 @@ void DialogLayoutTest::SetUp() {
     const auto afterMenuAndClass = copy.begin() + 13 + 2;  // both are absent: one zero each
     *(std::find(afterMenuAndClass, copy.end(), WORD{0}) + 1) = static_cast<WORD>(MulDiv(8, GetParam(), 96));
     m_dialog = CreateDialogIndirectParamW(
-        nullptr, static_cast<const DLGTEMPLATE*>(static_cast<const void*>(copy.data())), nullptr, DoNothing,
-        0);
+        nullptr, static_cast<const DLGTEMPLATE*>(static_cast<const void*>(copy.data())), nullptr, nullptr, 0);
     ASSERT_TRUE(m_dialog);
     for (HWND child = GetWindow(m_dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         wchar_t kind[64] = {};

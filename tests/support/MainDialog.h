@@ -67,8 +67,8 @@ protected:
     // The first column of all rows, or of those in a state, from top to bottom.
     [[nodiscard]] Texts Rows(UINT state = LVNI_ALL) const {
         Texts rows;
-        for (int row = -1;
-             (row = static_cast<int>(List(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LPARAM{state}))) >= 0;) {
+        for (int row = -1; (row = static_cast<int>(List(LVM_GETNEXTITEM, static_cast<WPARAM>(row),
+                                                        static_cast<LPARAM>(state)))) >= 0;) {
             rows.push_back(Cell(row, 0));
         }
         return rows;
