@@ -44,7 +44,6 @@ protected:
 
 private:
     // SCVSchedulerDlg.cpp: the window's life.
-    void OnWindowCreated();
     void SetIcons();
     bool CreateToolTips();
     void RegisterControls();
