@@ -307,6 +307,7 @@ TEST_F(Template, CssSelector) {
          {{L"*[data-n^='a>'] span"}, page, L"<span/>"},
          {{L"img[src$=.png],[src*=\"i.\"]"}, page, L"<img src=i.png>"},
          {{L"[src*='']"}, page, L""},
+         {{L""}, page, L""},
          {{L"textarea"}, page, L"<textarea><p>no</textarea>"},
          {{L"div p img, ul p img"}, page, L"<img src=i.png>"},
          {{L"p,"}, page, L""},
