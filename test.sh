@@ -159,9 +159,8 @@ wine_tests() {
 handle_tests() {
     needs "build-windows-$1"
     needs "wine-$1"
-    local suites=(Handle Registry FileTests FileVersion AssociatedProgram TextFile PopupMenu WindowsFileSystem WindowsShell
-        TaskListPlaces PrivateProfileApi Scvsched ProcessHardening ScriptDlg
-        ScriptFunctionDlg ProjectList SCVSchedulerDlg)
+    local suites=(Registry FileTests TextFile WindowsFileSystem WindowsShell TaskListPlaces PrivateProfileApi Scvsched ProcessHardening
+        ScriptDlg ScriptFunctionDlg ProjectList SCVSchedulerDlg)
     SCV_KILL_ROUNDS=10 wine_limit=$step_limit run_tests "handles-$1" wine_run "$1" \
         "build/windows-$1/tests/underdebugger.exe" "build/windows-$1/tests/scv_tests.exe" \
         "--gtest_filter=$(printf '%s.*:' "${suites[@]}")"
