@@ -19,7 +19,7 @@ while [ $# -gt 0 ]; do
     case $1 in
     --quick) quick=1 ;;
     --long)
-        export SCV_KILL_ROUNDS=1000
+        export SCV_KILL_ROUNDS=1000 SCV_TEST_TIMEOUT=1200
         fuzz_seconds=600
         step_limit=7200
         ;;
@@ -159,7 +159,7 @@ wine_tests() {
 handle_tests() {
     needs "build-windows-$1"
     needs "wine-$1"
-    local suites=(Registry FileTests TextFile WindowsFileSystem WindowsShell TaskListPlaces PrivateProfileApi Scvsched ProcessHardening
+    local suites=(Registry FileTests TextFile WindowsFileSystem WindowsShell PrivateProfileApi Scvsched ProcessHardening
         ScriptDlg ScriptFunctionDlg ProjectList SCVSchedulerDlg)
     SCV_KILL_ROUNDS=10 wine_limit=$step_limit run_tests "handles-$1" wine_run "$1" \
         "build/windows-$1/tests/underdebugger.exe" "build/windows-$1/tests/scv_tests.exe" \

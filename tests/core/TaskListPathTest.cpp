@@ -1,74 +1,48 @@
 #include "core/TaskListPath.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <map>
-#include <vector>
 
 namespace {
 
 using Files = std::map<std::wstring, std::string>;
 
-class CPlaces final : public ITaskListPlaces {
-public:
+struct Places final : ITaskListPlaces {
     [[nodiscard]] bool Exists(const std::wstring& path) override { return files.contains(path); }
-    void CreateFolder(const std::wstring& folder) override { folders.push_back(folder); }
+    void CreateFolder(const std::wstring& path) override { folder = path; }
     [[nodiscard]] bool Copy(const std::wstring& from, const std::wstring& to) override {
-        if (copies) {
-            files[to] = files.at(from);
-        }
-        return copies;
+        return files.at(from) != "no copy" && files.insert_or_assign(to, files.at(from)).second;
     }
     void Delete(const std::wstring& path) override { files.erase(path); }
 
     Files files;
-    std::vector<std::wstring> folders;
-    bool copies = true;
+    std::wstring folder;
 };
 
-const std::wstring kLocal = L"C:\\Local\\App\\Sched.ini";
-const std::wstring kRoaming = L"C:\\Roaming\\Scrivane\\Sched.ini";
+const std::wstring kLocal = L"L:\\App\\Sched.ini";
+const std::wstring kRoaming = L"R:\\Scrivane\\Sched.ini";
 const std::wstring kBeside = L"C:\\ini\\Sched.ini";
-const std::wstring kStranger = L"\\Scrivane\\Sched.ini";
 
 TEST(TaskListPath, AnOldListMovesTheRoamingOneFirst) {
     const struct {
-        const wchar_t* roamingFolder;
-        const wchar_t* localFolder;
-        bool copies;
-        Files before;
-        std::wstring path;
-        Files after;
+        Files before, after;
+        const wchar_t* localFolder = L"L:";
     } cases[] = {
-        {L"C:\\Roaming", L"C:\\Local", true, {{kBeside, "b"}}, kLocal, {{kLocal, "b"}}},
-        {L"C:\\Roaming",
-         L"C:\\Local",
-         true,
-         {{kRoaming, "r"}, {kBeside, "b"}},
-         kLocal,
-         {{kLocal, "r"}, {kBeside, "b"}}},
-        {L"C:\\Roaming", L"C:\\Local", false, {{kRoaming, "r"}}, kLocal, {{kRoaming, "r"}}},
-        {L"C:\\Roaming", L"", true, {{kRoaming, "r"}}, kBeside, {{kBeside, "r"}}},
-        {L"", L"", true, {{kStranger, "s"}}, kBeside, {{kStranger, "s"}}},
-        // A list in place is never replaced.
-        {L"C:\\Roaming",
-         L"C:\\Local",
-         true,
-         {{kLocal, "l"}, {kRoaming, "r"}},
-         kLocal,
-         {{kLocal, "l"}, {kRoaming, "r"}}},
+        {{{kBeside, "b"}}, {{kLocal, "b"}}},
+        {{{kRoaming, "r"}, {kBeside, "b"}}, {{kLocal, "r"}, {kBeside, "b"}}},
+        {{{kLocal, "l"}, {kRoaming, "r"}}, {{kLocal, "l"}, {kRoaming, "r"}}},  // is never replaced
+        {{{kRoaming, "no copy"}}, {{kRoaming, "no copy"}}},
+        {{{kRoaming, "r"}}, {{kBeside, "r"}}, L""},
     };
-    for (const auto& c : cases) {
-        CPlaces places;
-        places.files = c.before;
-        places.copies = c.copies;
-        EXPECT_EQ(SettleTaskListPath(
-                      {L"C:\\HLP\\Sched.HLP", c.roamingFolder, c.localFolder, L"App", L"Sched"}, places),
-                  c.path);
-        EXPECT_EQ(places.files, c.after);
-        EXPECT_EQ(places.folders.empty(), c.before.contains(c.path))
-            << "a folder is made for a new list only";
-        EXPECT_TRUE(c.path != kLocal || places.folders.empty() || places.folders[0] == L"C:\\Local\\App\\");
+    for (const auto& [before, after, localFolder] : cases) {
+        Places places;
+        places.files = before;
+        const std::wstring path = *localFolder == 0 ? kBeside : kLocal;
+        EXPECT_EQ(SettleTaskListPath({L"C:\\HLP\\Sched.HLP", L"R:", localFolder, L"App", L"Sched"}, places),
+                  path);
+        EXPECT_EQ(places.files, after);
+        EXPECT_EQ(places.folder, before.contains(path) ? L"" : path.substr(0, path.size() - 9));
     }
 }
 

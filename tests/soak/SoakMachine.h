@@ -1,32 +1,52 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-#include <memory>
 #include <string>
 
-#include "core/FileSystem.h"
+#include "tests/support/LocalZone.h"
+#ifdef _WIN32
+#include "core/WindowsFileSystem.h"
+#include "tests/support/TemporaryFolder.h"
+#include "util/Handle.h"
+#else
+#include "tests/support/FakeFileSystem.h"
 
-// What the soak runs on: a list of its own, in memory natively and a real one on Windows, and this process's
-// use of the machine. Natively the zone is Europe/Berlin for as long as it lives; on Windows it must be when
-// the program starts.
-class ISoakMachine {
-public:
-    ISoakMachine() = default;
-    ISoakMachine(const ISoakMachine&) = delete;
-    ISoakMachine& operator=(const ISoakMachine&) = delete;
-    virtual ~ISoakMachine() = default;
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's, of which gcc has no header
+extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
+#endif
 
-    [[nodiscard]] virtual IFileSystem& Files() = 0;
-    [[nodiscard]] virtual std::wstring ListPath() const = 0;
-    // Files where the list is, itself included.
-    [[nodiscard]] virtual std::size_t CountFiles() const = 0;
+// What the soak runs on: files in memory, and real ones on Windows. Break lets the call fail that comes so
+// many calls later or, on Windows, every save, until Mend. Use may not grow: kilobytes, and on Windows
+// handles.
+struct SoakMachine {
+    const CLocalZone zone{"Europe/Berlin"};
+#ifdef _WIN32
+    const TemporaryFolder folder;
+    const std::wstring list = folder.Path(L"list.ini");
+    CWindowsFileSystem files;
+
+    void Break(int) const {
+        SetFileAttributesW(list.c_str(), FILE_ATTRIBUTE_READONLY);
+    }
+    void Mend() const {
+        SetFileAttributesW(list.c_str(), FILE_ATTRIBUTE_NORMAL);
+    }
+    // The system gives the lowest handle that is free.
+    static std::size_t Use() {
+        return reinterpret_cast<std::size_t>(CKernelHandle(CreateEventW(nullptr, 0, 0, nullptr)).Get()) / 4;
+    }
+#else
+    const std::wstring list = L"C:\\list.ini";
+    CFakeFileSystem files;
+
+    void Break(int later) {
+        files.FailCalls(files.Calls() + later, files.Calls() + later);
+    }
+    void Mend() {
+        files.FailCalls(CFakeFileSystem::kForever, CFakeFileSystem::kForever);
+    }
+    static std::size_t Use() {
+        const auto bytes = &__sanitizer_get_current_allocated_bytes;
+        return bytes != nullptr ? bytes() / 1024 : 0;
+    }
+#endif
 };
-[[nodiscard]] std::unique_ptr<ISoakMachine> MakeSoakMachine();
-
-struct Usage {
-    std::int64_t bytes;  // allocated
-    std::int64_t handles;
-    std::int64_t grain;  // bytes that may come and go
-};
-[[nodiscard]] Usage MeasureUsage();

@@ -2,63 +2,25 @@
 
 #include <windows.h>
 
-#include <array>
-#include <atomic>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
+#include "tests/support/TemporaryFolder.h"
 #include "util/Handle.h"
+#include "util/ModulePath.h"
+#include "util/Path.h"
 
-namespace {
-
-constexpr DWORD kPatienceMilliseconds = 60'000;
-
-std::filesystem::path OwnFolder() {
-    std::array<wchar_t, 1024> path{};
-    GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    return std::filesystem::path(path.data()).parent_path();
+// Files, as a full pipe would block the child.
+static CFileHandle OpenForChild(const std::wstring& path) {
+    SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+    return CFileHandle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inheritable, CREATE_ALWAYS,
+                                   FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-// A file that the child can write to, gone with the object. Files, as a full pipe would block the child.
-class COutputFile {
-public:
-    explicit COutputFile(const wchar_t* name)
-        : m_path(std::filesystem::temp_directory_path() /
-                 (name + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++s_count))) {
-        SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
-        m_handle = CFileHandle(CreateFileW(m_path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inheritable,
-                                           CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    }
-    COutputFile(const COutputFile&) = delete;
-    COutputFile& operator=(const COutputFile&) = delete;
-    ~COutputFile() {
-        m_handle.Close();
-        std::error_code ignored;
-        std::filesystem::remove(m_path, ignored);
-    }
-
-    [[nodiscard]] HANDLE Get() const { return m_handle.Get(); }
-    [[nodiscard]] std::string Text() {
-        m_handle.Close();
-        std::ifstream file(m_path);  // as text, which makes CR LF one character
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-private:
-    static inline std::atomic<unsigned> s_count = 0;  // several children can run at once
-
-    std::filesystem::path m_path;
-    CFileHandle m_handle;
-};
-
-}  // namespace
-
 ChildResult RunChild(const std::wstring& executable, const std::wstring& words) {
-    COutputFile out(L"scv-out-");
-    COutputFile err(L"scv-err-");
-    const std::wstring path = (OwnFolder() / executable).wstring();
+    const TemporaryFolder folder;
+    CFileHandle out = OpenForChild(folder.Path(L"out"));
+    CFileHandle err = OpenForChild(folder.Path(L"err"));
+    const std::wstring path = std::filesystem::path(GetFolderPath(GetModulePath())) / executable;
     std::wstring commandLine = L"\"" + path + L"\" " + words;
     STARTUPINFOW start{};
     start.cb = sizeof(start);
@@ -72,11 +34,16 @@ ChildResult RunChild(const std::wstring& executable, const std::wstring& words) 
     }
     const CKernelHandle child(process.hProcess);
     const CKernelHandle thread(process.hThread);
-    if (WaitForSingleObject(child.Get(), kPatienceMilliseconds) != WAIT_OBJECT_0) {
+    if (WaitForSingleObject(child.Get(), 60'000) != WAIT_OBJECT_0) {
         TerminateProcess(child.Get(), 1);
         throw std::runtime_error("the child process had to be ended");
     }
     DWORD exitCode = 0;
     GetExitCodeProcess(child.Get(), &exitCode);
-    return {exitCode, out.Text(), err.Text()};
+    out.Close();
+    err.Close();
+    ChildResult result{exitCode, BytesOf(folder.Path(L"out")), BytesOf(folder.Path(L"err"))};
+    std::erase(result.out, '\r');
+    std::erase(result.err, '\r');
+    return result;
 }

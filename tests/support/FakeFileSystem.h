@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <limits>
 #include <map>
 #include <set>
@@ -11,7 +12,7 @@
 //
 // Calls are counted from 1 in the order in which they are made: IsReadOnly, Read, CreateLock, Create, Write,
 // Flush, Close, Replace and Remove count; Pause and destructors do not. Paths compare exactly.
-class CFakeFileSystem final : public IFileSystem {
+class CFakeFileSystem : public IFileSystem {
 public:
     static constexpr int kForever = std::numeric_limits<int>::max();
 
@@ -20,45 +21,110 @@ public:
     [[nodiscard]] bool Has(const std::wstring& path) const { return m_files.contains(path); }
     [[nodiscard]] std::size_t FileCount() const { return m_files.size(); }
     // A file that is safely on the medium.
-    void Put(const std::wstring& path, std::string bytes);
+    void Put(const std::wstring& path, const std::string& bytes) { m_files[path] = {bytes, bytes.size()}; }
     void PutFolder(const std::wstring& path) { m_folders.insert(path); }
     void SetReadOnly(const std::wstring& path) { m_readOnly.insert(path); }
 
     // The next `tries` calls that open or replace this path find it busy.
     void Hold(const std::wstring& path, int tries) { m_held[path] = tries; }
-    // Writing beyond so many bytes in all files together fails and leaves what fitted.
+    // Writing more than so many bytes at once fails and leaves what fitted.
     void SetCapacity(std::size_t bytes) { m_capacity = bytes; }
     // Calls first to last fail without effect, a Write after half of its bytes.
     void FailCalls(int first, int last) { m_firstFailure = first, m_lastFailure = last; }
-    // Call `number` takes effect, or not, and nothing works any more until RestorePower.
-    void CutPowerAt(int number, bool takesEffect) { m_cut = number, m_cutTakesEffect = takesEffect; }
-    // The machine is back: what was not flushed is torn, no file is open.
-    void RestorePower();
+    // The power was cut and is back: every call works again, and what was not flushed is torn.
+    void RestorePower() {
+        FailCalls(kForever, kForever);
+        for (auto& [path, file] : m_files) {
+            const std::size_t torn = file.flushed + (file.bytes.size() - file.flushed) / 2;
+            std::fill(file.bytes.begin() + static_cast<std::ptrdiff_t>(torn), file.bytes.end(), '\0');
+        }
+    }
 
     [[nodiscard]] int Calls() const { return m_calls; }
     [[nodiscard]] int Replacements() const { return m_replacements; }
     [[nodiscard]] unsigned PausedMilliseconds() const { return m_paused; }
 
-    [[nodiscard]] bool IsReadOnly(const std::wstring& path) override;
-    [[nodiscard]] Status Read(const std::wstring& path, std::string& bytes) override;
-    [[nodiscard]] Status CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override;
-    [[nodiscard]] Status Create(const std::wstring& path, std::unique_ptr<IFile>& file) override;
-    [[nodiscard]] Status Replace(const std::wstring& from, const std::wstring& to) override;
-    void Remove(const std::wstring& path) override;
+    [[nodiscard]] bool IsReadOnly(const std::wstring& path) override {
+        return Works() && m_readOnly.contains(path);
+    }
+    [[nodiscard]] Status Read(const std::wstring& path, std::string& bytes) override {
+        const Status status = Answer(path);
+        bytes = Has(path) ? Bytes(path) : "";
+        return Has(path) || status == Status::Failed ? status : Status::Missing;
+    }
+    [[nodiscard]] Status CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override {
+        const Status status = m_locks.contains(path) ? Status::Busy : Answer(path);
+        if (status == Status::Ok) {
+            m_locks.insert(path);
+            file = std::make_unique<CFile>(*this, path);
+        }
+        return status;
+    }
+    [[nodiscard]] Status Create(const std::wstring& path, std::unique_ptr<IFile>& file) override {
+        const Status status = Answer(path);
+        if (status == Status::Ok) {
+            m_files[path] = {};
+            file = std::make_unique<CFile>(*this, path);
+        }
+        return status;
+    }
+    [[nodiscard]] Status Replace(const std::wstring& from, const std::wstring& to) override {
+        const Status status = Answer(to);
+        if (status == Status::Ok) {
+            m_files[to] = m_files.extract(from).mapped();
+            m_readOnly.erase(to);
+            ++m_replacements;
+        }
+        return status;
+    }
+    void Remove(const std::wstring& path) override {
+        if (Works()) {
+            m_files.erase(path);
+        }
+    }
     void Pause(unsigned milliseconds) override { m_paused += milliseconds; }
 
 private:
-    class CFile;
-    class CLock;
     struct File {
         std::string bytes;
         std::size_t flushed = 0;  // so many of them survive a power cut
     };
-    enum class Outcome { Works, Fails, WorksUnseen };
+    class CFile final : public IFile {
+    public:
+        CFile(CFakeFileSystem& files, std::wstring path) : m_system(files), m_path(std::move(path)) {}
+        ~CFile() override { m_system.m_locks.erase(m_path); }
 
-    [[nodiscard]] Outcome CountCall();
-    [[nodiscard]] bool IsHeld(const std::wstring& path);
-    [[nodiscard]] std::size_t Room() const;
+        [[nodiscard]] bool Write(std::string_view bytes) override {
+            const bool works = m_system.Works();
+            const std::size_t fitting = std::min(bytes.size(), m_system.m_capacity);
+            m_system.m_files[m_path].bytes += bytes.substr(0, works ? fitting : fitting / 2);
+            return works && fitting == bytes.size();
+        }
+        [[nodiscard]] bool Flush() override {
+            const bool works = m_system.Works();
+            m_system.m_files[m_path].flushed = works ? m_system.Bytes(m_path).size() : 0;
+            return works;
+        }
+        [[nodiscard]] bool Close() override { return m_system.Works(); }
+
+    private:
+        CFakeFileSystem& m_system;
+        std::wstring m_path;
+    };
+
+    // Counts a call.
+    bool Works() {
+        ++m_calls;
+        return m_calls < m_firstFailure || m_calls > m_lastFailure;
+    }
+    // The same for a call that opens or replaces the path.
+    Status Answer(const std::wstring& path) {
+        if (!Works() || m_folders.contains(path)) {
+            return Status::Failed;
+        }
+        int& held = m_held[path];
+        return held > 0 && held-- > 0 ? Status::Busy : Status::Ok;
+    }
 
     std::map<std::wstring, File> m_files;
     std::set<std::wstring> m_folders, m_readOnly, m_locks;
@@ -66,7 +132,5 @@ private:
     std::size_t m_capacity = std::numeric_limits<std::size_t>::max();
     int m_calls = 0, m_replacements = 0;
     int m_firstFailure = kForever, m_lastFailure = kForever;
-    int m_cut = kForever;
-    bool m_cutTakesEffect = false;
     unsigned m_paused = 0;
 };

@@ -21,12 +21,10 @@ public:
     [[nodiscard]] bool FileExists(const std::wstring& path) override { return !missing.contains(path); }
     [[nodiscard]] bool CanOpenForWriting(const std::wstring& path) override { return !held.contains(path); }
     [[nodiscard]] std::wstring RegisteredProgram(const std::wstring& key) override {
-        const auto program = programs.find(key);
-        return program == programs.end() ? std::wstring() : program->second;
+        return programs.contains(key) ? programs[key] : L"";
     }
     [[nodiscard]] std::wstring AssociatedProgram(const std::wstring& extension) override {
-        askedAssociations.push_back(extension);
-        return associated;
+        return RegisteredProgram(extension);
     }
     [[nodiscard]] std::intptr_t Open(const std::wstring& program, const std::wstring& parameters) override {
         starts.push_back({program, parameters});
@@ -37,12 +35,10 @@ public:
     std::set<std::wstring> missing;  // paths; every other project exists
     std::set<std::wstring> held;     // paths that somebody has open
     std::map<std::wstring, std::wstring> programs{
+        // by registry key or extension
         {L"Software\\Talvernick\\Scrivane", L"C:\\scrivane.exe"},
         {L"Software\\Talvernick\\Ostrel", L"C:\\ostrel.exe"},
     };
-    std::wstring associated;
     std::intptr_t answer = 33;  // what the shell returns; above 32 is success
-
     std::vector<Start> starts;
-    std::vector<std::wstring> askedAssociations;
 };

@@ -8,42 +8,22 @@
 #include <cstdlib>
 #include <new>
 
-namespace {
-
-HANDLE Heap() {
-    return reinterpret_cast<HANDLE>(_get_heap_handle());
-}
-
-// Looks at the bytes behind the block too, when the heap lays a pattern there.
-void Release(void* block) noexcept {
-    if (block != nullptr && HeapValidate(Heap(), 0, block) == 0) {
+// Looks at the bytes behind the block too, when the heap lays a pattern there. The library's operators of new
+// go with this one, and its other operators of delete call it.
+// NOLINTBEGIN(misc-new-delete-overloads)
+void operator delete(void* block) noexcept {
+    if (block != nullptr && HeapValidate(reinterpret_cast<HANDLE>(_get_heap_handle()), 0, block) == 0) {
         std::fputs("heap: a block that is given back is damaged, or none\n", stderr);
         std::abort();
     }
     std::free(block);  // NOLINT(cppcoreguidelines-no-malloc): what the library's operator new has taken
 }
 
-}  // namespace
-
-// The library's operators of new go with these.
-// NOLINTBEGIN(misc-new-delete-overloads)
-void operator delete(void* block) noexcept {
-    Release(block);
-}
-
 void operator delete(void* block, std::size_t) noexcept {
-    Release(block);
-}
-
-void operator delete[](void* block) noexcept {
-    Release(block);
-}
-
-void operator delete[](void* block, std::size_t) noexcept {
-    Release(block);
+    operator delete(block);
 }
 // NOLINTEND(misc-new-delete-overloads)
 
-void HeapChecks::OnTestEnd(const testing::TestInfo&) {
-    EXPECT_NE(HeapValidate(Heap(), 0, nullptr), 0) << "the heap is damaged";
+bool IsHeapWhole() {
+    return HeapValidate(reinterpret_cast<HANDLE>(_get_heap_handle()), 0, nullptr) != 0;
 }

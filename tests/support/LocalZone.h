@@ -1,24 +1,25 @@
 #pragma once
 
-#ifndef _WIN32
-
 #include <cstdlib>
 
 #include "core/LocalTime.h"
 
-// Puts this process into a time zone until the object goes. On Windows the zone is the system's and stays.
+// Puts this process into a time zone until the object goes. On Windows the zone stays the one that the
+// process was started in.
 class CLocalZone {
 public:
-    explicit CLocalZone(const char* name) {
+    explicit CLocalZone([[maybe_unused]] const char* name) {
+#ifndef _WIN32
         setenv("TZ", name, 1);
         RefreshTimeZone();
+#endif
     }
     CLocalZone(const CLocalZone&) = delete;
     CLocalZone& operator=(const CLocalZone&) = delete;
     ~CLocalZone() {
+#ifndef _WIN32
         unsetenv("TZ");
         RefreshTimeZone();
+#endif
     }
 };
-
-#endif

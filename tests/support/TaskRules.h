@@ -21,16 +21,16 @@ struct Rules {
 };
 
 inline void SetRules(CSCVShchedulerTask& task, const Rules& rules) {
+    using Task = CSCVShchedulerTask;
     task.m_tStartTime = rules.start;
     task.m_tLastRunTime = rules.last;
     task.m_tUntilTime = rules.until;
-    task.m_bRepeatOnSun = (rules.days & kSun) != 0;
-    task.m_bRepeatOnMon = (rules.days & kMon) != 0;
-    task.m_bRepeatOnTue = (rules.days & kTue) != 0;
-    task.m_bRepeatOnWen = (rules.days & kWed) != 0;
-    task.m_bRepeatOnThu = (rules.days & kThu) != 0;
-    task.m_bRepeatOnFri = (rules.days & kFri) != 0;
-    task.m_bRepeatOnSat = (rules.days & kSat) != 0;
+    const auto days = {&Task::m_bRepeatOnSun, &Task::m_bRepeatOnMon, &Task::m_bRepeatOnTue,
+                       &Task::m_bRepeatOnWen, &Task::m_bRepeatOnThu, &Task::m_bRepeatOnFri,
+                       &Task::m_bRepeatOnSat};
+    for (int day = 0; const auto flag : days) {
+        task.*flag = static_cast<std::int32_t>(rules.days >> day++ & 1);
+    }
     task.m_bRepeatOnMonthly = rules.monthly;
     task.m_bEnableEvery = rules.isEvery;
     task.m_nEveryValue = rules.every;

@@ -13,11 +13,10 @@
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        static std::atomic<unsigned> counter = 0;
-        // A run that was killed left its folders behind, and process ids come again.
+        // Children run at once and runs that were killed left theirs behind.
+        static std::atomic<unsigned> counter = GetCurrentProcessId() * 10'000;
         do {
-            m_path = std::filesystem::temp_directory_path() /
-                     (L"scv" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++counter));
+            m_path = std::filesystem::temp_directory_path() / (L"scv" + std::to_wstring(++counter));
         } while (!std::filesystem::create_directory(m_path));
     }
     TemporaryFolder(const TemporaryFolder&) = delete;

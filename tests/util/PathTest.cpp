@@ -8,7 +8,6 @@ TEST(Path, PartsOfAPath) {
         {L"C:\\p\\task.SCVpr", L"task.SCVpr", L"C:\\p\\", L"C:\\p", L"SCVpr", L"task"},
         {L"C:\\dir.v2\\file", L"file", L"C:\\dir.v2\\", L"C:\\dir.v2", L"", L"C:\\dir.v2\\file"},
         {L"C:\\a\\\\\\", L"", L"C:\\a\\\\\\", L"C:\\a", L"", L"C:\\a\\\\\\"},
-        {L"a.d/b", L"a.d/b", L"", L"", L"", L"a"},
         {L"C:\\x\\page.php/y", L"page.php/y", L"C:\\x\\", L"C:\\x", L"php", L"page"},
     };
     for (const auto& parts : cases) {

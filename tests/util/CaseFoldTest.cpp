@@ -1,0 +1,8 @@
+#include "util/CaseFold.h"
+
+#include <gtest/gtest.h>
+
+TEST(CaseFold, OrderIsThatOfTheUpperCaseUnitsThenOfTheLength) {
+    EXPECT_LT(CompareNoCase(L"abc", L"ABCD"), 0);
+    EXPECT_LT(CompareNoCase(L"z", L"_"), 0) << "letters stand before the underscore, as their capitals do";
+}
