@@ -74,12 +74,13 @@ TEST(PrivateProfile, SetsKeysInPlaceAndNewOnesBehindTheLastLineInTheEncodingOrIn
 }
 
 TEST(PrivateProfile, RemovesHeaderAndKeysOfTheFirstSectionOfThatName) {
-    CPrivateProfile repeated("[s]\nk=1\n;c\n\nl\n[t]\nx=1\n[S]\nk=2\n[s]\nk=3");
+    CPrivateProfile repeated("[s]\nk=1\n;c\n\nl\n[t]\nx=1\n[u]\n[S]\nk=2\n[s]\nk=3");
     for (const wchar_t* name : {L"t", L"S", L"s"}) {
         EXPECT_TRUE(repeated.RemoveSection(name));
     }
-    EXPECT_EQ(repeated.Serialise(), ";c\n\n[s]\nk=3");
+    EXPECT_FALSE(repeated.RemoveSection(L"t"));
     EXPECT_TRUE(repeated.HasSection(L"s"));
+    EXPECT_EQ(repeated.Serialise(), ";c\n\n[u]\n[s]\nk=3");
 
     CPrivateProfile profile("[a]\nk=1\n\n[b]\nk=2\n;b\n[c]\nk=3\n;c");
     profile.RemoveSection(L"b");

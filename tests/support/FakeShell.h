@@ -34,11 +34,9 @@ public:
 
     std::set<std::wstring> missing;  // paths; every other project exists
     std::set<std::wstring> held;     // paths that somebody has open
-    std::map<std::wstring, std::wstring> programs{
-        // by registry key or extension
-        {L"Software\\Talvernick\\Scrivane", L"C:\\scrivane.exe"},
-        {L"Software\\Talvernick\\Ostrel", L"C:\\ostrel.exe"},
-    };
+    // By registry key or extension.
+    std::map<std::wstring, std::wstring> programs{{L"Software\\Talvernick\\Scrivane", L"C:\\scrivane.exe"},
+                                                  {L"Software\\Talvernick\\Ostrel", L"C:\\ostrel.exe"}};
     std::intptr_t answer = 33;  // what the shell returns; above 32 is success
     std::vector<Start> starts;
 };
