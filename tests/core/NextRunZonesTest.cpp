@@ -73,9 +73,36 @@ TEST(ZoneTest, ADayStepNeverLandsOnAnotherDate) {
     }
 }
 
-// A year of ticks. An occurrence is a flagged date or day 1 of a
-// month; a date has one run at most. The first run is on the start's date, flagged or not. Every N, the next
-// run is N minutes after one.
+TEST(ZoneTest, EveryKeepsItsPaceAcrossEachChange) {
+    const auto secondOfDay = [](std::int64_t instant) {
+        const LocalTime local = ToLocalTime(instant);
+        return (local.hour * 60 + local.minute) * 60 + local.second;
+    };
+    const std::int64_t begin = At("2026-01-01 12:00 0");
+    for (const Zone& zone : kZones) {
+        if (!IsToBeTested(zone)) {
+            continue;
+        }
+        const CLocalZone entered(zone.name.data());
+        Rules rules{.isEvery = true, .every = 30, .until = FromLocalTime(2026, 1, 15, 23, 59, 0)};
+        int changes = 0;
+        for (std::int64_t at = begin; at < begin + 365 * kSecondsPerDay; at += 900) {
+            if ((secondOfDay(at) - secondOfDay(at - 1) + kSecondsPerDay) % kSecondsPerDay == 1) {
+                continue;
+            }
+            ++changes;
+            for (const std::int64_t last : {at - 1800, at - 1, at}) {
+                rules.last = last;
+                EXPECT_EQ(NextRun(rules, last), last + 1800 - ToLocalTime(last).second) << zone.name;
+            }
+        }
+        const bool isChanging = secondOfDay(begin) != secondOfDay(At("2026-07-01 12:00 0"));
+        EXPECT_EQ(changes, isChanging ? 2 : 0) << zone.name;
+    }
+}
+
+// A year of ticks. An occurrence is a flagged date or day 1 of a month; a date has one run at most. The first
+// run is on the start's date, flagged or not. Every N, the next run is N minutes after one.
 TEST(ZoneTest, AYearHasEachOccurrenceOnceAndMissesNone) {
     for (const Zone& zone : kZones) {
         if (!IsToBeTested(zone)) {
