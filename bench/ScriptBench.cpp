@@ -103,7 +103,9 @@ bool JudgeHelpers() {
     }
     bool areMet = true;
     for (const auto& [number, param] : {std::pair(61335, L"div"), std::pair(61336, L"div.item > a")}) {
-        const auto run = [&](const std::wstring& text) { RunTemplate(number, {param}, text); };
+        const auto run = [number = number, param = param](const std::wstring& text) {
+            RunTemplate(number, {param}, text);
+        };
         areMet &= Judge(number == 61335 ? "ms of Extract_Tags_By_Attribute for a page of 100 KB"
                                         : "ms of the CSS selector for a page of 100 KB",
                         Best([&] { run(page); }), 1000);

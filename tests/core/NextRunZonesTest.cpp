@@ -35,10 +35,10 @@ bool IsToBeTested(const Zone& zone) {
 
 // The instant of "2026-03-29 01:59 +1": the clock on the wall and its hours from UTC.
 std::int64_t At(const char* text) {
-    int y = 0, m = 0, d = 0, hour = 0, minute = 0, east = 0;
-    EXPECT_EQ(std::sscanf(text, "%d-%d-%d %d:%d %d", &y, &m, &d, &hour, &minute, &east), 6) << text;
-    const sys_days date = year{y} / m / d;
-    return date.time_since_epoch().count() * 86400LL + (hour - east) * 3600 + minute * 60;
+    int f[6] = {};
+    EXPECT_EQ(std::sscanf(text, "%d-%d-%d %d:%d %d", &f[0], &f[1], &f[2], &f[3], &f[4], &f[5]), 6) << text;
+    const sys_days date = year{f[0]} / f[1] / f[2];
+    return date.time_since_epoch().count() * 86400LL + (f[3] - f[5]) * 3600 + f[4] * 60;
 }
 
 TEST(ZoneTest, ADayStepNeverLandsOnAnotherDate) {
@@ -145,7 +145,7 @@ TEST(ZoneTest, AYearHasEachOccurrenceOnceAndMissesNone) {
                     task.m_tLastRunTime = now;
                 }
                 std::vector<sys_days> expected;
-                for (sys_days date = 2026y / 1 / 1; date < 2026y / 12 / 31; date += days{1}) {
+                for (sys_days date = year{2026} / 1 / 1; date < year{2026} / 12 / 31; date += days{1}) {
                     const bool isFlagged = (rules.days & (1U << weekday{date}.c_encoding())) != 0;
                     const bool isMonthly = rules.monthly && year_month_day{date}.day() == day{1};
                     if (expected.empty() || isFlagged || isMonthly || isAlways) {

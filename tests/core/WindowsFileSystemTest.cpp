@@ -91,9 +91,15 @@ TEST_F(WindowsFileSystem, AWholeListIsLeftWhenAProgramIsKilledWhileItSaves) {
     files.Remove(path);
     for (int round = 0; round < rounds && !HasFailure(); ++round) {
         const auto before = std::filesystem::file_size(path, ignored);
-        const CKernelHandle child(reinterpret_cast<HANDLE>(
-            _wspawnl(_P_NOWAIT, program.c_str(), L"savechild", (L'"' + path + L'"').c_str(),
-                     std::to_wstring(generation + 1).c_str(), nullptr)));
+        std::wstring words = L"savechild \"" + path + L"\" " + std::to_wstring(generation + 1);
+        STARTUPINFOW start{};
+        start.cb = sizeof(start);
+        PROCESS_INFORMATION process{};
+        ASSERT_TRUE(CreateProcessW(program.c_str(), words.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
+                                   nullptr, nullptr, &start, &process))
+            << GetLastError();
+        const CKernelHandle child(process.hProcess);
+        const CKernelHandle thread(process.hThread);
         // It has saved once the file's size has changed; only then is it worth killing.
         for (int tries = 0; tries < 20'000 && std::filesystem::file_size(path, ignored) == before; ++tries) {
             Sleep(1);

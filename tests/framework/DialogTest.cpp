@@ -92,7 +92,7 @@ TEST(Dialog, ModalRunsUntilItIsAnswered) {
     };
     for (const auto& [result, act] : cases) {
         TestDialog dialog;
-        dialog.onInit = [&] {
+        dialog.onInit = [&, &act = act] {
             EXPECT_FALSE(owner.IsWindowEnabled());
             act(dialog);
         };

@@ -107,7 +107,8 @@ protected:
         m_shell.answer = OneIn(16) ? 2 : 33;
         m_shell.starts.clear();
         std::vector<FakeShell::Start> starts;
-        std::vector<std::wstring> due, run;
+        std::vector<std::wstring> due;
+        std::vector<std::wstring> run;
         for (Task& task : m_tasks) {
             const auto next = ExpectedRun(task.rules, m_now);
             if (!task.isEnabled || !next || *next > m_now) {

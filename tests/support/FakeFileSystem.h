@@ -123,7 +123,11 @@ private:
             return Status::Failed;
         }
         int& held = m_held[path];
-        return held > 0 && held-- > 0 ? Status::Busy : Status::Ok;
+        if (held == 0) {
+            return Status::Ok;
+        }
+        --held;
+        return Status::Busy;
     }
 
     std::map<std::wstring, File> m_files;

@@ -40,7 +40,8 @@ TEST(EditorRules, EachControlWritesItsFieldIntoEverySelectedTask) {
     const stEditorMembers members = EditorMembersOf(&shown, 0);
     for (int id = 1000; id < 1300; ++id) {
         const T before;
-        T first, third;
+        T first;
+        T third;
         T* const selected[]{&first, nullptr, &third};
         EXPECT_EQ(ApplyEditorChange(id, members, selected), kRepainting.contains(id)) << id;
         for (const T* task : {&first, &third}) {

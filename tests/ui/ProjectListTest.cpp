@@ -37,7 +37,9 @@ TEST_F(ProjectList, ShowsTheTasksAsTheyAre) {
 
 TEST_F(ProjectList, EveryHeaderClickTurnsTheDirection) {
     Open({L"C:\\b\\x.p", L"C:\\c\\y.p", L"C:\\A\\Z.p"});
-    CSCVShchedulerTask &x = Task(0), &y = Task(1), &z = Task(2);
+    CSCVShchedulerTask& x = Task(0);
+    CSCVShchedulerTask& y = Task(1);
+    CSCVShchedulerTask& z = Task(2);
     const auto expectAfterClick = [&](int column, const Texts& rows, int mark) {
         NMLISTVIEW click{};
         click.iSubItem = column;
