@@ -108,6 +108,7 @@ add_job() {
 }
 
 count=0
+units=0
 known=$'\n'
 for preset in "${presets[@]}"; do
     read_commands "$preset"
@@ -137,7 +138,7 @@ for preset in "${presets[@]}"; do
         database=$batches/$kind/$preset
         mkdir -p "$database"
         # So named, clang's analyzer follows the paths through what it takes in as well.
-        unit=$database/UnifiedSource-$(dirname "${files[0]}" | tr / -)-${#files[@]}.cpp
+        unit=$database/UnifiedSource-$(dirname "${files[0]}" | tr / -)-$((++units)).cpp
         batch "$kind" "${files[@]}" >"$unit"
         entries[$kind]+="${entries[$kind]:+,}{\"directory\": \"$SCV_ROOT/build/$preset\",
 ${command[$preset:${files[0]}]} -c $SCV_ROOT/$unit\", \"file\": \"$SCV_ROOT/$unit\"}"
