@@ -4,7 +4,6 @@
 #include <shellapi.h>
 #include <shlobj.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -15,10 +14,10 @@
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"
+#include "tests/support/ProcessUse.h"
 #include "tests/support/TestApp.h"
 #include "ui/SCVSchedulerDlg.h"
 #include "ui/resource.h"
-#include "util/Handle.h"
 
 // What the window costs with long lists, and what an idle one costs as time goes by. Exit 1 when a bound is
 // missed. Needs a display.
@@ -115,34 +114,12 @@ bool JudgeLongList() {
 }
 
 struct Use {
-    SIZE_T memory;
-    DWORD handles, gdi, user;
+    std::size_t memory, handles;
+    DWORD gdi, user;
 };
 
-// What is taken of all heaps; what the system tells of a process's memory, Wine 8 does not know.
-SIZE_T HeapUse() {
-    HANDLE heaps[64];
-    SIZE_T used = 0;
-    for (DWORD i = std::min<DWORD>(GetProcessHeaps(64, heaps), 64); i > 0; --i) {
-        PROCESS_HEAP_ENTRY entry{};
-        HeapLock(heaps[i - 1]);
-        while (HeapWalk(heaps[i - 1], &entry) != FALSE) {
-            used += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? entry.cbData : 0;
-        }
-        HeapUnlock(heaps[i - 1]);
-    }
-    return used;
-}
-
 Use Measure() {
-    DWORD handles = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &handles);
-    if (handles == 0) {
-        // Nor does it count handles; but the lowest one that is free rises when they leak.
-        const CKernelHandle free(CreateEventW(nullptr, FALSE, FALSE, nullptr));
-        handles = static_cast<DWORD>(reinterpret_cast<UINT_PTR>(free.Get()) / 4);
-    }
-    return {HeapUse(), handles, GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS),
+    return {HeapUse(), HandleUse(), GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS),
             GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS)};
 }
 
@@ -166,7 +143,7 @@ bool JudgeIdle() {
     bool areMet = Judge("% of a core for a hidden window with 1,000 tasks", all / 10'000 / 2'000 * 100, 0.5);
     areMet &= Judge("KB more after 10,000 passes",
                     static_cast<double>(after.memory) / 1024 - static_cast<double>(before.memory) / 1024, 64);
-    const auto grown = [](DWORD now, DWORD then) {
+    const auto grown = [](std::size_t now, std::size_t then) {
         return static_cast<double>(now) - static_cast<double>(then);
     };
     areMet &= Judge("more handles", grown(after.handles, before.handles), 0);

@@ -5,8 +5,8 @@
 #include "tests/support/LocalZone.h"
 #ifdef _WIN32
 #include "core/WindowsFileSystem.h"
+#include "tests/support/ProcessUse.h"
 #include "tests/support/TemporaryFolder.h"
-#include "util/Handle.h"
 #else
 #include "tests/support/FakeFileSystem.h"
 
@@ -30,9 +30,8 @@ struct SoakMachine {
     void Mend() const {
         SetFileAttributesW(list.c_str(), FILE_ATTRIBUTE_NORMAL);
     }
-    // The system gives the lowest handle that is free.
     static std::size_t Use() {
-        return reinterpret_cast<std::size_t>(CKernelHandle(CreateEventW(nullptr, 0, 0, nullptr)).Get()) / 4;
+        return HandleUse() + HeapUse() / 1024;
     }
 #else
     const std::wstring list = L"C:\\list.ini";
