@@ -75,14 +75,14 @@ std::wstring RunTemplate(std::int32_t number, const std::vector<const wchar_t*>&
     for (const wchar_t* param : params) {
         record.params.Add(param);
     }
+    const std::wstring script = CScriptGenerator(texts).InstantiateTemplate(language, &record, kMainFunction);
     CActiveScriptController controller;
     CStringArray arguments;
     arguments.Add(text);
     arguments.Add(L"");
     CStringArray results;
-    if (controller.Create(language) != 1 ||
-        controller.AddCode(CScriptGenerator(texts).InstantiateTemplate(language, &record, L"Main")) != 1 ||
-        controller.Run(L"Main", &arguments, results) != 1) {
+    if (controller.Create(language) != 1 || controller.AddCode(script) != 1 ||
+        controller.Run(kMainFunction, &arguments, results) != 1) {
         std::abort();
     }
     return results[0];
