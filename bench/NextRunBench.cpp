@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "bench/Judge.h"
-#include "core/LocalTime.h"
-#include "core/SCVShchedulerTaskArray.h"
-#include "core/SchedulingPass.h"
+#include "core/platform/LocalTime.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "core/launch/SchedulingPass.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"

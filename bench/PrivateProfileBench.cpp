@@ -25,7 +25,7 @@
 #include <SimpleIni.h>
 #pragma GCC diagnostic pop
 
-#include "core/PrivateProfile.h"
+#include "core/list/PrivateProfile.h"
 
 // The private-profile text against SimpleIni on the same files of tasks, and against its own bounds. Ratios
 // are of the quickest repetition of each, inside one run; the exit code is 1 when a bound is missed.

@@ -8,15 +8,15 @@
 
 #include "bench/Judge.h"
 #include "framework/TextFile.h"
-#include "script/ActiveScriptController.h"
-#include "script/ResourceScriptTexts.h"
-#include "script/ScriptDlg.h"
+#include "script/win32/ActiveScriptController.h"
+#include "script/win32/ResourceScriptTexts.h"
+#include "script/win32/ScriptDlg.h"
 #include "script/ScriptGenerator.h"
 #include "script/ScriptLanguages.h"
 #include "script/resource.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TestApp.h"
-#include "util/ComApartment.h"
+#include "util/win32/ComApartment.h"
 
 // What the longest script, the helpers of the templates and a large text file cost. Exit 1 when a bound is
 // missed. Needs a display.

@@ -7,10 +7,10 @@
 #include <string>
 
 #include "bench/Judge.h"
-#include "core/PrivateProfile.h"
-#include "core/SCVShchedulerTaskArray.h"
-#include "core/TaskListFile.h"
-#include "core/WindowsFileSystem.h"
+#include "core/list/PrivateProfile.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "core/list/TaskListFile.h"
+#include "core/platform/win32/WindowsFileSystem.h"
 #include "tests/support/TemporaryFolder.h"
 
 // How much faster a task list is saved and loaded than through the system's private-profile functions, which

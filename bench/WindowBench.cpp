@@ -10,13 +10,13 @@
 #include <optional>
 
 #include "bench/Judge.h"
-#include "core/LocalTime.h"
+#include "core/platform/LocalTime.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"
 #include "tests/support/ProcessUse.h"
 #include "tests/support/TestApp.h"
-#include "ui/SCVSchedulerDlg.h"
+#include "ui/win32/SCVSchedulerDlg.h"
 #include "ui/resource.h"
 
 // What the window costs with long lists, and what an idle one costs as time goes by. Exit 1 when a bound is

@@ -38,17 +38,23 @@ if(WIN32)
   endif()
 endif()
 
-# scv_library(NAME PORTABLE sources... [WINDOWS sources...] [NATIVE sources...] [LINKS libraries...])
-# PORTABLE sources never include <windows.h> and are compiled everywhere; NATIVE ones stand in for a Windows source
-# where the portable part is tested without Windows.
-function(scv_library name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "PORTABLE;WINDOWS;NATIVE;LINKS")
-  set(sources ${arg_PORTABLE})
+# scv_sources(VARIABLE sources...): those of the sources that this build compiles. The folder says what a source is:
+# below win32/ it is Windows' own; below native/ it stands in for such a source where the portable part is tested without
+# Windows; all others never include <windows.h> and are compiled everywhere.
+function(scv_sources variable)
+  set(sources ${ARGN})
   if(WIN32)
-    list(APPEND sources ${arg_WINDOWS})
+    list(FILTER sources EXCLUDE REGEX "(^|/)native/")
   else()
-    list(APPEND sources ${arg_NATIVE})
+    list(FILTER sources EXCLUDE REGEX "(^|/)win32/")
   endif()
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
+# scv_library(NAME SOURCES sources... [LINKS libraries...]): a static library of the sources that this build compiles.
+function(scv_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  scv_sources(sources ${arg_SOURCES})
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE scv_options)
   target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR})

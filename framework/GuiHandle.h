@@ -4,7 +4,7 @@
 
 #include <commctrl.h>
 
-#include "util/Handle.h"
+#include "util/win32/Handle.h"
 
 struct ImageListPolicy {
     using Type = HIMAGELIST;

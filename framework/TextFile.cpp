@@ -1,7 +1,7 @@
 #include "framework/TextFile.h"
 
 #include "framework/MessageBox.h"
-#include "util/TextFile.h"
+#include "util/win32/TextFile.h"
 
 std::wstring ReadTextFile(const std::wstring& path) {
     return ReadTextFile(path, AfxMessageBox);

@@ -6,7 +6,7 @@
 
 #include "framework/Dialog.h"
 #include "framework/ExceptionBoundary.h"
-#include "util/ModulePath.h"
+#include "util/win32/ModulePath.h"
 #include "util/Path.h"
 
 namespace {

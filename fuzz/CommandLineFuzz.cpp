@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <initializer_list>
 
-#include "core/SCVShchedulerTask.h"
+#include "core/task/SCVShchedulerTask.h"
 #include "fuzz/FuzzInput.h"
 #include "util/WhiteSpace.h"
 

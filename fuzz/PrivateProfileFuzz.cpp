@@ -1,4 +1,4 @@
-#include "core/PrivateProfile.h"
+#include "core/list/PrivateProfile.h"
 
 #include <string>
 #include <vector>

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "cli/Arguments.h"
-#include "cli/Commands.h"
-#include "core/LocalTime.h"
+#include "cli/options/Arguments.h"
+#include "cli/commands/Commands.h"
+#include "core/platform/LocalTime.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"

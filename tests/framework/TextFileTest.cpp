@@ -4,9 +4,9 @@
 
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/TemporaryFolder.h"
-#include "util/FileTests.h"
-#include "util/Handle.h"
-#include "util/SystemError.h"
+#include "util/win32/FileTests.h"
+#include "util/win32/Handle.h"
+#include "util/win32/SystemError.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/SCVShchedulerTaskArray.h"
+#include "core/task/SCVShchedulerTaskArray.h"
 
 // Saves the list that the saving child process saves in its turn and its test expects to find whole: even
 // generations are longer than odd ones, and every task of one bears its number.

@@ -1,6 +1,6 @@
 #include <string>
 
-#include "core/WindowsFileSystem.h"
+#include "core/platform/win32/WindowsFileSystem.h"
 #include "tests/savechild/GenerationList.h"
 
 // savechild FILE FIRST: saves the generations of a task list from FIRST on into the file, one after the

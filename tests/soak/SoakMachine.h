@@ -4,7 +4,7 @@
 
 #include "tests/support/LocalZone.h"
 #ifdef _WIN32
-#include "core/WindowsFileSystem.h"
+#include "core/platform/win32/WindowsFileSystem.h"
 #include "tests/support/ProcessUse.h"
 #include "tests/support/TemporaryFolder.h"
 #else

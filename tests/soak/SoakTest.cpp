@@ -6,13 +6,13 @@
 #include <random>
 #include <vector>
 
-#include "core/SCVShchedulerTaskArray.h"
-#include "core/SchedulingPass.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "core/launch/SchedulingPass.h"
 #include "tests/soak/ExpectedRuns.h"
 #include "tests/soak/SoakMachine.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeShell.h"
-#include "ui/PassRecord.h"
+#include "ui/model/PassRecord.h"
 
 // A day of schedule in minutes: many tasks with mixed rules, a tick after another of an injected clock, over
 // a clock change, while files, registry and launches fail at random and the user saves, reloads and kills the

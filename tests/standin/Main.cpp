@@ -5,8 +5,8 @@
 #include <ctime>
 #include <string>
 
-#include "util/Handle.h"
-#include "util/ProcessHardening.h"
+#include "util/win32/Handle.h"
+#include "util/win32/ProcessHardening.h"
 #include "util/Utf8.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include <stdexcept>
 
 #include "tests/support/TemporaryFolder.h"
-#include "util/Handle.h"
-#include "util/ModulePath.h"
+#include "util/win32/Handle.h"
+#include "util/win32/ModulePath.h"
 #include "util/Path.h"
 
 // Files, as a full pipe would block the child.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Clock.h"
+#include "core/platform/Clock.h"
 
 class FakeClock final : public IClock {
 public:

@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-#include "core/FileSystem.h"
+#include "core/platform/FileSystem.h"
 
 // Files in memory, for tests. Any call can be made to fail, and the power can be cut.
 //

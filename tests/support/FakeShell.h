@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/Shell.h"
+#include "core/platform/Shell.h"
 
 // A shell that starts nothing: says what it is told to say and records every start.
 class FakeShell final : public IShell {

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "core/LocalTime.h"
+#include "core/platform/LocalTime.h"
 
 // Puts this process into a time zone until the object goes. On Windows the zone stays the one that the
 // process was started in.

@@ -10,18 +10,18 @@
 #include <string>
 #include <vector>
 
-#include "core/ExtractionProgram.h"
-#include "core/LocalTime.h"
-#include "core/SCVShchedulerTaskArray.h"
+#include "core/launch/ExtractionProgram.h"
+#include "core/platform/LocalTime.h"
+#include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"
 #include "tests/support/FileDialogAnswer.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/TestApp.h"
-#include "ui/SCVSchedulerDlg.h"
+#include "ui/win32/SCVSchedulerDlg.h"
 #include "ui/resource.h"
-#include "util/Registry.h"
+#include "util/win32/Registry.h"
 
 // The main dialog, hidden, over files in memory, a shell that starts nothing, a clock that stands and a
 // registry of its own.

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "util/Handle.h"
+#include "util/win32/Handle.h"
 
 // What this process has of the machine, to be compared with what it has later. Wine 8 answers 0 to the
 // system's own questions for it.

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "core/SCVShchedulerTask.h"
+#include "core/task/SCVShchedulerTask.h"
 
 // Weekdays of Rules::days.
 inline constexpr unsigned kSun = 1, kMon = 2, kTue = 4, kWed = 8, kThu = 16, kFri = 32, kSat = 64,

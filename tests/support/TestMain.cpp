@@ -7,11 +7,11 @@
 #include <string>
 #include <thread>
 
-#include "core/LocalTime.h"
+#include "core/platform/LocalTime.h"
 #ifdef _WIN32
 #include "tests/support/HeapChecks.h"
 #include "tests/support/OpenDialogs.h"
-#include "util/ProcessHardening.h"
+#include "util/win32/ProcessHardening.h"
 #else
 static std::string DescribeOpenDialogs() {
     return {};

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/task/TaskCommands.h"
+#include "core/task/TaskDays.h"
+
+// What the options of add and set ask for. What is not given stays as it is.
+struct TaskChanges {
+    struct Every {
+        std::int32_t value = 0;  // 0 switches the rule off
+        std::int32_t unit = 0;   // 1 hours, 0 minutes
+    };
+    struct Command {
+        const TaskCommand* command;
+        bool isOn;
+        std::wstring argument;  // with isOn: the file, empty for the one that the task has
+    };
+
+    std::optional<std::int64_t> start;  // seconds since 1970
+    std::optional<std::vector<const TaskDay*>> days;
+    std::optional<bool> monthly;
+    std::optional<Every> every;
+    std::optional<int> until;  // minute of the day
+    std::vector<Command> commands;
+    bool noExportFile = false;
+    std::optional<std::wstring> elementName;
+    std::optional<std::wstring> elementId;
+    bool disabled = false;
+    bool resetLastRun = false;
+
+    [[nodiscard]] bool IsEmpty() const;
+    [[nodiscard]] bool ChangesCommands() const;
+    [[nodiscard]] bool SwitchesACommandOn() const;
+
+    // Raises CRefusal, with the task half changed, when the task would not do what is asked for.
+    void ApplyTo(CSCVShchedulerTask& task, std::int64_t now) const;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/commands/TaskChanges.h"
+
+enum class Command { List, Next, Check, Pass, Watch, Add, Remove, Enable, Disable, Set, Run, Export, Import };
+
+// What the command line asks for.
+struct Arguments {
+    Command command = Command::List;
+    std::wstring list;  // full path; empty: the window program's list
+    bool json = false;
+    std::optional<std::int64_t> at;   // seconds since 1970
+    int count = 1;                    // runs a task to compute, 1 or more
+    std::vector<std::wstring> paths;  // full paths of projects; empty: all
+    TaskChanges changes;
+    std::wstring file;     // full path of what is exported or imported; empty: the console
+    bool replace = false;  // an imported task may take the place of a listed one
+};
+
+// The outcome of reading the command line: arguments to run with, or a text to show and the exit code to end
+// with.
+struct ParsedCommandLine {
+    std::optional<Arguments> arguments;
+    std::string message;
+    int exitCode = 0;
+};
+
+// `words` are the arguments in UTF-8, without the program's own name; `fullPath` makes the full path of a
+// file as the user names it, `version` is what --version shows.
+[[nodiscard]] ParsedCommandLine ParseArguments(
+    std::vector<std::string> words, const std::function<std::wstring(const std::wstring&)>& fullPath,
+    const std::string& version = {});

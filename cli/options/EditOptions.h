@@ -1,0 +1,38 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <iterator>
+#include <string>
+
+#include "cli/commands/TaskChanges.h"
+
+namespace CLI {
+class App;
+}
+
+// The options by which add and set say what a task is to be. Has to outlive the parsing.
+class CEditOptions {
+public:
+    // Adds the options that both have.
+    void AddTo(CLI::App& command);
+    // Those of one alone.
+    void AddDisabled(CLI::App& command);
+    void AddResetLastRun(CLI::App& command);
+
+    // What was given; raises the parser's error when it contradicts itself. `fullPath` makes the full path of
+    // a file as the user names it.
+    [[nodiscard]] TaskChanges Changes(const std::function<std::wstring(const std::wstring&)>& fullPath) const;
+
+private:
+    static constexpr std::size_t kCount = std::size(kTaskCommands);
+
+    void AddCommands(CLI::App& command);
+
+    std::string m_start, m_days, m_every, m_until, m_exportFile, m_elementName, m_elementId;
+    bool m_noDays = false, m_monthly = false, m_noMonthly = false, m_noEvery = false;
+    bool m_noExportFile = false, m_disabled = false, m_resetLastRun = false;
+    bool m_hasElementName = false, m_hasElementId = false;
+    std::array<bool, kCount> m_on{}, m_off{};
+    std::array<std::string, kCount> m_files;
+};

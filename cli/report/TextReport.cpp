@@ -1,0 +1,133 @@
+#include "cli/report/TextReport.h"
+
+#include <algorithm>
+
+#include "core/schedule/TimeText.h"
+#include "core/task/SCVShchedulerTask.h"
+#include "util/Utf8.h"
+
+namespace {
+
+constexpr std::size_t kEnabledColumns = 4;
+constexpr std::size_t kTimeColumns = 16;
+constexpr std::size_t kGap = 2;
+constexpr std::size_t kTimesColumns = kTimeColumns + kGap + kTimeColumns;
+constexpr std::size_t kFewestPathColumns = 20;
+
+bool IsLowSurrogate(wchar_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+// Terminal columns of a UTF-16 unit: East Asian characters are two wide, an emoji's two units one each.
+std::size_t Columns(wchar_t unit) {
+    const bool wide = (unit >= 0x1100 && unit <= 0x115F) || (unit >= 0x2E80 && unit <= 0xA4CF) ||
+                      (unit >= 0xAC00 && unit <= 0xD7A3) || (unit >= 0xF900 && unit <= 0xFAFF) ||
+                      (unit >= 0xFE30 && unit <= 0xFE6F) || (unit >= 0xFF00 && unit <= 0xFF60);
+    return wide ? 2 : 1;
+}
+
+std::size_t Columns(const std::wstring& text) {
+    std::size_t columns = 0;
+    for (const wchar_t unit : text) {
+        columns += Columns(unit);
+    }
+    return columns;
+}
+
+std::vector<std::wstring> Wrap(const std::wstring& text, std::size_t columns) {
+    std::vector<std::wstring> lines(1);
+    std::size_t used = 0;
+    for (const wchar_t unit : text) {
+        if (used + Columns(unit) > columns && !IsLowSurrogate(unit)) {
+            lines.emplace_back();
+            used = 0;
+        }
+        lines.back() += unit < L' ' ? L' ' : unit;
+        used += Columns(unit);
+    }
+    return lines;
+}
+
+std::string Padded(const std::wstring& text, std::size_t columns) {
+    const std::size_t used = Columns(text);
+    return ToUtf8(text) + std::string(used < columns ? columns - used : 0, ' ');
+}
+
+std::wstring Times(const std::string& last, const std::string& next) {
+    return FromUtf8(last + std::string(kTimeColumns - std::min(kTimeColumns, last.size()) + kGap, ' ') +
+                    next);
+}
+
+void AppendRow(std::string& text, const std::string& first, const std::vector<std::wstring>& left,
+               const std::vector<std::wstring>& right, std::size_t leftColumns) {
+    for (std::size_t i = 0; i < std::max(left.size(), right.size()); ++i) {
+        std::string line = i == 0 ? first : std::string();
+        line.resize(kEnabledColumns, ' ');
+        line += Padded(i < left.size() ? left[i] : std::wstring(), leftColumns + kGap);
+        line += i < right.size() ? ToUtf8(right[i]) : std::string();
+        line.erase(line.find_last_not_of(' ') + 1);
+        text += line + '\n';
+    }
+}
+
+std::string NextText(const TaskReport& report) {
+    return report.error.empty() ? FormatMinute(report.NextRun()) : "cannot be told";
+}
+
+}  // namespace
+
+std::string TasksAsText(const std::vector<TaskReport>& reports, std::size_t width) {
+    if (reports.empty()) {
+        return "The list holds no task.\n";
+    }
+    constexpr std::size_t kOthers = kEnabledColumns + kGap + kTimesColumns;
+    const std::size_t most = width > kOthers + kFewestPathColumns ? width - kOthers : kFewestPathColumns;
+    std::size_t pathColumns = kFewestPathColumns;
+    for (const TaskReport& report : reports) {
+        pathColumns = std::max(
+            {pathColumns, Columns(report.task->m_strProjectPath), Columns(report.task->m_strIniSection)});
+    }
+    pathColumns = std::min(pathColumns, most);
+
+    std::string text;
+    AppendRow(text, "On", {L"Project, section"}, {Times("Last run, result", "Next run")}, pathColumns);
+    for (const TaskReport& report : reports) {
+        const CSCVShchedulerTask& task = *report.task;
+        std::vector<std::wstring> left = Wrap(task.m_strProjectPath, pathColumns);
+        for (std::wstring& line : Wrap(task.m_strIniSection, pathColumns)) {
+            left.push_back(std::move(line));
+        }
+        std::vector<std::wstring> right = {Times(FormatMinute(task.m_tLastRunTime), NextText(report))};
+        for (std::wstring& line : Wrap(task.m_strLastRunResult, kTimesColumns)) {
+            right.push_back(std::move(line));
+        }
+        AppendRow(text, task.m_bEnable != 0 ? "yes" : "no", left, right, pathColumns);
+    }
+    return text;
+}
+
+std::string NextRunsAsText(const std::vector<TaskReport>& reports) {
+    std::string text;
+    for (const TaskReport& report : reports) {
+        const std::string path = ToUtf8(report.task->m_strProjectPath);
+        for (const std::int64_t run : report.runs) {
+            text += FormatSecond(run) + "  " + path + '\n';
+        }
+        if (!report.error.empty()) {
+            text += "cannot be told       " + path + " (" + report.error + ")\n";
+        } else if (report.runs.empty()) {
+            text += (report.task->m_bEnable != 0 ? "never                " : "disabled             ") + path +
+                    '\n';
+        }
+    }
+    return text;
+}
+
+std::string FindingsAsText(const std::wstring& list, const std::vector<Finding>& findings) {
+    std::string text;
+    for (const Finding& finding : findings) {
+        text += ToUtf8(finding.project.empty() ? list : finding.project);
+        text += " [" + ToUtf8(finding.section) + "]: " + finding.message + '\n';
+    }
+    return text;
+}

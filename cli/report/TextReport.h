@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/check/Check.h"
+#include "cli/report/TaskReport.h"
+
+// Reports for people, in UTF-8. Nothing is cut off: what is wider than its column goes on in the next line.
+
+// The tasks as a table that is at most `width` columns wide.
+[[nodiscard]] std::string TasksAsText(const std::vector<TaskReport>& reports, std::size_t width);
+// A line for each run, earliest first within its task.
+[[nodiscard]] std::string NextRunsAsText(const std::vector<TaskReport>& reports);
+// A line for each finding.
+[[nodiscard]] std::string FindingsAsText(const std::wstring& list, const std::vector<Finding>& findings);

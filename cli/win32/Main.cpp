@@ -1,0 +1,114 @@
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <exception>
+#include <iostream>
+
+#include "cli/options/Arguments.h"
+#include "cli/commands/Commands.h"
+#include "cli/win32/Console.h"
+#include "cli/commands/ExitCode.h"
+#include "cli/win32/Instances.h"
+#include "core/platform/Clock.h"
+#include "core/platform/LocalTime.h"
+#include "core/platform/Shell.h"
+#include "core/list/TaskListPath.h"
+#include "core/platform/win32/TaskListPlaces.h"
+#include "core/platform/win32/WindowsFileSystem.h"
+#include "util/win32/FileVersion.h"
+#include "util/win32/ModulePath.h"
+#include "util/Path.h"
+#include "util/win32/ProcessHardening.h"
+#include "util/Utf8.h"
+
+namespace {
+
+std::wstring FullPath(const std::wstring& path) {
+    const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    if (size == 0) {
+        return path;
+    }
+    std::wstring full(size, L'\0');
+    full.resize(GetFullPathNameW(path.c_str(), size, full.data(), nullptr));
+    return full;
+}
+
+std::wstring KnownFolder(int folder) {
+    wchar_t path[MAX_PATH] = L"";
+    const HRESULT result = SHGetFolderPathW(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, path);
+    return SUCCEEDED(result) ? path : L"";
+}
+
+// The list that the window program uses.
+std::wstring DefaultList() {
+    const std::wstring folder = KnownFolder(CSIDL_LOCAL_APPDATA);
+    return folder.empty() ? FullPath(L"SCVScheduler.ini") : folder + L"\\SCVScheduler\\SCVScheduler.ini";
+}
+
+// Makes the folder of that list and moves an older list there, as the window program does at its start. An
+// edit that made a new list instead would hide the older one.
+void SettleDefaultList(IFileSystem& files) {
+    CTaskListPlaces places(files);
+    (void)SettleTaskListPath(
+        {GetFolderPath(GetModulePath()) + L"SCVScheduler.HLP", KnownFolder(CSIDL_APPDATA),
+         KnownFolder(CSIDL_LOCAL_APPDATA), L"SCVScheduler", L"SCVScheduler"},
+        places);
+}
+
+int Run(int argc, wchar_t** argv) {
+    std::vector<std::string> words;
+    for (int i = 1; i < argc; ++i) {
+        words.push_back(ToUtf8(argv[i]));
+    }
+    const CConsole console;
+    const ParsedCommandLine parsed =
+        ParseArguments(std::move(words), FullPath, ToUtf8(GetFileVersionString()));
+    if (!parsed.arguments) {
+        if (parsed.exitCode == kFine) {
+            std::cout << parsed.message;
+        } else {
+            std::cerr << "scvsched: " << parsed.message << '\n';
+        }
+        return parsed.exitCode;
+    }
+    const Arguments& arguments = *parsed.arguments;
+    if (arguments.command == Command::Watch) {
+        CConsole::CatchStop();
+    }
+
+    CSystemClock clock;
+    CWindowsFileSystem files;
+    CWindowsShell shell;
+    const CPlatform platform{clock, files, shell};
+    CInstances instances;
+    const Context context{platform,
+                          arguments.list.empty() ? DefaultList() : arguments.list,
+                          std::cin,
+                          std::cout,
+                          std::cerr,
+                          CConsole::Width(),
+                          [&instances] { return instances.WhyNotToLaunch(); },
+                          [&] {
+                              std::string why = instances.WhyNotToEdit();
+                              if (why.empty() && arguments.list.empty()) {
+                                  SettleDefaultList(files);
+                              }
+                              return why;
+                          },
+                          CConsole::WaitForStop};
+    return RunCommand(arguments, context);
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    HardenProcess();
+    RefreshTimeZone();
+    try {
+        return Run(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << "scvsched: " << error.what() << '\n';
+        return kFindings;
+    }
+}

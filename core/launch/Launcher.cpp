@@ -1,0 +1,36 @@
+#include "core/platform/Clock.h"
+#include "core/launch/ExtractionProgram.h"
+#include "core/task/SCVShchedulerTask.h"
+#include "core/platform/Shell.h"
+
+namespace {
+
+bool Launch(const CSCVShchedulerTask& task, IShell& shell, std::wstring& result) {
+    const std::wstring& project = task.m_strProjectPath;
+    if (!shell.FileExists(project)) {
+        result = L"Failure: File does not exist";
+        return false;
+    }
+    // A project that is being worked on must not be started a second time.
+    if (!shell.CanOpenForWriting(project)) {
+        result = L"Failure: File is already opened";
+        return false;
+    }
+    const std::wstring program = FindExtractionProgram(shell, project);
+    constexpr std::intptr_t kHighestFailure = 32;
+    if (program.empty() || shell.Open(program, task.BuildCommandLine()) <= kHighestFailure) {
+        result = L"Failure to run '" + program + L"'";
+        return false;
+    }
+    result = L"Success";
+    return true;
+}
+
+}  // namespace
+
+int CSCVShchedulerTask::Run(IShell& shell, const IClock& clock) {
+    const bool started = Launch(*this, shell, m_strLastRunResult);
+    // Also after a failure: a launch that failed counts as a run and waits for the next scheduled time.
+    m_tLastRunTime = clock.Now();
+    return started ? 1 : 0;
+}

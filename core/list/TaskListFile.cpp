@@ -1,0 +1,293 @@
+#include "core/list/TaskListFile.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <map>
+#include <optional>
+#include <utility>
+
+#include "core/list/ProfileFile.h"
+#include "core/task/SCVShchedulerTask.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "util/CaseFold.h"
+
+namespace {
+
+using Status = IFileSystem::Status;
+
+constexpr std::wstring_view kSectionPrefix = L"SCVShchedulerTask";
+
+// In the order in which they are written. "RepeatOnWen" is how existing files spell it.
+constexpr std::array<std::wstring_view, 17> kKeys = {
+    L"Enable",          L"CommandLine", L"StartTime",   L"UntilTime",   L"LastRunTime",  L"RepeatOnMon",
+    L"RepeatOnTue",     L"RepeatOnWen", L"RepeatOnThu", L"RepeatOnFri", L"RepeatOnSat",  L"RepeatOnSun",
+    L"RepeatOnMonthly", L"EnableEvery", L"EveryValue",  L"EveryUnit",   L"LastRunResult"};
+
+// What a buffer of that size receives of a value; empty when it is missing.
+std::wstring_view Cut(const std::optional<std::wstring>& value, std::size_t longest) {
+    return value ? std::wstring_view(*value).substr(0, longest) : std::wstring_view();
+}
+
+std::int32_t ToNumber(const std::optional<std::wstring>& value, std::int32_t empty = 0) {
+    const std::wstring_view text = Cut(value, kLongestNumber);
+    return text.empty() ? empty : ParseStoredNumber(text);
+}
+
+// Quotes are doubled here and not halved when read: a text gains apostrophes with every load and save.
+// Existing files and the programs that read them count on it.
+std::wstring Quote(std::wstring_view text) {
+    std::wstring quoted = L"'";
+    for (const wchar_t unit : text) {
+        quoted.append(unit == L'\'' ? 2 : 1, unit);
+    }
+    return quoted + L'\'';
+}
+
+// Quicker than std::to_wstring, which goes through the C run-time's formatted print.
+template <typename Number>
+std::wstring ToText(Number number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
+// The low 32 bits, unsigned; read back as signed, so that instants from 2038-01-19 03:14:08 UTC on become
+// that limit.
+std::wstring FormatTime(std::int64_t instant) {
+    return ToText(static_cast<std::uint32_t>(instant));
+}
+
+// The number of a task section's name as TaskSectionName writes it; 0 for any other name.
+std::int32_t SectionNumber(std::wstring_view name) {
+    if (!EqualNoCase(name.substr(0, kSectionPrefix.size()), kSectionPrefix)) {
+        return 0;
+    }
+    const std::wstring_view digits = name.substr(kSectionPrefix.size());
+    const std::int32_t number = ParseStoredNumber(digits);
+    return digits == ToText(number) ? number : 0;
+}
+
+// Returns the count that stood there before.
+std::int32_t SetCount(CPrivateProfile& profile, std::int32_t count) {
+    const std::int32_t oldCount = profile.GetInt(kTaskListSection, kTaskCountKey, 0);
+    const CPrivateProfile::Entry newCount{kTaskCountKey, ToText(count)};
+    profile.SetStrings(kTaskListSection, {&newCount, 1});
+    return oldCount;
+}
+
+void RemoveTaskSections(CPrivateProfile& profile, std::int32_t first, std::int32_t last) {
+    for (const std::int32_t number : FindTaskSections(profile, first, last)) {
+        profile.RemoveSection(TaskSectionName(number));
+    }
+}
+
+// What stands in a section, and what its task as loaded would write there.
+struct StoredTask {
+    std::vector<std::optional<std::wstring>> stands;
+    std::array<std::wstring, kKeys.size()> writes;
+
+    // To write elsewhere what reads as it does here, whose apostrophes are not to be doubled again.
+    [[nodiscard]] std::wstring Moved(std::size_t key) const {
+        if (!stands[key]) {
+            return writes[key];
+        }
+        return writes[key].starts_with(L'\'') ? L'\'' + *stands[key] + L'\'' : *stands[key];
+    }
+};
+
+}  // namespace
+
+std::wstring TaskSectionName(std::int32_t number) {
+    return std::wstring(kSectionPrefix) + ToText(number);
+}
+
+std::vector<std::int32_t> FindTaskSections(const CPrivateProfile& profile, std::int32_t first,
+                                           std::int32_t last) {
+    std::vector<std::int32_t> numbers;
+    profile.ForEachSection([&](std::wstring_view name) {
+        if (const std::int32_t number = SectionNumber(name); number >= first && number <= last) {
+            numbers.push_back(number);
+        }
+    });
+    std::sort(numbers.begin(), numbers.end());
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+    return numbers;
+}
+
+std::int32_t ParseStoredNumber(std::wstring_view text) noexcept {
+    constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
+    while (!text.empty() && (text.front() == L' ' || (text.front() >= L'\t' && text.front() <= L'\r'))) {
+        text.remove_prefix(1);
+    }
+    const bool negative = text.starts_with(L'-');
+    if (negative || text.starts_with(L'+')) {
+        text.remove_prefix(1);
+    }
+    std::int64_t number = 0;
+    for (const wchar_t unit : text) {
+        if (unit < L'0' || unit > L'9') {
+            break;
+        }
+        number = std::min(number * 10 + (unit - L'0'), kHighest + 1);
+    }
+    return static_cast<std::int32_t>(negative ? -number : std::min(number, kHighest));
+}
+
+void CSCVShchedulerTask::ReadFrom(const CPrivateProfile& profile, const std::wstring& file,
+                                  const std::wstring& section) {
+    const auto values = profile.GetStrings(section, kKeys);
+    auto value = values.begin();
+    m_bEnable = ToNumber(*value++, 1);
+    ParseCommandLine(Cut(*value++, kLongestText));
+    for (std::int64_t* time : {&m_tStartTime, &m_tUntilTime, &m_tLastRunTime}) {
+        *time = ToNumber(*value++);
+    }
+    for (std::int32_t* number : {&m_bRepeatOnMon, &m_bRepeatOnTue, &m_bRepeatOnWen, &m_bRepeatOnThu,
+                                 &m_bRepeatOnFri, &m_bRepeatOnSat, &m_bRepeatOnSun, &m_bRepeatOnMonthly,
+                                 &m_bEnableEvery, &m_nEveryValue, &m_nEveryUnit}) {
+        *number = ToNumber(*value++);
+    }
+    m_strLastRunResult = Cut(*value, kLongestText);
+    m_strIniFile = file;
+    m_strIniSection = section;
+}
+
+CSCVShchedulerTask::CStoredValues CSCVShchedulerTask::StoredValues() const {
+    return {ToText(m_bEnable),          Quote(BuildCommandLine()),  FormatTime(m_tStartTime),
+            FormatTime(m_tUntilTime),   FormatTime(m_tLastRunTime), ToText(m_bRepeatOnMon),
+            ToText(m_bRepeatOnTue),     ToText(m_bRepeatOnWen),     ToText(m_bRepeatOnThu),
+            ToText(m_bRepeatOnFri),     ToText(m_bRepeatOnSat),     ToText(m_bRepeatOnSun),
+            ToText(m_bRepeatOnMonthly), ToText(m_bEnableEvery),     ToText(m_nEveryValue),
+            ToText(m_nEveryUnit),       Quote(m_strLastRunResult)};
+}
+
+void CSCVShchedulerTask::WriteTo(CPrivateProfile& profile, const std::wstring& section) const {
+    CStoredValues values = StoredValues();
+    std::array<CPrivateProfile::Entry, kKeys.size()> entries;
+    for (std::size_t i = 0; i < kKeys.size(); ++i) {
+        entries[i] = {kKeys[i], std::move(values[i])};
+    }
+    profile.SetStrings(section, entries);
+}
+
+int CSCVShchedulerTask::LoadFromIni(IFileSystem& files, const std::wstring& file,
+                                    const std::wstring& section) {
+    const ProfileRead read = ReadProfile(files, file);
+    if (!read.profile) {
+        return 0;
+    }
+    ReadFrom(*read.profile, file, section);
+    return 1;
+}
+
+int CSCVShchedulerTask::SaveToIni(IFileSystem& files, const std::wstring& file, const std::wstring& section) {
+    (void)TrySaveToIni(files, file, section);
+    return 1;
+}
+
+bool CSCVShchedulerTask::TrySaveToIni(IFileSystem& files, const std::wstring& file,
+                                      const std::wstring& section) {
+    if (file.empty()) {
+        return false;
+    }
+    const bool saved = EditProfile(files, file, [&](CPrivateProfile& profile) { WriteTo(profile, section); });
+    m_strIniFile = file;
+    m_strIniSection = section;
+    return saved;
+}
+
+int CSCVShchedulerTaskArray::Load(IFileSystem& files, const std::wstring& file) {
+    return TryLoad(files, file) == Status::Ok ? 1 : 0;
+}
+
+IFileSystem::Status CSCVShchedulerTaskArray::TryLoad(IFileSystem& files, const std::wstring& file) {
+    const ProfileRead read = ReadProfile(files, file);
+    if (!read.profile && read.status != Status::Missing) {
+        m_strUnreadFile = file;
+    } else if (EqualNoCase(m_strUnreadFile, file)) {
+        m_strUnreadFile.clear();
+    }
+    if (!read.profile) {
+        return read.status;
+    }
+    ReadFrom(*read.profile, file);
+    return read.status;
+}
+
+void CSCVShchedulerTaskArray::ReadFrom(const CPrivateProfile& profile, const std::wstring& file) {
+    RemoveAllTasks();
+    const std::int32_t count = profile.GetInt(kTaskListSection, kTaskCountKey, 0);
+    for (const std::int32_t number : FindTaskSections(profile, 1, count)) {
+        auto task = std::make_unique<CSCVShchedulerTask>();
+        task->ReadFrom(profile, file, TaskSectionName(number));
+        if (!task->m_strProjectPath.empty()) {
+            m_tasks.push_back(std::move(task));
+        }
+    }
+}
+
+int CSCVShchedulerTaskArray::Save(IFileSystem& files, const std::wstring& file) {
+    (void)TrySave(files, file);
+    return 1;
+}
+
+bool CSCVShchedulerTaskArray::TrySave(IFileSystem& files, const std::wstring& file) {
+    if (!m_strUnreadFile.empty() && EqualNoCase(m_strUnreadFile, file)) {
+        return false;
+    }
+    const auto count = static_cast<std::int32_t>(GetSize());
+    const bool saved = EditProfile(files, file, [&](CPrivateProfile& profile) {
+        const std::int32_t oldCount = SetCount(profile, count);
+        for (std::int32_t i = 0; i < count; ++i) {
+            GetAt(i)->WriteTo(profile, TaskSectionName(i + 1));
+        }
+        RemoveTaskSections(profile, count + 1, oldCount);
+    });
+    if (saved) {
+        RecordPlaces(file);
+    }
+    return saved;
+}
+
+bool CSCVShchedulerTaskArray::TryEdit(IFileSystem& files, const std::wstring& file,
+                                      const std::function<void()>& edit) {
+    const bool saved = EditProfile(files, file, [&](CPrivateProfile& profile) {
+        ReadFrom(profile, file);
+        std::map<std::wstring, StoredTask> before;
+        for (const auto& task : m_tasks) {
+            before[task->m_strIniSection] = {profile.GetStrings(task->m_strIniSection, kKeys),
+                                             task->StoredValues()};
+        }
+        edit();
+        const auto count = static_cast<std::int32_t>(GetSize());
+        const std::int32_t oldCount = SetCount(profile, count);
+        for (std::int32_t i = 0; i < count; ++i) {
+            const std::wstring section = TaskSectionName(i + 1);
+            const auto values = GetAt(i)->StoredValues();
+            const auto old = before.find(GetAt(i)->m_strIniSection);
+            std::vector<CPrivateProfile::Entry> entries;
+            for (std::size_t key = 0; key < kKeys.size(); ++key) {
+                if (old == before.end() || old->second.writes[key] != values[key]) {
+                    entries.push_back({kKeys[key], values[key]});
+                } else if (old->first != section) {
+                    entries.push_back({kKeys[key], old->second.Moved(key)});
+                }
+            }
+            profile.SetStrings(section, entries);
+        }
+        RemoveTaskSections(profile, count + 1, oldCount);
+    });
+    if (saved) {
+        RecordPlaces(file);
+    }
+    return saved;
+}
+
+// Only after a save: a task that recorded a section which the file does not hold yet would, saved after its
+// next run, overwrite another task's.
+void CSCVShchedulerTaskArray::RecordPlaces(const std::wstring& file) {
+    for (std::size_t i = 0; i < m_tasks.size(); ++i) {
+        m_tasks[i]->m_strIniFile = file;
+        m_tasks[i]->m_strIniSection = TaskSectionName(static_cast<std::int32_t>(i + 1));
+    }
+}

@@ -1,0 +1,45 @@
+#include "core/schedule/ClockChanges.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "core/platform/LocalTime.h"
+
+namespace {
+
+// Local time at the instant; the instant itself when it has none.
+std::int64_t Local(std::int64_t instant) {
+    const LocalTime local = ToLocalTime(instant);
+    if (local.hour < 0) {
+        return instant;
+    }
+    using namespace std::chrono;
+    const year_month_day date =
+        year(local.year) / month(static_cast<unsigned>(local.month)) / day(static_cast<unsigned>(local.day));
+    const std::int64_t seconds = (local.hour * 60 + local.minute) * 60 + local.second;
+    return sys_days(date).time_since_epoch().count() * kSecondsPerDay + seconds;
+}
+
+std::int64_t Offset(std::int64_t instant) {
+    return Local(instant) - instant;
+}
+
+}  // namespace
+
+std::vector<ClockChange> ClockChanges(std::int64_t from, std::int64_t to) {
+    std::vector<ClockChange> changes;
+    for (std::int64_t low = from; low < to; low += kSecondsPerDay) {
+        const std::int64_t offset = Offset(low);
+        std::int64_t old = low;                                     // still the old offset
+        std::int64_t changed = std::min(low + kSecondsPerDay, to);  // the new one
+        if (Offset(changed) == offset) {
+            continue;
+        }
+        while (changed - old > 1) {
+            const std::int64_t middle = old + (changed - old) / 2;
+            (Offset(middle) == offset ? old : changed) = middle;
+        }
+        changes.push_back({changed, changed + offset, Local(changed)});
+    }
+    return changes;
+}

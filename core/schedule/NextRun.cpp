@@ -1,0 +1,192 @@
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <optional>
+#include <stdexcept>
+
+#include "core/platform/LocalTime.h"
+#include "core/task/SCVShchedulerTask.h"
+
+// A local-time conversion costs far more than all the rest, and this runs for every task on every tick: each
+// path makes only the conversions that it needs, each of them once.
+
+namespace {
+
+using std::chrono::year_month_day;
+
+struct TimeOfDay {
+    int hour = 0;
+    int minute = 0;
+};
+
+int MinuteOfDay(const LocalTime& local) {
+    return local.hour * 60 + local.minute;
+}
+
+year_month_day DateOf(const LocalTime& local) {
+    using namespace std::chrono;
+    return year{local.year} / month{static_cast<unsigned>(local.month)} /
+           day{static_cast<unsigned>(local.day)};
+}
+
+std::int64_t Add(std::int64_t instant, std::int64_t seconds) {
+    using Limits = std::numeric_limits<std::int64_t>;
+    if (seconds > 0 ? instant > Limits::max() - seconds : instant < Limits::min() - seconds) {
+        throw std::invalid_argument("an instant beyond all calendars");
+    }
+    return instant + seconds;
+}
+
+std::int64_t FromLocalDate(const year_month_day& date, const TimeOfDay& time) {
+    return FromLocalTime(static_cast<int>(date.year()), static_cast<int>(static_cast<unsigned>(date.month())),
+                         static_cast<int>(static_cast<unsigned>(date.day())), time.hour, time.minute, 0);
+}
+
+// What the clock on the wall shows, as seconds of an unchanging clock: differences of two are what clocks
+// differ by.
+std::int64_t WallSeconds(const year_month_day& date, const TimeOfDay& time) {
+    return std::chrono::sys_days{date}.time_since_epoch().count() * kSecondsPerDay +
+           (std::int64_t{time.hour} * 60 + time.minute) * 60;
+}
+
+// That time of day on that date and on no other: when a clock change skips it, the run-time answers on one
+// side of the gap, which for a gap at midnight can be the wrong date; the right one is then as far on the
+// other side.
+std::int64_t InstantOn(const year_month_day& date, const TimeOfDay& time) {
+    const std::int64_t instant = FromLocalDate(date, time);
+    const LocalTime local = ToLocalTime(instant);
+    if (DateOf(local) == date) {
+        return instant;
+    }
+    const std::int64_t skipped =
+        WallSeconds(date, time) - WallSeconds(DateOf(local), {local.hour, local.minute});
+    const std::int64_t other = Add(instant, skipped);
+    // A zone that moves across the date line skips the whole date: not before it then, or the task would stay
+    // due.
+    return DateOf(ToLocalTime(other)) == date ? other : std::max(instant, other);
+}
+
+// The date `days` after the last run's at that time of day, counted in days of 86,400 seconds: a clock change
+// in between shifts a run by an hour, but never onto another date. A run on the last run's own date again
+// would be due on every tick until midnight.
+std::int64_t DaysAfter(const LocalTime& last, int days, const TimeOfDay& time) {
+    const std::int64_t instant = FromLocalDate(DateOf(last), time) + days * kSecondsPerDay;
+    const year_month_day date = std::chrono::sys_days{DateOf(last)} + std::chrono::days{days};
+    return DateOf(ToLocalTime(instant)) == date ? instant : InstantOn(date, time);
+}
+
+// Day 1 of the month after the last run's, reached in days of 86,400 seconds likewise: the shift by a clock
+// change stays, another date does not.
+std::int64_t FirstOfNextMonth(const LocalTime& last, const TimeOfDay& time) {
+    using namespace std::chrono;
+    const year_month month{year{last.year}, std::chrono::month{static_cast<unsigned>(last.month)}};
+    const std::int64_t beyond = FromLocalDate(month / 1, time) + 32 * kSecondsPerDay;
+    LocalTime local = ToLocalTime(beyond);
+    const std::int64_t instant = beyond - (local.day - 1) * kSecondsPerDay;
+    if (instant != beyond) {
+        local = ToLocalTime(instant);
+    }
+    const year_month_day date = (month + months{1}) / 1;
+    return DateOf(local) == date ? instant : InstantOn(date, time);
+}
+
+// True when a whole date lies between the date `days` after the last run's and the next month, so that no
+// shift of clocks can bring the two together.
+bool IsWellBeforeNextMonth(const LocalTime& last, int days) {
+    const year_month_day date = DateOf(last);
+    const std::chrono::day end = (date.year() / date.month() / std::chrono::last).day();
+    return date.day() + std::chrono::days{days} < end;
+}
+
+int CountFlaggedDays(const CSCVShchedulerTask& task) {
+    int count = 0;
+    for (int dayNumber = 1; dayNumber <= 7; ++dayNumber) {
+        count += task.RepeatsOnWeekday(dayNumber);
+    }
+    return count;
+}
+
+// Days from a weekday (0 is Sunday) to the next flagged one, 7 from the only one to itself. One at least is
+// flagged.
+int DaysToNextFlagged(const CSCVShchedulerTask& task, int weekday) {
+    int days = 1;
+    while (days < 7 && task.RepeatsOnWeekday((weekday + days) % 7 + 1) == 0) {
+        ++days;
+    }
+    return days;
+}
+
+// Nothing when the rest of the rules decides.
+std::optional<std::int64_t> NextEveryRun(const CSCVShchedulerTask& task, std::int64_t now,
+                                         std::int64_t everyMinutes) {
+    const int flaggedDays = CountFlaggedDays(task);
+    const bool isRestricted = flaggedDays != 0 && flaggedDays != 7;
+    if (isRestricted && task.RepeatsOnWeekday(ToLocalTime(now).weekday + 1) == 0) {
+        return std::nullopt;
+    }
+    const std::int64_t candidate = Add(task.m_tLastRunTime, everyMinutes * 60);
+    const LocalTime local = ToLocalTime(candidate);
+    // Times of day are compared, never dates: a candidate in the past counts, and so does one that crossed
+    // midnight into the early hours.
+    if (MinuteOfDay(local) > MinuteOfDay(ToLocalTime(task.m_tUntilTime))) {
+        return std::nullopt;
+    }
+    return Add(candidate, -local.second);
+}
+
+}  // namespace
+
+int CSCVShchedulerTask::RepeatsOnWeekday(int dayNumber) const noexcept {
+    const std::int32_t flags[] = {m_bRepeatOnSun, m_bRepeatOnMon, m_bRepeatOnTue, m_bRepeatOnWen,
+                                  m_bRepeatOnThu, m_bRepeatOnFri, m_bRepeatOnSat};
+    return dayNumber >= 1 && dayNumber <= 7 && flags[dayNumber - 1] != 0 ? 1 : 0;
+}
+
+int CSCVShchedulerTask::HasWeekdayRepeat() const noexcept {
+    return CountFlaggedDays(*this) != 0 ? 1 : 0;
+}
+
+std::int64_t CSCVShchedulerTask::GetNextRunTime(std::int64_t now) const {
+    if (m_tStartTime > now) {
+        return m_tStartTime;
+    }
+    if (m_tLastRunTime == 0) {
+        return Add(now, -ToLocalTime(now).second);
+    }
+    const std::int64_t everyMinutes = m_nEveryUnit == 1 ? std::int64_t{m_nEveryValue} * 60 : m_nEveryValue;
+    const bool isEvery = m_bEnableEvery != 0 && everyMinutes >= 1;
+    if (isEvery) {
+        if (const std::optional<std::int64_t> next = NextEveryRun(*this, now, everyMinutes)) {
+            return *next;
+        }
+    }
+    const bool isWeekly = HasWeekdayRepeat() != 0;
+    const bool isMonthly = m_bRepeatOnMonthly != 0;
+    if (!isWeekly && !isMonthly) {
+        return 0;
+    }
+
+    const LocalTime last = ToLocalTime(m_tLastRunTime);
+    std::optional<TimeOfDay> start;
+    const auto startTimeOfDay = [&] {
+        if (!start) {
+            const LocalTime local = ToLocalTime(m_tStartTime);
+            start = TimeOfDay{local.hour, local.minute};
+        }
+        return *start;
+    };
+    std::int64_t weekday = 0;
+    if (isWeekly) {
+        const int days = DaysToNextFlagged(*this, last.weekday);
+        // An Every task begins its flagged day at midnight, not at the start time.
+        weekday = DaysAfter(last, days, isEvery ? TimeOfDay{} : startTimeOfDay());
+        if (weekday > 0 && (!isMonthly || IsWellBeforeNextMonth(last, days))) {
+            return weekday;
+        }
+    }
+    const std::int64_t monthly = isMonthly ? FirstOfNextMonth(last, startTimeOfDay()) : 0;
+    if (weekday > 0 && (monthly == 0 || weekday < monthly)) {
+        return weekday;
+    }
+    return std::max<std::int64_t>(monthly, 0);
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/platform/FileSystem.h"
+#include "core/task/SCVShchedulerTask.h"
+
+class CPrivateProfile;
+
+// The ordered list of tasks and its file. Owns its tasks: whatever removes a task deletes it. Order is the
+// order of the sections on save.
+class CSCVShchedulerTaskArray {
+public:
+    [[nodiscard]] std::ptrdiff_t GetSize() const noexcept {
+        return static_cast<std::ptrdiff_t>(m_tasks.size());
+    }
+    // The task stays the array's. Raises std::invalid_argument for an index outside the array.
+    [[nodiscard]] CSCVShchedulerTask* GetAt(std::ptrdiff_t index) const;
+    [[nodiscard]] CSCVShchedulerTask* operator[](std::ptrdiff_t index) const { return GetAt(index); }
+
+    // Appends a new task (see CSCVShchedulerTask::Reset) for the project and returns its index. Does not look
+    // for duplicates.
+    std::ptrdiff_t AddTask(const std::wstring& projectPath, std::int64_t now);
+    // As AddTask, at `index`, and returns it; -1 when index > GetSize(). Raises std::invalid_argument when
+    // index < 0.
+    std::ptrdiff_t InsertTask(std::ptrdiff_t index, const std::wstring& projectPath, std::int64_t now);
+    // Index of the first task with that project path, without regard to case; -1 when there is none.
+    [[nodiscard]] std::ptrdiff_t FindTask(std::wstring_view projectPath) const noexcept;
+    // 1 when the first task with that project path was removed, 0 when there is none.
+    int RemoveTask(std::wstring_view projectPath);
+    // Returns the new count. Raises std::invalid_argument for an index outside the array.
+    std::ptrdiff_t RemoveTaskAt(std::ptrdiff_t index);
+    void RemoveAllTasks() noexcept;
+
+    // Replaces the tasks by those of the file. 0, with the array unchanged, when the file does not exist or
+    // cannot be read now; else 1. A file that could not be read is not saved over until a Load of it has
+    // succeeded or found it gone. (core/TaskListFile.cpp)
+    int Load(IFileSystem& files, const std::wstring& file);
+    // As Load, for callers who want to tell a missing file (Missing) from one that is there and unreadable
+    // (Busy, Failed).
+    IFileSystem::Status TryLoad(IFileSystem& files, const std::wstring& file);
+    // Writes all tasks, removes the sections of tasks that are gone, in one step, and records in each task
+    // where it now is. Always 1; when it fails file and records stay as they were.
+    int Save(IFileSystem& files, const std::wstring& file);
+    // As Save, for callers who want to know whether the file now holds the tasks.
+    [[nodiscard]] bool TrySave(IFileSystem& files, const std::wstring& file);
+    // Takes the place of Load, `edit` and Save in one step: no other program can change the file in between.
+    // The array then holds the tasks of the file (none when it is missing) as `edit` has left them. Unlike
+    // Save it writes only the keys that `edit` has changed, so that apostrophes elsewhere are not doubled.
+    // False, with the file as it was, when it cannot be read or written. What `edit` raises passes through,
+    // and then the file is as it was.
+    [[nodiscard]] bool TryEdit(IFileSystem& files, const std::wstring& file,
+                               const std::function<void()>& edit);
+
+private:
+    void ReadFrom(const CPrivateProfile& profile, const std::wstring& file);
+    void RecordPlaces(const std::wstring& file);
+
+    std::vector<std::unique_ptr<CSCVShchedulerTask>> m_tasks;
+    std::wstring m_strUnreadFile;  // the list whose Load failed although it exists
+};

@@ -1,0 +1,134 @@
+#include "layout/win32/ResizingDialog.h"
+
+#include <algorithm>
+
+#include "framework/WinApp.h"
+
+namespace {
+
+constexpr wchar_t kMaximized[] = L"WS_MAXIMIZE";
+
+Edges ToEdges(const RECT& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+}  // namespace
+
+Edges CResizingDialog::ClientEdges() const {
+    return ToEdges(GetClientRect());
+}
+
+Edges CResizingDialog::ControlEdges(HWND control) const {
+    RECT rect{};
+    ::GetWindowRect(control, &rect);
+    MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<POINT*>(&rect), 2);
+    return ToEdges(rect);
+}
+
+CResizingDialog::stChildControl CResizingDialog::Measure(HWND control, UINT flags) const {
+    const Edges distances = MeasureDistances(ClientEdges(), ControlEdges(control));
+    return {control, flags, distances.left, distances.top, distances.right, distances.bottom};
+}
+
+int CResizingDialog::AddControl(HWND control, UINT flags) {
+    m_arrChildControls.push_back(Measure(control, flags));
+    return 1;
+}
+
+int CResizingDialog::AddControl(const CWnd* control, UINT flags) {
+    return AddControl(control != nullptr ? control->m_hWnd : nullptr, flags);
+}
+
+int CResizingDialog::HasControl(HWND control) const {
+    return std::any_of(m_arrChildControls.begin(), m_arrChildControls.end(),
+                       [&](const stChildControl& record) { return record.hWnd == control; });
+}
+
+int CResizingDialog::HasControl(const CWnd* control) const {
+    return HasControl(control != nullptr ? control->m_hWnd : nullptr);
+}
+
+void CResizingDialog::UpdateControlOffsets() {
+    for (stChildControl& record : m_arrChildControls) {
+        record = Measure(record.hWnd, record.nFlags);
+    }
+}
+
+void CResizingDialog::ArrangeControls() {
+    for (const stChildControl& record : m_arrChildControls) {
+        if (IsAnchored(record.nFlags)) {
+            const Placement place =
+                Arrange(record.nFlags, {record.nLeft, record.nTop, record.nRight, record.nBottom},
+                        ClientEdges(), ControlEdges(record.hWnd));
+            MoveWindow(record.hWnd, place.x, place.y, place.width, place.height, TRUE);
+        }
+    }
+    for (const stChildControl& record : m_arrChildControls) {
+        // A null handle would stand for every window on the screen.
+        if (record.hWnd != nullptr) {
+            InvalidateRect(record.hWnd, nullptr, FALSE);
+        }
+    }
+}
+
+void CResizingDialog::RestoreWindowPlacement(const wchar_t* section, const RECT* defaultRect) {
+    const CWinApp* app = AfxGetApp();
+    const auto read = [&](const wchar_t* name, LONG defaultValue) {
+        return static_cast<int>(app->GetProfileInt(section, name, static_cast<int>(defaultValue)));
+    };
+    const RECT initial = defaultRect != nullptr ? *defaultRect : RECT{};
+    const bool maximized = read(kMaximized, 0) != 0;
+    const Edges stored{read(L"left", initial.left), read(L"top", initial.top), read(L"right", initial.right),
+                       read(L"bottom", initial.bottom)};
+    if (defaultRect == nullptr && stored == Edges{}) {
+        return;
+    }
+    const Placement place =
+        CorrectPlacement(stored, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+    SetWindowPos(m_hWnd, HWND_TOP, place.x, place.y, place.width, place.height, SWP_SHOWWINDOW);
+    if (maximized) {
+        SendMessage(WM_SYSCOMMAND, SC_MAXIMIZE);
+    }
+}
+
+void CResizingDialog::SaveWindowPlacement(const wchar_t* section) const {
+    const CWinApp* app = AfxGetApp();
+    const bool maximized = IsZoomed(m_hWnd) != 0;
+    app->WriteProfileInt(section, kMaximized, maximized ? 1 : 0);
+    if (!maximized) {
+        const Edges rect = ToEdges(GetWindowRect());
+        app->WriteProfileInt(section, L"left", rect.left);
+        app->WriteProfileInt(section, L"top", rect.top);
+        app->WriteProfileInt(section, L"right", rect.right);
+        app->WriteProfileInt(section, L"bottom", rect.bottom);
+    }
+}
+
+BOOL CResizingDialog::OnInitDialog() {
+    CDialog::OnInitDialog();
+    const Edges client = ClientEdges();
+    m_nMinTrackWidth = MinTrackSize(client.right - client.left);
+    m_nMinTrackHeight = MinTrackSize(client.bottom - client.top);
+    return TRUE;
+}
+
+LRESULT CResizingDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CDialog::WindowProc(message, wParam, lParam);
+    if (message == WM_SIZE) {
+        OnSize(static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam));
+    } else if (message == WM_GETMINMAXINFO) {
+        OnGetMinMaxInfo(reinterpret_cast<MINMAXINFO*>(lParam));
+    }
+    return result;
+}
+
+void CResizingDialog::OnSize(UINT, int, int) {
+    ArrangeControls();
+    if (IsWindow(m_hWnd)) {
+        Invalidate();
+    }
+}
+
+void CResizingDialog::OnGetMinMaxInfo(MINMAXINFO* info) {
+    info->ptMinTrackSize = {m_nMinTrackWidth, m_nMinTrackHeight};
+}

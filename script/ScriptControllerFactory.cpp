@@ -1,9 +1,0 @@
-#include "script/ScriptControllerFactory.h"
-
-#include "script/MSScriptController.h"
-#include "script/ScriptLanguages.h"
-
-std::unique_ptr<IScriptController> CScriptControllerFactory::CreateController() {
-    auto controller = std::make_unique<CMSScriptController>();
-    return controller->Create(kJScript) != 0 ? std::move(controller) : nullptr;
-}

@@ -1,0 +1,29 @@
+#include "script/win32/ComError.h"
+
+#include "util/win32/ComHandle.h"
+#include "util/win32/SystemError.h"
+#include "util/Utf8.h"
+
+CComError::CComError(HRESULT result, std::wstring source, const std::wstring& description)
+    : std::runtime_error(
+          ToUtf8(description.empty() ? SystemErrorText(static_cast<DWORD>(result)) : description)),
+      m_result(result),
+      m_source(std::move(source)) {}
+
+std::wstring CComError::Description() const {
+    return FromUtf8(what());
+}
+
+std::pair<std::wstring, std::wstring> ToldFailure(IUnknown& object, REFIID interfaceId) {
+    CBstr source;
+    CBstr description;
+    // Without this question the thread's error could be one that another object left behind.
+    CComReference<ISupportErrorInfo> support;
+    CComReference<IErrorInfo> error;
+    if (object.QueryInterface(IID_PPV_ARGS(support.Put())) == S_OK &&
+        support->InterfaceSupportsErrorInfo(interfaceId) == S_OK && GetErrorInfo(0, error.Put()) == S_OK) {
+        error->GetSource(source.Put());
+        error->GetDescription(description.Put());
+    }
+    return {source.Text(), description.Text()};
+}

@@ -1,0 +1,9 @@
+#include "script/win32/ScriptControllerFactory.h"
+
+#include "script/win32/MSScriptController.h"
+#include "script/ScriptLanguages.h"
+
+std::unique_ptr<IScriptController> CScriptControllerFactory::CreateController() {
+    auto controller = std::make_unique<CMSScriptController>();
+    return controller->Create(kJScript) != 0 ? std::move(controller) : nullptr;
+}

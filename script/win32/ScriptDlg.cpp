@@ -1,0 +1,434 @@
+#include "script/win32/ScriptDlg.h"
+
+#include <commctrl.h>
+
+#include "framework/FileDialog.h"
+#include "framework/IconResource.h"
+#include "framework/MessageBox.h"
+#include "framework/TextFile.h"
+#include "script/EditorText.h"
+#include "script/win32/ScriptControllerFactory.h"
+#include "script/win32/ScriptFunctionDlg.h"
+#include "script/ScriptLanguages.h"
+#include "script/resource.h"
+#include "util/WhiteSpace.h"
+
+namespace {
+
+constexpr wchar_t kSection[] = L"CScriptDlg";
+// Of the default place, from the screen's edges in pixels.
+constexpr int kScreenMargin = 100;
+
+// A template of each language that is nothing but a main function.
+constexpr std::int32_t kMainFunctions[] = {62001, 61318};
+
+constexpr struct {
+    int id;
+    UINT anchors;
+} kAnchors[] = {
+    {IDC_SCRIPT_FUNCTIONS, ANCHOR_LEFT | ANCHOR_TOP | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_CARET, ANCHOR_TOP | ANCHOR_RIGHT},
+    {IDC_SCRIPT_TEXT, ANCHOR_ALL},
+    {IDC_SCRIPT_NEW, ANCHOR_LEFT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_INSERT, ANCHOR_LEFT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_PARSE, ANCHOR_LEFT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_LOAD, ANCHOR_LEFT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_SAVE, ANCHOR_LEFT | ANCHOR_BOTTOM},
+    {IDOK, ANCHOR_RIGHT | ANCHOR_BOTTOM},
+    {IDCANCEL, ANCHOR_RIGHT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_SEPARATOR, ANCHOR_LEFT | ANCHOR_RIGHT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_TEST_GROUP, ANCHOR_LEFT | ANCHOR_RIGHT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_TEST_TEXT_LABEL, ANCHOR_LEFT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_TEST_RESULT_LABEL, ANCHOR_LEFT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_TEST_TEXT, ANCHOR_LEFT | ANCHOR_RIGHT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_TEST_RESULT, ANCHOR_LEFT | ANCHOR_RIGHT | ANCHOR_BOTTOM},
+    {IDC_SCRIPT_TEST_RUN, ANCHOR_RIGHT | ANCHOR_BOTTOM},
+};
+
+bool IsDown(int key) {
+    return GetKeyState(key) < 0;
+}
+
+// What can move the caret without changing the text.
+bool MayMoveCaret(const MSG& message) {
+    return message.message == WM_KEYDOWN || message.message == WM_LBUTTONDOWN ||
+           message.message == WM_LBUTTONDBLCLK ||
+           (message.message == WM_MOUSEMOVE && (message.wParam & MK_LBUTTON) != 0);
+}
+
+// A box that is reached by Tab or its mnemonic has all its text selected, and the next key would replace the
+// script: this one keeps its selection.
+LRESULT CALLBACK KeepSelection(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                               DWORD_PTR) {
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(window, &KeepSelection, id);
+    }
+    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    return message == WM_GETDLGCODE ? result & ~LRESULT{DLGC_HASSETSEL} : result;
+}
+
+int AskToKeepChanges() {
+    return AfxMessageBox(L"The script has been modified. Do you want to save the changes?",
+                         MB_YESNOCANCEL | MB_ICONQUESTION);
+}
+
+}  // namespace
+
+CScriptDlg::CScriptDlg(CWnd* parent) : CResizingDialog(IDD_SCRIPT, parent) {}
+
+CScriptDlg::~CScriptDlg() {
+    if (m_hWnd != nullptr) {
+        DestroyWindow();
+    }
+}
+
+INT_PTR CScriptDlg::DoModal(const std::wstring& scriptText, const std::wstring& languageName) {
+    m_strScript = scriptText;
+    m_strLanguage = languageName;
+    return DoModal();
+}
+
+std::unique_ptr<IScriptController> CScriptDlg::CreateController() const {
+    return CScriptControllerFactory::CreateController();
+}
+
+void CScriptDlg::DoDataExchange(CDataExchange* exchange) {
+    DDX_Control(exchange, IDC_SCRIPT_LANGUAGE, m_languages);
+    DDX_Control(exchange, IDC_SCRIPT_TEMPLATES, m_templates);
+    DDX_Control(exchange, IDC_SCRIPT_FUNCTIONS, m_functions);
+    DDX_Control(exchange, IDC_SCRIPT_TEXT, m_script);
+    DDX_CBIndex(exchange, IDC_SCRIPT_LANGUAGE, m_nLanguage);
+    DDX_Text(exchange, IDC_SCRIPT_TEST_TEXT, m_strTestText);
+    DDX_Text(exchange, IDC_SCRIPT_TEXT, m_strScript);
+    DDV_MaxChars(exchange, IDC_SCRIPT_TEXT, m_strScript, kMaxScriptLength);
+}
+
+BOOL CScriptDlg::OnInitDialog() {
+    for (const wchar_t* language : {kJScript, kVBScript}) {
+        CComboBox(GetDlgItem(IDC_SCRIPT_LANGUAGE)).AddString(language);
+    }
+    m_nLanguage = m_strLanguage == kVBScript ? 1 : 0;
+    CResizingDialog::OnInitDialog();
+    m_icon = LoadSmallIcon(IDI_SCRIPT);
+    SetIcon(m_icon.Get(), false);
+    for (const auto& control : kAnchors) {
+        AddControl(GetDlgItem(control.id), control.anchors);
+    }
+    SetScriptFont();
+    SetWindowSubclass(m_script.m_hWnd, &KeepSelection, 0, 0);
+    FillLists();
+    for (const int id : {IDC_SCRIPT_TEST_TEXT, IDC_SCRIPT_TEST_RESULT}) {
+        CEdit(GetDlgItem(id)).SetLimitText(0);
+    }
+    return TRUE;
+}
+
+// A little larger than the dialog's own font, as the letters of a fixed pitch look smaller.
+void CScriptDlg::SetScriptFont() {
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)), sizeof(font), &font);
+    font.lfHeight = MulDiv(font.lfHeight, 5, 4);
+    font.lfWidth = 0;
+    font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
+    wcscpy(font.lfFaceName, L"Consolas");
+    m_font = CFontHandle(CreateFontIndirectW(&font));
+    m_script.SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.Get()));
+    // Four characters, in quarters of one.
+    constexpr UINT tabStop = 16;
+    m_script.SendMessage(EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&tabStop));
+}
+
+LRESULT CScriptDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_DESTROY) {
+        SaveWindowPlacement(kSection);
+    }
+    const LRESULT result = CResizingDialog::WindowProc(message, wParam, lParam);
+    if (message == WM_SHOWWINDOW && wParam != FALSE) {
+        const RECT place{kScreenMargin, kScreenMargin, GetSystemMetrics(SM_CXSCREEN) - kScreenMargin,
+                         GetSystemMetrics(SM_CYSCREEN) - kScreenMargin};
+        RestoreWindowPlacement(kSection, &place);
+    }
+    return result;
+}
+
+BOOL CScriptDlg::OnCommand(int id, UINT code, HWND control) {
+    static constexpr struct {
+        int id;
+        UINT code;
+        void (CScriptDlg::*handle)();
+    } kHandlers[] = {
+        {IDC_SCRIPT_LANGUAGE, CBN_SELCHANGE, &CScriptDlg::FillLists},
+        {IDC_SCRIPT_TEMPLATES, LBN_SELCHANGE, &CScriptDlg::UpdateButtons},
+        {IDC_SCRIPT_TEMPLATES, LBN_DBLCLK, &CScriptDlg::OnTemplateDoubleClick},
+        {IDC_SCRIPT_FUNCTIONS, LBN_SELCHANGE, &CScriptDlg::UpdateButtons},
+        {IDC_SCRIPT_FUNCTIONS, LBN_DBLCLK, &CScriptDlg::OnInsert},
+        {IDC_SCRIPT_TEXT, EN_CHANGE, &CScriptDlg::OnScriptChange},
+        {IDC_SCRIPT_TEXT, EN_SETFOCUS, &CScriptDlg::UpdateCaret},
+        {IDC_SCRIPT_NEW_FROM_TEMPLATE, BN_CLICKED, &CScriptDlg::OnNewFromTemplate},
+        {IDC_SCRIPT_ADD_TEMPLATE, BN_CLICKED, &CScriptDlg::OnAddTemplate},
+        {IDC_SCRIPT_INSERT, BN_CLICKED, &CScriptDlg::OnInsert},
+        {IDC_SCRIPT_PARSE, BN_CLICKED, &CScriptDlg::OnParse},
+        {IDC_SCRIPT_NEW, BN_CLICKED, &CScriptDlg::OnNew},
+        {IDC_SCRIPT_LOAD, BN_CLICKED, &CScriptDlg::OnLoad},
+        {IDC_SCRIPT_SAVE, BN_CLICKED, &CScriptDlg::OnSave},
+        {IDC_SCRIPT_TEST_RUN, BN_CLICKED, &CScriptDlg::OnRunTest},
+    };
+    for (const auto& handler : kHandlers) {
+        if (handler.id == id && handler.code == code) {
+            (this->*handler.handle)();
+            return TRUE;
+        }
+    }
+    return CResizingDialog::OnCommand(id, code, control);
+}
+
+void CScriptDlg::FillLists() {
+    m_functions.ResetContent();
+    for (const std::wstring& entry : CatalogueEntries(m_texts.GetCatalogue(Language()))) {
+        m_functions.AddString(entry);
+    }
+    m_functions.FitHorizontalExtent();
+    m_templates.ResetContent();
+    for (const stOfferedTemplate& offered : OfferedTemplates(m_generator, Language())) {
+        m_templates.SetItemData(m_templates.AddString(offered.name), offered.number);
+    }
+    UpdateButtons();
+}
+
+// "Add To Script..." is, on purpose, always enabled, and does nothing while no template is selected.
+void CScriptDlg::UpdateButtons() {
+    CWnd(GetDlgItem(IDC_SCRIPT_INSERT)).EnableWindow(m_functions.GetCurSel() >= 0);
+    CWnd(GetDlgItem(IDC_SCRIPT_NEW_FROM_TEMPLATE)).EnableWindow(m_templates.GetCurSel() >= 0);
+}
+
+BOOL CScriptDlg::PreTranslateMessage(MSG* message) {
+    if (message->message == WM_KEYDOWN && OnKey(*message)) {
+        return TRUE;
+    }
+    const bool mayMoveCaret = message->hwnd == m_script.m_hWnd && MayMoveCaret(*message);
+    // Input is not only looked at there: it has been dispatched by the end of it.
+    const BOOL isTaken = CResizingDialog::PreTranslateMessage(message);
+    if (mayMoveCaret && m_hWnd != nullptr) {
+        UpdateCaret();
+    }
+    return isTaken;
+}
+
+// True when the key is done with.
+bool CScriptDlg::OnKey(const MSG& message) {
+    switch (message.wParam) {
+        case VK_TAB:
+            // With Shift it leaves the script, or a keyboard alone could not.
+            if (message.hwnd != m_script.m_hWnd || IsDown(VK_SHIFT) || IsDown(VK_CONTROL)) {
+                return false;
+            }
+            m_script.ReplaceSel(L"\t", true);
+            return true;
+        case 'A':
+            if (message.hwnd != m_script.m_hWnd || !IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
+                return false;
+            }
+            m_script.SendMessage(EM_SETSEL, 0, -1);
+            UpdateCaret();
+            return true;
+        case VK_ESCAPE:
+            // Only this way out asks; the Cancel button and the close box do not.
+            if (!m_bModified) {
+                return false;
+            }
+            OnEscape();
+            return true;
+        case VK_RETURN:
+            if (message.hwnd == m_functions.m_hWnd) {
+                PostMessage(WM_COMMAND, IDC_SCRIPT_INSERT);
+                return true;
+            }
+            if (message.hwnd == m_templates.m_hWnd) {
+                PostMessage(WM_COMMAND, ID_SCRIPT_TEMPLATE_ENTER);
+                return true;
+            }
+            return false;
+        default:
+            return false;
+    }
+}
+
+void CScriptDlg::OnEscape() {
+    switch (AskToKeepChanges()) {
+        case IDYES:
+            OnOK();
+            break;
+        case IDNO:
+            OnCancel();
+            break;
+        default:
+            break;
+    }
+}
+
+void CScriptDlg::OnScriptChange() {
+    m_bModified = true;
+    UpdateCaret();
+}
+
+// With a selection the line is the caret's, the column that of the selection's end.
+void CScriptDlg::UpdateCaret() {
+    const DWORD end = m_script.GetSel().second;
+    SetDlgItemText(IDC_SCRIPT_CARET,
+                   CaretText(CaretLine(end) + 1, CaretColumn(m_script.GetWindowText(), std::int64_t{end})));
+}
+
+// From 0. The thread's caret is elsewhere while the script has no focus, and can be scrolled out of sight.
+LRESULT CScriptDlg::CaretLine(DWORD selectionEnd) const {
+    constexpr LRESULT outside = 0xFFFF;
+    POINT caret{};
+    if (GetFocus() == m_script.m_hWnd && GetCaretPos(&caret)) {
+        const LRESULT found = m_script.SendMessage(EM_CHARFROMPOS, 0, MAKELPARAM(caret.x, caret.y));
+        if (HIWORD(found) != outside) {
+            return HIWORD(found);
+        }
+    }
+    return m_script.SendMessage(EM_LINEFROMCHAR, selectionEnd);
+}
+
+// Yes goes on also when the user then cancels the saving.
+bool CScriptDlg::MayReplaceScript() {
+    if (m_bModified) {
+        switch (AskToKeepChanges()) {
+            case IDYES:
+                OnSave();
+                break;
+            case IDNO:
+                m_bModified = false;
+                break;
+            default:
+                return false;
+        }
+    }
+    return true;
+}
+
+void CScriptDlg::SetScript(const std::wstring& script) {
+    m_script.SetWindowText(script);
+    // A box of several lines does not tell of it everywhere.
+    OnScriptChange();
+}
+
+void CScriptDlg::OnNew() {
+    if (MayReplaceScript()) {
+        CScriptGenerator::stTemplate record;
+        record.number = kMainFunctions[m_languages.GetCurSel() == 0 ? 0 : 1];
+        SetScript(m_generator.InstantiateTemplate(Language(), &record, kMainFunction));
+        m_bModified = false;
+    }
+}
+
+void CScriptDlg::OnTemplateDoubleClick() {
+    const std::wstring script = m_script.GetWindowText();
+    Trim(script).empty() ? OnNewFromTemplate() : OnAddTemplate();
+}
+
+void CScriptDlg::OnNewFromTemplate() {
+    if (MayReplaceScript()) {
+        UseTemplate(true);
+    }
+}
+
+void CScriptDlg::UseTemplate(bool replacesScript) {
+    const int selected = m_templates.GetCurSel();
+    if (selected < 0) {
+        return;
+    }
+    CScriptGenerator::stTemplate record;
+    record.number = static_cast<std::int32_t>(m_templates.GetItemData(selected));
+    const std::wstring language = Language();
+    CScriptFunctionDlg dialog(m_generator, this);
+    if (dialog.DoModal(language, &record) != IDOK) {
+        return;
+    }
+    SetScript(replacesScript ? m_generator.InstantiateTemplate(language, &record, kMainFunction)
+                             : m_generator.AddToScript(language, m_script.GetWindowText(), &record));
+    m_bModified = false;
+    OnRunTest();
+}
+
+void CScriptDlg::OnInsert() {
+    const int selected = m_functions.GetCurSel();
+    if (selected < 0) {
+        return;
+    }
+    const std::wstring entry = m_functions.GetText(selected);
+    const auto [start, end] = m_script.GetSel();
+    std::wstring script = m_script.GetWindowText();
+    script.replace(start, end - start, entry);
+    SetScript(script);
+    m_script.SetFocus();
+    const DWORD caret = start + static_cast<DWORD>(entry.size());
+    m_script.SetSel(caret, caret);
+    m_script.SendMessage(EM_SCROLLCARET);
+    UpdateCaret();
+}
+
+// A controller answers 0 for a failure, never less, and 0 passes here: whenever there is an engine, the
+// script is said to have parsed and may be accepted, even after its error was shown. Kept so on purpose.
+bool CScriptDlg::Parse(bool tellsSuccess) {
+    const std::unique_ptr<IScriptController> controller = CreateController();
+    if (controller == nullptr) {
+        return false;
+    }
+    int result = controller->SetLanguage(Language());
+    if (result >= 0) {
+        result = controller->AddCode(m_script.GetWindowText());
+    }
+    if (result >= 0 && tellsSuccess) {
+        AfxMessageBox(L"The script parsed successfully", MB_OK | MB_ICONINFORMATION);
+    }
+    m_script.SetFocus();
+    return result >= 0;
+}
+
+void CScriptDlg::OnRunTest() {
+    const std::unique_ptr<IScriptController> controller = CreateController();
+    if (controller == nullptr) {
+        return;
+    }
+    std::wstring text;
+    if (controller->SetLanguage(Language()) >= 0 && controller->AddCode(m_script.GetWindowText()) >= 0) {
+        CStringArray arguments;
+        arguments.Add(GetDlgItemText(IDC_SCRIPT_TEST_TEXT));
+        if (controller->GetParamCount(kMainFunction) > 1) {
+            arguments.Add(m_strTestUrl);
+        }
+        CStringArray results;
+        if (controller->Run(kMainFunction, &arguments, results) >= 0) {
+            text = JoinResults(results);
+        }
+    }
+    SetDlgItemText(IDC_SCRIPT_TEST_RESULT, text);
+}
+
+// Asks nothing about changes, unlike New.
+void CScriptDlg::OnLoad() {
+    const stScriptFileType type = ScriptFileType(Language());
+    CFileDialog dialog(true, type.extension, L"", OFN_FILEMUSTEXIST | OFN_HIDEREADONLY, type.filter, this);
+    if (dialog.DoModal() == IDOK) {
+        SetScript(ReadTextFile(dialog.GetPathName()));
+        m_bModified = false;
+    }
+}
+
+void CScriptDlg::OnSave() {
+    const stScriptFileType type = ScriptFileType(Language());
+    CFileDialog dialog(false, type.extension, L"", OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, type.filter, this);
+    if (dialog.DoModal() == IDOK &&
+        SaveTextFile(m_script.GetWindowText(), dialog.GetPathName(), false) != 0) {
+        m_bModified = false;
+    }
+}
+
+void CScriptDlg::OnOK() {
+    m_strLanguage = Language();
+    if (Parse(false)) {
+        CResizingDialog::OnOK();
+    }
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "framework/Controls.h"
+#include "framework/GuiHandle.h"
+#include "layout/win32/ResizingDialog.h"
+#include "script/win32/IScriptController.h"
+#include "script/win32/ResourceScriptTexts.h"
+#include "script/ScriptGenerator.h"
+
+// The window in which a script is written, put together from templates, checked and tried out.
+class CScriptDlg : public CResizingDialog {
+public:
+    // At most so many UTF-16 units are accepted.
+    static constexpr int kMaxScriptLength = 32'768;
+
+    explicit CScriptDlg(CWnd* parent = nullptr);
+    ~CScriptDlg() override;
+
+    // Edits a script in the language, which is JScript unless it is exactly VBScript. After IDOK the members
+    // below hold script and language.
+    INT_PTR DoModal(const std::wstring& scriptText, const std::wstring& languageName = {});
+
+    std::wstring m_strScript;
+    std::wstring m_strLanguage;
+
+protected:
+    // The engine of one action, set to whatever language; null when the machine has none.
+    [[nodiscard]] virtual std::unique_ptr<IScriptController> CreateController() const;
+
+    BOOL PreTranslateMessage(MSG* message) override;
+    BOOL OnInitDialog() override;
+    BOOL OnCommand(int id, UINT code, HWND control) override;
+    void OnOK() override;
+    void DoDataExchange(CDataExchange* exchange) override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    using CResizingDialog::DoModal;
+    [[nodiscard]] std::wstring Language() const { return m_languages.GetWindowText(); }
+    void SetScriptFont();
+    void FillLists();
+    void UpdateButtons();
+    void UpdateCaret();
+    [[nodiscard]] LRESULT CaretLine(DWORD selectionEnd) const;
+    bool OnKey(const MSG& message);
+    void OnEscape();
+
+    // True unless the user wants to keep the script that is about to be replaced.
+    bool MayReplaceScript();
+    // Counts as a change of the user's.
+    void SetScript(const std::wstring& script);
+    bool Parse(bool tellsSuccess);
+    void UseTemplate(bool replacesScript);
+
+    void OnTemplateDoubleClick();
+    void OnScriptChange();
+    void OnNewFromTemplate();
+    void OnAddTemplate() { UseTemplate(false); }
+    void OnInsert();
+    void OnParse() { Parse(true); }
+    void OnNew();
+    void OnLoad();
+    void OnSave();
+    void OnRunTest();
+
+    CResourceScriptTexts m_texts;
+    CScriptGenerator m_generator{m_texts};
+    CComboBox m_languages;
+    CListBox m_templates;
+    CListBox m_functions;
+    CEdit m_script;
+    CIconHandle m_icon;
+    CFontHandle m_font;
+    std::int32_t m_nLanguage = -1;
+    std::wstring m_strTestText;
+    std::wstring m_strTestUrl;  // nothing sets it: a test run has no URL
+    bool m_bModified = false;
+};

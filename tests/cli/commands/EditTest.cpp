@@ -1,0 +1,187 @@
+#include "cli/commands/Edit.h"
+
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "cli/commands/ExitCode.h"
+#include "core/task/TaskDays.h"
+#include "core/schedule/TimeText.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "tests/cli/ConsoleRun.h"
+#include "util/Utf8.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class Edit : public ConsoleRun {
+protected:
+    const CSCVShchedulerTask& Find(const std::wstring& project) {
+        EXPECT_EQ(tasks.Load(files, kList), 1);
+        return *tasks[tasks.FindTask(project)];
+    }
+    // Whether it is enabled, its start and how it repeats.
+    std::string Rule(const std::wstring& project) {
+        const CSCVShchedulerTask& task = Find(project);
+        std::string rule = std::to_string(task.m_bEnable) + " " + FormatMinute(task.m_tStartTime) + " | ";
+        for (const TaskDay& day : kTaskDays) {
+            rule += task.*day.flag != 0 ? std::string(day.name) + " " : "";
+        }
+        rule += task.m_bRepeatOnMonthly != 0 ? "monthly " : "";
+        rule += task.m_bEnableEvery != 0 ? "every " : "";
+        return rule + std::to_string(task.m_nEveryValue) + (task.m_nEveryUnit == 1 ? "h" : "m") + " until " +
+               FormatMinute(task.m_tUntilTime).substr(11);
+    }
+
+    CSCVShchedulerTaskArray tasks;
+    const std::wstring a = L"C:\\w\\a.scvpr";
+    const std::wstring b = L"C:\\w\\b.oslpr";
+};
+
+TEST_F(Edit, OptionsBecomeCommands) {
+    const struct {
+        const char* add;
+        const char* set;  // empty: none
+        const char* commands;
+    } table[] = {
+        {"", "", " -dt -dr -s -qe -ex"},
+        {" --no-exit --monthly", "", " -dt -dr -s -qe"},
+        {" --reset-urls --delete-urls --delete-results --add-urls C:\\\xC3\xA4.csv --generate-urls C:\\s.js"
+         " --import-values C:\\v.csv --element-name q --element-id i --start-project --restart-project"
+         " --apply-filter --export-results --export-failed-urls C:\\f.htm --exit",
+         "",
+         " -rt -dt -dr -at\"C:\\\xC3\xA4.csv\" -gt\"C:\\s.js\" -aiv\"q,i,C:\\v.csv\" -s -rs -fr -qe"
+         " -eft\"C:\\f.htm\" -ex"},
+        {" --export-file o.csv", " --export-results", " -qe\"C:\\w\\o.csv\""},
+        {" --export-file o.csv", " --no-export-file", " -qe"},
+        {" --export-file o.csv --exit", " --no-export-results", " -ex"},
+        {" --add-urls u.csv --exit", " --no-add-urls --start-project", " -s -ex"},
+        {" --import-values v.csv --element-id i", " --element-name q", " -aiv\"q,i,C:\\w\\v.csv\""},
+        {" --import-values v.csv --element-id i --exit", " --no-import-values", " -ex"},
+    };
+    for (const auto& row : table) {
+        files.Put(kList, "");
+        EXPECT_EQ(Run(std::string("add a.scvpr") + row.add), kFine) << err.str();
+        if (*row.set != '\0') {
+            EXPECT_EQ(Run(std::string("set A.SCVPR") + row.set), kFine) << err.str();
+        }
+        EXPECT_EQ(ToUtf8(Find(a).BuildCommandLine().substr(a.size() + 2)), row.commands);
+    }
+}
+
+TEST_F(Edit, OptionsBecomeTimesAndRepeats) {
+    const std::string fresh = "1 2024-06-03 10:05 | 1h until 23:59";
+    EXPECT_EQ(Run("add b.oslpr"), kFine);
+    EXPECT_EQ(Rule(b), fresh);
+    const std::pair<const char*, const char*> table[] = {
+        {"add a.scvpr --disabled --start 2026-11-23T08:00 --days Mon,wed --every 2h --until 18:05",
+         "0 2026-11-23 08:00 | Mon Wen every 2h until 18:05"},
+        {"set a.scvpr --no-days --every 45m --monthly", "0 2026-11-23 08:00 | monthly every 45m until 18:05"},
+        {"set a.scvpr --no-every --no-monthly --days sun", "0 2026-11-23 08:00 | Sun 45m until 18:05"},
+    };
+    for (const auto& [line, rule] : table) {
+        EXPECT_EQ(Run(line), kFine) << err.str();
+        EXPECT_EQ(Rule(a), rule);
+    }
+    EXPECT_EQ(Rule(b), fresh) << "what is not named stays";
+}
+
+TEST_F(Edit, SwitchingRemovingAndRunningTellWhatChanged) {
+    const struct {
+        const char* line;
+        int exitCode;
+        const char* told;
+    } table[] = {
+        {"add a.scvpr b.oslpr", kFine, "added  C:\\w\\a.scvpr\nadded  C:\\w\\b.oslpr\n"},
+        {"disable a.scvpr", kFine, "disabled  C:\\w\\a.scvpr\n"},
+        {"disable a.scvpr b.oslpr", kFine, "disabled  C:\\w\\b.oslpr\n"},
+        {"enable B.oslpr", kFine, "enabled  C:\\w\\b.oslpr\n"},
+        {"set b.oslpr --monthly", kFine, "set  C:\\w\\b.oslpr\n"},
+        {"set b.oslpr --monthly", kFine, ""},
+        {"run a.scvpr", kFine, "2024-06-03 10:00:00  C:\\w\\a.scvpr  Success\n"},  // disabled or not
+        {"remove a.scvpr A.scvpr", kFine, "removed  C:\\w\\a.scvpr\n"},
+        {"set b.oslpr --every 1h --until 9:00", kUsage, ""},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(Run(row.line), row.exitCode) << err.str();
+        EXPECT_EQ(out.str(), row.told);
+    }
+    EXPECT_EQ(shell.starts.size(), 1U);
+
+    shell.missing.insert(b);
+    EXPECT_EQ(Run("check"), kFindings);
+    EXPECT_EQ(out.str(), "C:\\w\\b.oslpr [SCVShchedulerTask1]: the project file does not exist\n");
+    EXPECT_EQ(Run("run b.oslpr --json"), kFindings);
+    const auto change = nlohmann::json::parse(out.str())["changes"][0];
+    EXPECT_EQ(change["change"], "run");
+    EXPECT_EQ(change["task"]["lastRunResult"], "Failure: File does not exist");
+    EXPECT_EQ(change["task"]["section"], "SCVShchedulerTask1");
+    EXPECT_EQ(Find(b).m_tLastRunTime, clock.now) << "saved";
+    EXPECT_EQ(Run("set b.oslpr --reset-last-run"), kFine);
+    EXPECT_EQ(Find(b).m_tLastRunTime, 0);
+}
+
+TEST_F(Edit, WhatIsRefusedNamesTheFaultAndChangesNothing) {
+    ASSERT_EQ(Run("add a.scvpr b.scvpr"), kFine);
+    const std::string before = files.Bytes(kList);
+    const std::pair<std::string, const char*> table[] = {
+        {"add c.scvpr A.scvpr", "C:\\w\\A.scvpr is in the list already"},
+        {"add c.scvpr c.scvpr", "in the list already"},
+        {"add c.txt", "c.txt ends in neither"},
+        {"add it's.scvpr", "apostrophe"},
+        {"add c.scvpr --add-urls a\"b.csv", "cannot keep add-urls 'C:\\w\\a\"b.csv'"},
+        {"add c.scvpr --add-urls a\nb.csv", "control character"},
+        {"add c.scvpr --add-urls " + std::string(1000, 'x'), "of which the list keeps 1023"},
+        {"add c.scvpr --import-values v.csv", "--import-values wants"},
+        {"add c.scvpr --import-values v.csv --element-name p,q", "cannot keep"},
+        {"add c.scvpr --element-name q", "--element-name and --element-id go with"},
+        {"set a.scvpr none.scvpr --exit", "no task of the list has the project C:\\w\\none.scvpr"},
+        {"set b.scvpr a.scvpr --exit --until 18:00", "--until goes with"},
+        {"disable a.scvpr none.scvpr", "none.scvpr"},
+        {"remove a.scvpr none.scvpr", "none.scvpr"},
+        {"run none.scvpr", "none.scvpr"},
+    };
+    for (const auto& [line, told] : table) {
+        EXPECT_EQ(Run(line), kUsage) << line;
+        EXPECT_THAT(err.str(), HasSubstr(told));
+        EXPECT_EQ(err.str().find('\n'), err.str().size() - 1) << err.str();
+        EXPECT_EQ(out.str(), "");
+        EXPECT_EQ(files.Bytes(kList), before) << line;
+    }
+}
+
+TEST_F(Edit, NothingChangesWhileTheTasksAreInUseOrTheListIsNotToBeHad) {
+    in.str("{\"tasks\": []}");
+    for (const std::string command :
+         {"add b.scvpr", "set a.scvpr --exit", "enable a.scvpr", "disable a.scvpr", "remove a.scvpr",
+          "run a.scvpr", "export e.json", "import"}) {
+        files.Remove(kList);
+        const bool makesAList = command.starts_with("add") || command == "import";
+        EXPECT_EQ(Run(command), makesAList ? kFine : kNoList) << command;
+        EXPECT_EQ(files.Has(kList), makesAList) << command;
+
+        ASSERT_EQ((files.Remove(kList), Run("add a.scvpr")), kFine);
+        const std::string before = files.Bytes(kList);
+        whyNot = "the window program runs";
+        in.seekg(0);
+        EXPECT_EQ(Run(command), kFindings) << command;
+        EXPECT_EQ(err.str(), "scvsched: the window program runs\n");
+        EXPECT_EQ(in.rdbuf()->in_avail() > 0, command != "import") << "read before anything is claimed";
+        whyNot.clear();
+        files.FailCalls(files.Calls() + 3, CFakeFileSystem::kForever);  // not IsReadOnly and the first read
+        if (!command.starts_with("export") && command != "import") {
+            EXPECT_EQ(Run(command), kFindings) << command;
+            EXPECT_THAT(err.str(), HasSubstr("could not be saved"));
+        }
+        files.FailCalls(CFakeFileSystem::kForever, CFakeFileSystem::kForever);
+        EXPECT_EQ(files.Bytes(kList), before) << command;
+    }
+    EXPECT_TRUE(shell.starts.empty()) << "nothing is launched from a list that cannot be locked";
+    files.SetCapacity(0);
+    EXPECT_EQ(Run("run a.scvpr"), kFindings);
+    EXPECT_THAT(err.str(), HasSubstr("could not be saved"));
+    EXPECT_THAT(out.str(), HasSubstr("Success")) << "it was launched all the same";
+}
+
+}  // namespace

@@ -1,0 +1,129 @@
+#include "cli/commands/Exchange.h"
+
+#include <gmock/gmock.h>
+
+#include "cli/commands/ExitCode.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "tests/cli/ConsoleRun.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class Exchange : public ConsoleRun {
+protected:
+    int Import(const std::string& text) {
+        in.clear();
+        in.str(text);
+        return Run("import");
+    }
+};
+
+TEST_F(Exchange, WhatIsExportedComesBackWhole) {
+    // Everything that a list may hold, as an older program or a hand has left it.
+    files.Put(
+        kList,
+        "[SCVShchedulerTaskList]\nTaskCount=4\n"
+        "[SCVShchedulerTask1]\nEnable=0\n"
+        "CommandLine='\"C:\\it''s.scvpr\" -rt -dt -dr -at\"C:\\u.csv\" -gt\"C:\\s.js\" -aiv\"q,i,C:\\v.csv\" "
+        "-s -rs -ddr -fr\"f 1\" -qe\"C:\\o.csv\" -eft\"C:\\f.htm\" -ex'\n"
+        "StartTime=1711850400\nUntilTime=1711900000\nLastRunTime=1711850401\nRepeatOnMon=1\nRepeatOnTue=1\n"
+        "RepeatOnWen=1\nRepeatOnThu=1\nRepeatOnFri=1\nRepeatOnSat=1\nRepeatOnSun=1\nRepeatOnMonthly=1\n"
+        "EnableEvery=1\nEveryValue=-7\nEveryUnit=0\nLastRunResult='Failure to run ''C:\\x.exe'''\n"
+        "[SCVShchedulerTask2]\nCommandLine=\"C:\\b.txt\" -at -fr\nStartTime=4294967295\nLastRunResult=it's "
+        "'''odd'\n"
+        "[SCVShchedulerTask4]\nCommandLine='\"C:\\c.oslpr\" -qe "
+        "-aiv\"q,,C:\\v.csv\"'\nEveryValue=1\nEveryUnit=1\n");
+    ASSERT_EQ(Run("export"), kFine) << err.str();
+    const std::string text = out.str();
+    for (const char* field :
+         {R"("project": "C:\\it's.scvpr")", R"("lastRunResult": "Failure to run 'C:\\x.exe'")",
+          "\"ddr\": true", "\"apply-filter\": \"f 1\"", "\"element-id\": \"i\"", "\"Wen\"", "\"value\": -7",
+          "\"startTime\": 2147483647", "\"enabled\": false", "\"export-results\": \"C:\\\\o.csv\"",
+          "\"lastRunTime\": 1711850401"}) {
+        EXPECT_THAT(text, HasSubstr(field));
+    }
+
+    files.Remove(kList);
+    EXPECT_EQ(Import(text), kFine) << err.str();
+    EXPECT_EQ(out.str(), "added  C:\\it's.scvpr\nadded  C:\\b.txt\nadded  C:\\c.oslpr\n");
+    ASSERT_EQ(Run("export e.json"), kFine) << err.str();
+    EXPECT_EQ(files.Bytes(L"C:\\w\\e.json"), text);
+    EXPECT_EQ(Run("set C:\\it''s.scvpr --no-monthly"), kFine) << "what add would refuse stays as it is";
+    const std::string before = files.Bytes(kList);
+    EXPECT_EQ(Run("export c:\\L.INI"), kUsage);
+    EXPECT_THAT(err.str(), HasSubstr("is the task list itself"));
+    EXPECT_EQ(files.Bytes(kList), before);
+}
+
+TEST_F(Exchange, AListedProjectIsReplacedOnlyWhenAsked) {
+    ASSERT_EQ(Run("add C:\\a.scvpr C:\\b.scvpr"), kFine);
+    const std::string before = files.Bytes(kList);
+    const std::string text = R"({"tasks": [{"project": "C:\\c.scvpr", "startTime": "2026-11-23T08:00"},
+                                           {"project": "c:\\A.scvpr", "commands": {}}]})";
+    EXPECT_EQ(Import(text), kUsage);
+    EXPECT_THAT(err.str(), HasSubstr("tasks[1]: the project c:\\A.scvpr is in the list already"));
+    EXPECT_EQ(files.Bytes(kList), before);
+
+    std::string wide = "\xFF\xFE";
+    for (const char c : text) {
+        wide += {c, '\0'};
+    }
+    for (const std::string& encoded : {text, "\xEF\xBB\xBF" + text, wide}) {
+        files.Put(kList, before);
+        files.Put(L"C:\\w\\in.json", encoded);
+        EXPECT_EQ(Run("import in.json --replace"), kFine) << err.str();
+        EXPECT_EQ(out.str(), "added  C:\\c.scvpr\nreplaced  c:\\A.scvpr\n");
+    }
+    CSCVShchedulerTaskArray tasks;
+    ASSERT_EQ(tasks.Load(files, kList), 1);
+    EXPECT_EQ(tasks[0]->BuildCommandLine(), L"\"c:\\A.scvpr\"") << "in its place, without what it had";
+    EXPECT_EQ(tasks[2]->BuildCommandLine(), L"\"C:\\c.scvpr\" -dt -dr -s -qe -ex") << "as add makes it";
+    EXPECT_EQ(tasks[2]->m_tStartTime, FromLocalTime(2026, 11, 23, 8, 0, 0));
+}
+
+TEST_F(Exchange, WhatIsWrongIsToldWithItsPlaceAndNothingIsImported) {
+    const std::string good = R"({"project": "C:\\a.scvpr"})";
+    const auto task = [&](const std::string& fields) {
+        return R"({"tasks": [)" + good + R"(, {"project": "C:\\b.scvpr", )" + fields + "}]}";
+    };
+    const std::pair<std::string, const char*> table[] = {
+        {"", "no JSON: parse error at line 1"},
+        {"{\"tasks\": [{\"project\": \"\xC3\"}]}", "no JSON"},
+        {std::string("\xFF\xFE\x00\xD8", 4), "half of a surrogate pair"},
+        {"[]", "the text has to be an object"},
+        {R"({"tasks": {}})", "array \"tasks\""},
+        {R"({"tasks": [], "more": 1})", "unknown key 'more'"},
+        {R"({"tasks": [)" + good + R"(, {"project": "C:\\A.scvpr"}]})",
+         "tasks[1] names the project C:\\A.scvpr a second"},
+        {R"({"tasks": [{"project": 5}]})", "tasks[0].project has to be a text"},
+        {task(R"("repeat": [])"), "tasks[1].repeat has to be an object"},
+        {task(R"("Enabled": true)"), "tasks[1] has the unknown key 'Enabled'"},
+        {task(R"("enabled": 1)"), "tasks[1].enabled has to be true or false"},
+        {task(R"("startTime": -1)"), "tasks[1].startTime has to be seconds"},
+        {task(R"("startTime": "-5")"), "tasks[1].startTime"},
+        {task(R"("startTime": 2147483648)"), "tasks[1].startTime"},
+        {task(R"("untilTime": 99999999999999999999)"), "tasks[1].untilTime"},
+        {task(R"("lastRunResult": ")" + std::string(1024, 'x') + '"'),
+         "tasks[1]: its last result takes 1024"},
+        {task(R"("lastRunResult": "a\u0000b")"), "control character"},
+        {task(R"("repeat": {"days": ["Mon", "Fun"]})"), "tasks[1].repeat.days holds \"Fun\""},
+        {task(R"("repeat": {"every": {"value": 2147483648}})"),
+         "tasks[1].repeat.every.value has to be a whole number"},
+        {task(R"("repeat": {"every": {"unit": "days"}})"), "every.unit has to be \"hours\" or \"minutes\""},
+        {task(R"("commands": {"add-urls": ""})"), "commands.add-urls has to be a file or false"},
+        {task(R"("commands": {"add-urls": "a\"b"})"), "tasks[1]: the list cannot keep add-urls"},
+        {task(R"("commands": {"import-values": "C:\\v.csv"})"), "import-values wants"},
+        {task(R"("commands": {"element-id": "i"})"), "without import-values"},
+    };
+    for (const auto& [text, told] : table) {
+        EXPECT_EQ(Import(text), kUsage) << text;
+        EXPECT_THAT(err.str(), HasSubstr(told));
+        EXPECT_EQ(err.str().find('\n'), err.str().size() - 1) << err.str();
+        EXPECT_FALSE(files.Has(kList)) << text;
+    }
+    EXPECT_EQ(Run("import none.json"), kUsage);
+    EXPECT_THAT(err.str(), HasSubstr("C:\\w\\none.json does not exist"));
+}
+
+}  // namespace

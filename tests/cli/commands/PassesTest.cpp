@@ -1,0 +1,76 @@
+#include "cli/commands/Passes.h"
+
+#include <nlohmann/json.hpp>
+
+#include "cli/commands/ExitCode.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "tests/cli/ConsoleRun.h"
+
+namespace {
+
+// A list with one task that is due and one that is not.
+class Passes : public ConsoleRun {
+protected:
+    Passes() {
+        CSCVShchedulerTaskArray tasks;
+        tasks.AddTask(L"C:\\due.scvpr", clock.now);
+        tasks.AddTask(L"C:\\later.scvpr", clock.now);
+        tasks[0]->m_tStartTime = clock.now - 60;
+        tasks.Save(files, kList);
+    }
+};
+
+TEST_F(Passes, APassLaunchesWhatIsDueOnceAndAWatchGoesOn) {
+    EXPECT_EQ(Run("pass"), kFine) << err.str();
+    EXPECT_EQ(out.str(), "2024-06-03 10:00:00  C:\\due.scvpr  Success\n");
+    EXPECT_EQ(Run("pass"), kFine);
+    EXPECT_EQ(out.str(), "") << "the first pass is recorded in the list";
+    EXPECT_EQ(shell.starts.size(), 1U);
+    ticks = 200;  // the second task is due after 300 seconds
+    EXPECT_EQ(Run("watch"), kFine);
+    EXPECT_EQ(out.str(), "2024-06-03 10:05:00  C:\\later.scvpr  Success\n");
+    ticks = 200;
+    onTick = [this] { whyNot = "the window program runs"; };
+    EXPECT_EQ(Run("watch"), kFindings) << "it gives way to a window that is opened meanwhile";
+    EXPECT_EQ(ticks, 199);
+}
+
+TEST_F(Passes, JsonIsOneObjectForAPassAndALineForEachLaunchOfAWatch) {
+    shell.missing.insert(L"C:\\due.scvpr");
+    EXPECT_EQ(Run("pass --json"), kFindings) << "a launch that failed";
+    const auto pass = nlohmann::json::parse(out.str());
+    EXPECT_EQ(pass["list"], "C:\\l.ini");
+    ASSERT_EQ(pass["changes"].size(), 1U);
+    EXPECT_EQ(pass["changes"][0]["change"], "run");
+    EXPECT_EQ(pass["changes"][0]["task"]["lastRunResult"], "Failure: File does not exist");
+    ticks = 200;
+    EXPECT_EQ(Run("watch --json"), kFine);
+    EXPECT_EQ(out.str().find('\n'), out.str().size() - 1);
+    EXPECT_EQ(nlohmann::json::parse(out.str())["task"]["project"], "C:\\later.scvpr");
+}
+
+TEST_F(Passes, WhatCannotBeRecordedOrIsInUseIsNotLaunched) {
+    // The list becomes unwritable between the check before the pass and the save after the launch.
+    files.SetCapacity(0);
+    EXPECT_EQ(Run("pass"), kFindings);
+    EXPECT_NE(err.str().find("could not be saved"), std::string::npos) << err.str();
+    files.SetReadOnly(kList);
+    EXPECT_EQ(Run("pass"), kFindings);
+    EXPECT_NE(err.str().find("read-only"), std::string::npos);
+    whyNot = "the window program runs";
+    for (const char* command : {"pass", "watch"}) {
+        EXPECT_EQ(Run(command), kFindings);
+        EXPECT_EQ(err.str(), "scvsched: the window program runs\n");
+    }
+    EXPECT_EQ(shell.starts.size(), 1U) << "only the one of a list that seemed writable";
+    EXPECT_EQ(Run("list"), kFine) << "looking is allowed";
+
+    files.Remove(kList);
+    EXPECT_EQ(Run("list"), kNoList);
+    EXPECT_EQ(err.str(), "scvsched: the task list C:\\l.ini does not exist\n");
+    files.PutFolder(kList);
+    EXPECT_EQ(Run("check"), kNoList);
+    EXPECT_EQ(err.str(), "scvsched: the task list C:\\l.ini cannot be read\n");
+}
+
+}  // namespace

@@ -1,0 +1,68 @@
+#include "cli/options/Arguments.h"
+
+#include <gmock/gmock.h>
+
+#include "cli/commands/ExitCode.h"
+#include "tests/cli/ConsoleRun.h"
+
+namespace {
+
+ParsedCommandLine Parse(const std::vector<std::string>& words) {
+    return ParseArguments(words, [](const std::wstring& path) { return L"F:\\" + path; });
+}
+
+TEST(Arguments, OptionsStandBeforeOrAfterTheCommandAndPathsAreMadeFull) {
+    const ParsedCommandLine next = Parse({"--list", "\xC3\xA4.ini", "next", "--at", "1711850400", "--count",
+                                          "3", "a b.scvpr", "/c.scvpr", "--json"});
+    ASSERT_TRUE(next.arguments) << next.message;
+    EXPECT_EQ(next.arguments->command, Command::Next);
+    EXPECT_EQ(next.arguments->list, L"F:\\\u00e4.ini");
+    EXPECT_EQ(next.arguments->at, 1711850400);
+    EXPECT_EQ(next.arguments->count, 3);
+    EXPECT_EQ(next.arguments->paths, (std::vector<std::wstring>{L"F:\\a b.scvpr", L"F:\\/c.scvpr"}));
+    EXPECT_TRUE(next.arguments->json);
+}
+
+TEST(Arguments, WhatIsWrongIsNamedInOneLine) {
+    const std::pair<const char*, const char*> wrong[] = {
+        {"--json", "a command is missing"},
+        {"lost --json", "'lost' is no command"},
+        {"list extra", "extra"},
+        {"next --at 2024-02-30T10:00", "--at: '2024-02-30T10:00'"},
+        {"next --count 0", "--count"},
+        {"add", "PATH"},
+        {"add a.scvpr --start 2038-01-20T00:00", "2038-01-19"},
+        {"add a.scvpr --days mon,fun", "--days: 'mon,fun'"},
+        {"add a.scvpr --every 0m", "--every: '0m'"},
+        {"add a.scvpr --every 2hours", "--every: '2hours'"},
+        {"add a.scvpr --every 9999999999h", "--every: '9999999999h'"},
+        {"add a.scvpr --every 2h --until 24:00", "--until: '24:00'"},
+        {"add a.scvpr --add-urls ", "--add-urls: a file is missing"},
+        {"set a.scvpr", "what to change"},
+        {"set a.scvpr --exit --no-exit", "--exit and --no-exit exclude"},
+        {"set a.scvpr --no-export-results --export-file f", "export-results"},
+        {"run a.scvpr b.scvpr", "PATH"},
+    };
+    for (const auto& [line, told] : wrong) {
+        const ParsedCommandLine parsed = Parse(Words(line));
+        EXPECT_FALSE(parsed.arguments) << line;
+        EXPECT_EQ(parsed.exitCode, kUsage) << line;
+        EXPECT_THAT(parsed.message, testing::HasSubstr(told));
+        EXPECT_EQ(parsed.message.find('\n'), std::string::npos) << parsed.message;
+    }
+}
+
+TEST(Arguments, EveryCommandHelpsWithAnExampleThatIsRight) {
+    for (const char* command : {"list", "next", "check", "pass", "watch", "add", "set", "enable", "disable",
+                                "remove", "run", "export", "import"}) {
+        const std::string help = Parse({command, "--help"}).message;
+        const std::string example = "Example:\n  scvsched ";
+        const std::size_t at = help.find(example + command);
+        ASSERT_NE(at, std::string::npos) << help;
+        std::string line = help.substr(at + example.size());
+        line.erase(line.find_last_not_of('\n') + 1);
+        EXPECT_TRUE(Parse(Words(line)).arguments) << line << Parse(Words(line)).message;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,115 @@
+#include "core/check/Check.h"
+
+#include <gmock/gmock.h>
+
+#include "core/platform/LocalTime.h"
+#include "core/list/ProfileFile.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "tests/support/FakeFileSystem.h"
+#include "tests/support/FakeShell.h"
+#include "tests/support/LocalZone.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class Check : public testing::Test {
+protected:
+    // The messages about a list of `count` tasks whose sections follow.
+    void ExpectFindings(const std::string& count, const std::string& sections, const Texts& expected) {
+        const std::wstring list = L"C:\\l.ini";
+        CFakeFileSystem files;
+        files.Put(list, "[SCVShchedulerTaskList]\nTaskCount=" + count + "\n" + sections);
+        CSCVShchedulerTaskArray tasks;
+        ASSERT_EQ(tasks.Load(files, list), 1);
+        const auto findings = FindProblems(*ReadProfile(files, list).profile, tasks, shell, now);
+        ASSERT_EQ(findings.size(), expected.size())
+            << sections << (findings.empty() ? "" : findings[0].message);
+        for (std::size_t i = 0; i < expected.size(); ++i) {
+            EXPECT_THAT(findings[i].message, testing::HasSubstr(expected[i])) << sections;
+        }
+    }
+    void ExpectOfTask(const std::string& keys, const Texts& expected) {
+        ExpectFindings("1", kTask + keys, expected);
+    }
+
+    FakeShell shell;
+    std::int64_t now = FromLocalTime(2024, 6, 3, 10, 0, 0);  // a Monday
+    const std::string kTask =
+        "[SCVShchedulerTask1]\nCommandLine='\"C:\\a.scvpr\" -s'\nStartTime=1717000000\n";
+};
+
+TEST_F(Check, WhatWillNotWorkIsFound) {
+    const std::string every = "EnableEvery=1\nEveryValue=2\nEveryUnit=1\n";
+    const auto at = [](int day, int hour) { return std::to_string(FromLocalTime(2024, 6, day, hour, 0, 0)); };
+    const std::pair<std::string, Texts> tasks[] = {
+        {"", {}},
+        {"EnableEvery=1\nEveryValue=15\nUntilTime=" + std::to_string(FromLocalTime(2024, 6, 2, 23, 59, 59)),
+         {}},  // repeats run over into the next day
+        {"UntilTime=4294967295\n", {"until time lies at or past 2038-01-19"}},
+        {"EnableEvery=1\nEveryValue=0\n", {"inactive, as its count is 0"}},
+        {every + "UntilTime=" + at(3, 15) + "\nLastRunTime=" + at(3, 9),
+         {"ends for good today with the run of 2024-06-03 15:00"}},
+        {every + "UntilTime=" + at(3, 15) + "\nLastRunTime=" + at(2, 14), {"has ended for good"}},
+        {"LastRunTime=" + at(4, 9), {"future (2024-06-04 09:00)"}},
+    };
+    for (const auto& [keys, expected] : tasks) {
+        ExpectOfTask(keys, expected);
+    }
+
+    const std::pair<std::string, Texts> commandLines[] = {
+        {R"("C:\a.scvpr" "-at)" + std::string(1100, 'x') + '"', {"of which 1023 are read"}},
+        {R"("C:\it''s.scvpr")", {"apostrophe in the command line"}},
+        {R"("C:\a.scvpr" -aiv"q,1,2,C:\v.txt")", {"comma"}},
+        {R"("C:\a.scvpr" -aiv"q,,C:\v.txt")", {}},
+        {R"("C:\a.scvpr" -at -gt -eft -fr -qe)", {"-at ", "-gt ", "-eft "}},
+        {R"("C:\a.scvpr" -aiv)", {"no file", "neither"}},
+    };
+    for (const auto& [commandLine, expected] : commandLines) {
+        ExpectFindings("1", "[SCVShchedulerTask1]\nCommandLine='" + commandLine + "'\n", expected);
+    }
+
+    ExpectFindings("2", kTask, {"section is missing"});
+    ExpectFindings("2147483647", kTask, {"up to SCVShchedulerTask2147483647 are missing"});
+    ExpectFindings("2", kTask + "[SCVShchedulerTask2]\nCommandLine='\"c:\\A.scvpr\"'\n",
+                   {"listed twice, first in SCVShchedulerTask1"});
+
+    shell.missing.insert(L"C:\\a.scvpr");
+    ExpectOfTask("", {"project file does not exist"});
+    shell.missing = {L"C:\\scrivane.exe"};
+    ExpectOfTask("", {"C:\\scrivane.exe does not exist"});
+    shell.programs.clear();
+    ExpectOfTask("", {"no program is registered"});
+}
+
+#ifndef _WIN32
+TEST_F(Check, ATimeOfDayInAClockChangeIsFound) {
+    const CLocalZone zone("Europe/Berlin");
+    now = FromLocalTime(2026, 1, 5, 0, 0, 0);
+    const struct {
+        int hour, minute;
+        const char* keys;
+        Texts expected;
+    } table[] = {
+        {2,
+         30,
+         "RepeatOnSun=1\n",
+         {"02:30 is skipped in the clock change of 2026-03-29",
+          "02:30 comes twice in the clock change of 2026-10-25"}},
+        {2, 30, "RepeatOnMon=1\n", {}},
+        {3, 0, "RepeatOnSun=1\n", {}},
+        {1, 59, "RepeatOnSun=1\n", {}},
+        {2, 30, "RepeatOnMonthly=1\n", {}},                           // neither is on the first of a month
+        {2, 30, "RepeatOnSun=1\nEnableEvery=1\nEveryValue=1\n", {}},  // begins at midnight
+    };
+    for (const auto& row : table) {
+        ExpectFindings("1",
+                       "[SCVShchedulerTask1]\nCommandLine='\"C:\\a.scvpr\"'\nLastRunTime=1\nStartTime=" +
+                           std::to_string(FromLocalTime(2026, 1, 4, row.hour, row.minute, 0)) + "\n" +
+                           row.keys,
+                       row.expected);
+    }
+}
+#endif
+
+}  // namespace

@@ -1,0 +1,42 @@
+#include "core/launch/SchedulingPass.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "core/platform/LocalTime.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeFileSystem.h"
+#include "tests/support/FakeShell.h"
+#include "tests/support/TaskRules.h"
+
+// Which tasks are launched and saved, and when, the soak sees.
+TEST(SchedulingPass, AnImpossibleDateEndsThePassAndAClockSetBackRepeatsNothing) {
+    const auto june = [](int day, int hour) { return FromLocalTime(2026, 6, day, hour, 0, 0); };
+    CSCVShchedulerTaskArray tasks;
+    for (const Rules& rules :
+         {Rules{.start = june(8, 9)},
+          {.start = june(1, 9), .last = june(7, 9), .days = kDaily},
+          {.start = june(1, 9), .last = june(8, 8), .isEvery = true, .unit = 1, .until = june(1, 23)},
+          {.start = june(1, 9), .last = june(2, 9) - 40 * 86400, .monthly = true},
+          {.start = INT64_MIN, .last = june(1, 9), .days = kMon}}) {
+        SetRules(*tasks[tasks.AddTask(L"C:\\a.scvpr", 0)], rules);
+    }
+    CFakeFileSystem files;
+    FakeShell shell;
+    FakeClock clock(june(15, 9));
+    const CPlatform platform{clock, files, shell};
+    EXPECT_THROW(RunSchedulingPass(tasks, platform, [](const auto&) {}), std::invalid_argument);
+    EXPECT_EQ(shell.starts.size(), 4U) << "those before it, after a week switched off";
+    tasks.RemoveTaskAt(4);
+    for (int minute = -60; minute <= 60; ++minute) {
+        clock.now = june(15, 9) + minute * 60;
+        RunSchedulingPass(tasks, platform, [](const auto&) {});
+        EXPECT_EQ(shell.starts.size(), minute < 60 ? 4U : 5U) << minute;
+    }
+    // A repaint may run code that changes the list.
+    clock.now = june(17, 9);
+    RunSchedulingPass(tasks, platform, [&](const auto&) { tasks.RemoveAllTasks(); });
+    EXPECT_EQ(shell.starts.size(), 6U);
+}

@@ -1,0 +1,89 @@
+#include "core/list/ProfileFile.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "tests/support/FakeFileSystem.h"
+
+namespace {
+
+const std::wstring kPath = L"C:\\lists\\tasks.ini";
+const std::string kOld = "; mine\r\n[a]\r\nk=old\r\n";
+const std::string kNew = "; mine\r\n[a]\r\nk=new\r\n";
+
+void SetNew(CPrivateProfile& profile) {
+    const CPrivateProfile::Entry entry{L"k", L"new"};
+    profile.SetStrings(L"a", {&entry, 1});
+}
+
+// A disk with the old list on it.
+struct Disk : CFakeFileSystem {
+    Disk() { Put(kPath, kOld); }
+    bool Save() { return EditProfile(*this, kPath, SetNew); }
+};
+
+// Whatever went wrong, the list is whole, and the next save works and leaves nothing but the list.
+TEST(ProfileFile, EachCallMayFailOrBeTheLastOneBeforeThePowerGoes) {
+    for (const bool losesPower : {false, true}) {
+        bool isFailing = true;
+        for (int call = 1; isFailing; ++call) {
+            SCOPED_TRACE(testing::Message() << "call " << call << (losesPower ? " and all after it" : ""));
+            Disk disk;
+            disk.FailCalls(call, losesPower ? Disk::kForever : call);
+            const bool saved = disk.Save();
+            isFailing = disk.Calls() >= call;
+            if (losesPower) {
+                disk.RestorePower();
+            } else {
+                EXPECT_EQ(disk.FileCount(), 1U) << "a temporary file is left";
+                EXPECT_TRUE(saved || call != 1) << "the lock is asked for once more";
+            }
+            EXPECT_EQ(disk.Bytes(kPath), saved ? kNew : kOld);
+            EXPECT_TRUE(disk.Save());
+            EXPECT_EQ(disk.Bytes(kPath), kNew);
+            EXPECT_EQ(disk.FileCount(), 1U);
+        }
+    }
+}
+
+TEST(ProfileFile, AHoldOfASecondIsOutlasted) {
+    Disk disk;
+    disk.Hold(kPath, 10);
+    EXPECT_EQ(ReadProfile(disk, kPath).status, IFileSystem::Status::Ok);
+    EXPECT_GE(disk.PausedMilliseconds(), 1000U);
+    disk.Hold(kPath + L".tmp", 10);
+    EXPECT_TRUE(EditProfile(disk, kPath, [&](CPrivateProfile& profile) {
+        SetNew(profile);
+        disk.Hold(kPath, 10);
+    }));
+    EXPECT_EQ(disk.Bytes(kPath), kNew);
+}
+
+TEST(ProfileFile, WhoeverHoldsTheLockSavesAlone) {
+    Disk disk;
+    std::unique_ptr<IFileSystem::IFile> lock;
+    const auto fail = [&](CPrivateProfile& profile) {
+        EXPECT_EQ(disk.CreateLock(kPath + L".lock", lock), IFileSystem::Status::Busy);
+        SetNew(profile);
+        throw std::runtime_error("edit");
+    };
+    EXPECT_THROW((void)EditProfile(disk, kPath, fail), std::runtime_error);
+    ASSERT_EQ(disk.CreateLock(kPath + L".lock", lock), IFileSystem::Status::Ok);
+    EXPECT_FALSE(disk.Save());
+    EXPECT_GE(disk.PausedMilliseconds(), 5000U);
+    EXPECT_EQ(disk.Bytes(kPath), kOld);
+    lock.reset();
+    EXPECT_TRUE(disk.Save());
+}
+
+TEST(ProfileFile, AMissingFileIsMadeAndAnUnchangedOneIsLeftAlone) {
+    CFakeFileSystem files;
+    EXPECT_TRUE(EditProfile(files, kPath, [](CPrivateProfile&) {}));
+    EXPECT_TRUE(EditProfile(files, kPath, SetNew));
+    EXPECT_TRUE(EditProfile(files, kPath, SetNew));
+    EXPECT_EQ(files.Replacements(), 2);
+    EXPECT_FALSE(EditProfile(files, L"", SetNew));
+}
+
+}  // namespace

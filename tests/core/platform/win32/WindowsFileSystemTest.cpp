@@ -1,0 +1,131 @@
+#include "core/platform/win32/WindowsFileSystem.h"
+
+#include <windows.h>
+
+#include <process.h>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <iostream>
+#include <random>
+
+#include "core/list/ProfileFile.h"
+#include "core/list/TaskListFile.h"
+#include "tests/savechild/GenerationList.h"
+#include "tests/support/FakeFileSystem.h"
+#include "tests/support/TemporaryFolder.h"
+#include "util/win32/Handle.h"
+#include "util/win32/ModulePath.h"
+#include "util/Path.h"
+
+namespace {
+
+using Status = IFileSystem::Status;
+using std::chrono::steady_clock;
+
+class WindowsFileSystem : public testing::Test {
+protected:
+    static void SetNew(CPrivateProfile& profile) {
+        const CPrivateProfile::Entry entry{L"k", L"new"};
+        profile.SetStrings(L"a", {&entry, 1});
+    }
+
+    const TemporaryFolder folder;
+    const std::wstring path = folder.File(L"a.ini", "[a]\r\nk=old\r\n");
+    const std::string kNew = "[a]\r\nk=new\r\n";
+    CWindowsFileSystem files;
+    std::string bytes;
+    std::unique_ptr<IFileSystem::IFile> file;
+};
+
+TEST_F(WindowsFileSystem, TellsWhyACallCouldNot) {
+    EXPECT_EQ(files.Read(folder.Path(L"none.ini"), bytes), Status::Missing);
+    EXPECT_EQ(files.CreateLock(folder.Path(L"none\\a.lock"), file), Status::Missing);
+    EXPECT_EQ(files.Read(folder.Path(), bytes), Status::Failed);
+    const std::wstring other = folder.File(L"other.ini", "");
+    for (const DWORD share : {DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE}, DWORD{0}}) {
+        const CFileHandle held(
+            CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr));
+        EXPECT_EQ(files.Read(path, bytes), share != 0 ? Status::Ok : Status::Busy);
+        EXPECT_EQ(files.Replace(other, path), Status::Busy);
+    }
+}
+
+TEST_F(WindowsFileSystem, ASaveReplacesTheFileWholeOrNotAtAllAndLeavesNothingBesideIt) {
+    // What a power cut left behind is no lock, and no obstacle.
+    (void)folder.File(L"a.ini.lock", "");
+    (void)folder.File(L"a.ini.tmp", "half a list that is longer than the new one");
+    EXPECT_TRUE(EditProfile(files, path, [&](CPrivateProfile& profile) {
+        EXPECT_EQ(files.CreateLock(path + L".lock", file), Status::Busy) << "one at a time";
+        SetNew(profile);
+    }));
+    EXPECT_EQ(BytesOf(path), kNew);
+    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_FALSE(EditProfile(files, path, [](CPrivateProfile& profile) { profile.RemoveSection(L"a"); }));
+    EXPECT_EQ(BytesOf(path), kNew);
+    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+}
+
+TEST_F(WindowsFileSystem, PathsMayBeLongerThanWindowsTakesAsTheyStand) {
+    const std::wstring name(200, L'd');
+    const std::wstring deep = folder.Path(name);
+    ASSERT_TRUE(CreateDirectoryW((L"\\\\?\\" + deep).c_str(), nullptr));
+    const std::wstring list = deep + L"/../" + name + L'\\' + std::wstring(99, L'a');
+    EXPECT_TRUE(EditProfile(files, list, SetNew));
+    EXPECT_EQ(files.Read(list, bytes), Status::Ok);
+    EXPECT_EQ(bytes, kNew);
+    files.Remove(list);
+}
+
+// SCV_KILL_ROUNDS asks for another number of rounds than 200.
+TEST_F(WindowsFileSystem, AWholeListIsLeftWhenAProgramIsKilledWhileItSaves) {
+    const wchar_t* const setting = _wgetenv(L"SCV_KILL_ROUNDS");
+    const int rounds = setting != nullptr ? _wtoi(setting) : 200;
+    const std::wstring program = GetFolderPath(GetModulePath()) + L"savechild.exe";
+    std::random_device random;
+    unsigned generation = 0;
+    int interrupted = 0;
+    std::error_code ignored;
+    files.Remove(path);
+    for (int round = 0; round < rounds && !HasFailure(); ++round) {
+        const auto before = std::filesystem::file_size(path, ignored);
+        std::wstring words = L"savechild \"" + path + L"\" " + std::to_wstring(generation + 1);
+        STARTUPINFOW start{};
+        start.cb = sizeof(start);
+        PROCESS_INFORMATION process{};
+        ASSERT_TRUE(CreateProcessW(program.c_str(), words.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
+                                   nullptr, nullptr, &start, &process))
+            << GetLastError();
+        const CKernelHandle child(process.hProcess);
+        const CKernelHandle thread(process.hThread);
+        // It has saved once the file's size has changed; only then is it worth killing.
+        for (int tries = 0; tries < 20'000 && std::filesystem::file_size(path, ignored) == before; ++tries) {
+            Sleep(1);
+        }
+        const auto moment = steady_clock::now() + std::chrono::microseconds(random() % 15'000);
+        while (steady_clock::now() < moment) {
+        }
+        TerminateProcess(child.Get(), 99);
+        WaitForSingleObject(child.Get(), INFINITE);
+        DWORD code = 0;
+        GetExitCodeProcess(child.Get(), &code);
+        EXPECT_EQ(code, 99U) << "it ended by itself";
+        interrupted += std::filesystem::exists(path + L".tmp") ? 1 : 0;
+        // The generation that the list bears has to be there whole.
+        const std::string list = BytesOf(path);
+        const auto found =
+            static_cast<unsigned>(CPrivateProfile(list).GetInt(TaskSectionName(1), L"LastRunResult", 0));
+        EXPECT_GT(found, generation);
+        generation = found;
+        CFakeFileSystem whole;
+        EXPECT_TRUE(SaveGeneration(generation, whole, path));
+        EXPECT_EQ(list, whole.Bytes(path)) << "round " << round;
+    }
+    std::cout << rounds << " kills among " << generation << " saves, " << interrupted
+              << " of them with a temporary file left\n";
+    EXPECT_TRUE(interrupted > 0 || rounds < 100) << "no kill came in the middle of a save";
+}
+
+}  // namespace

@@ -1,0 +1,15 @@
+#include "core/task/NewProject.h"
+
+#include <gtest/gtest.h>
+
+#include "core/task/SCVShchedulerTaskArray.h"
+
+TEST(NewProject, ComesIntoTheListOnceAndWithItsCommands) {
+    CSCVShchedulerTaskArray tasks;
+    for (const wchar_t* path : {L"C:\\a.scvpr", L"c:\\A.SCVPR", L"C:\\b.oslpr"}) {
+        AddProject(tasks, path, 1'772'000'000);
+    }
+    ASSERT_EQ(tasks.GetSize(), 2);
+    EXPECT_EQ(tasks[0]->BuildCommandLine(), L"\"C:\\a.scvpr\" -dt -dr -s -qe -ex");
+    EXPECT_EQ(tasks[1]->m_tStartTime, 1'772'000'300);
+}

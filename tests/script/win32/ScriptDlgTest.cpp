@@ -1,0 +1,374 @@
+#include "script/win32/ScriptDlg.h"
+
+#include <gtest/gtest.h>
+
+#include "script/resource.h"
+#include "tests/support/DialogSteps.h"
+#include "tests/support/FileDialogAnswer.h"
+#include "tests/support/MessageRecorder.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/support/TestApp.h"
+#include "util/win32/ComApartment.h"
+
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+struct TestDialog : CScriptDlg {
+    using CScriptDlg::PreTranslateMessage;
+    [[nodiscard]] std::unique_ptr<IScriptController> CreateController() const override {
+        return hasEngine ? CScriptDlg::CreateController() : nullptr;
+    }
+    bool hasEngine = true;
+};
+
+constexpr wchar_t kQuestion[] = L"The script has been modified. Do you want to save the changes?";
+
+// The editor, hidden, with the machine's own engine.
+class ScriptDlg : public testing::Test {
+protected:
+    void Open(const std::wstring& script, const wchar_t* language = L"") {
+        dialog.DestroyWindow();
+        dialog.m_strScript = script;
+        dialog.m_strLanguage = language;
+        ASSERT_TRUE(dialog.Create(IDD_SCRIPT));
+    }
+    [[nodiscard]] HWND Item(int id) const { return dialog.GetDlgItem(id); }
+    [[nodiscard]] std::wstring Text(int id) const { return dialog.GetDlgItemText(id); }
+    [[nodiscard]] std::wstring Script() const { return Text(IDC_SCRIPT_TEXT); }
+    void Click(int id) const { SendMessageW(Item(id), BM_CLICK, 0, 0); }
+    void Notify(int id, UINT code) const {
+        dialog.SendMessage(WM_COMMAND, MAKEWPARAM(id, code), reinterpret_cast<LPARAM>(Item(id)));
+    }
+    // As a user types: what is there goes, and the box tells of the change.
+    void Type(const std::wstring& text) const {
+        CEdit box(Item(IDC_SCRIPT_TEXT));
+        box.SendMessage(EM_SETSEL, 0, -1);
+        box.ReplaceSel(text, true);
+    }
+    void SetLanguage(int index) const {
+        SendMessageW(Item(IDC_SCRIPT_LANGUAGE), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+        Notify(IDC_SCRIPT_LANGUAGE, CBN_SELCHANGE);
+    }
+    void Select(int list, const wchar_t* item) const {
+        ASSERT_GE(SendMessageW(Item(list), LB_SELECTSTRING, static_cast<WPARAM>(-1),
+                               reinterpret_cast<LPARAM>(item)),
+                  0);
+        Notify(list, LBN_SELCHANGE);
+    }
+    // True when the message was taken.
+    bool Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam = 0) {
+        MSG record{window, message, wParam, lParam, 0, {}};
+        return dialog.PreTranslateMessage(&record) != FALSE;
+    }
+    // Whether Escape asks.
+    bool IsModified() {
+        const MessageRecorder boxes(IDCANCEL);
+        Send(Item(IDC_SCRIPT_TEXT), WM_KEYDOWN, VK_ESCAPE);
+        return !boxes.texts.empty();
+    }
+
+    const CComApartment apartment;
+    TestApp app;
+    TestDialog dialog;
+};
+
+void Press(HWND dialog, int id) {
+    SendDlgItemMessageW(dialog, id, BM_CLICK, 0, 0);
+}
+
+TEST_F(ScriptDlg, OffersWhatTheLanguageHas) {
+    for (const wchar_t* language : {L"VBScript", L"vbscript", L""}) {
+        Open(L"text", language);
+        EXPECT_EQ(Text(IDC_SCRIPT_LANGUAGE), language == std::wstring(L"VBScript") ? language : L"JScript");
+    }
+    const auto counts = [&] {
+        return std::pair(SendMessageW(Item(IDC_SCRIPT_FUNCTIONS), LB_GETCOUNT, 0, 0),
+                         SendMessageW(Item(IDC_SCRIPT_TEMPLATES), LB_GETCOUNT, 0, 0));
+    };
+    const auto enabled = [&] {
+        return std::pair(IsWindowEnabled(Item(IDC_SCRIPT_INSERT)),
+                         IsWindowEnabled(Item(IDC_SCRIPT_NEW_FROM_TEMPLATE)));
+    };
+    EXPECT_EQ(counts(), std::pair(LRESULT{220}, LRESULT{14}));
+    EXPECT_EQ(enabled(), std::pair(FALSE, FALSE));
+    Select(IDC_SCRIPT_FUNCTIONS, L"charAt");
+    Select(IDC_SCRIPT_TEMPLATES, L"Left_String");
+    EXPECT_EQ(enabled(), std::pair(TRUE, TRUE));
+    SetLanguage(1);
+    EXPECT_EQ(counts(), std::pair(LRESULT{128}, LRESULT{18}));
+    EXPECT_EQ(enabled(), std::pair(FALSE, FALSE));
+    EXPECT_EQ(Script(), L"text");
+    EXPECT_FALSE(IsModified()) << "what it opened with is no change";
+}
+
+TEST_F(ScriptDlg, InsertsAFunctionAtTheSelection) {
+    Open(L"a\r\nbcd\r\ne", L"VBScript");
+    Notify(IDC_SCRIPT_FUNCTIONS, LBN_DBLCLK);
+    EXPECT_EQ(Script(), L"a\r\nbcd\r\ne") << "none selected";
+    CEdit box(Item(IDC_SCRIPT_TEXT));
+    box.SetSel(4, 5);
+    Select(IDC_SCRIPT_FUNCTIONS, L"Abs(");
+    Click(IDC_SCRIPT_INSERT);
+    const std::wstring entry = L"Abs( <<number>> )";
+    EXPECT_EQ(Script(), L"a\r\nb" + entry + L"d\r\ne");
+    EXPECT_EQ(box.GetSel(), std::pair(4UL + 17, 4UL + 17));
+    EXPECT_EQ(Text(IDC_SCRIPT_CARET), L"Ln 2, Col 19");
+    EXPECT_TRUE(IsModified());
+}
+
+TEST_F(ScriptDlg, TellsWhereTheCaretIs) {
+    Open(L"one\r\n\ttwo\r\nthree");
+    dialog.ShowWindow(SW_SHOW);
+    CEdit box(Item(IDC_SCRIPT_TEXT));
+    box.SetFocus();
+    const struct {
+        DWORD start, end;
+        const wchar_t* text;
+    } cases[] = {{3, 3, L"Ln 1, Col 3"},
+                 {16, 16, L"Ln 3, Col 6"},
+                 {6, 1, L"Ln 1, Col 2"}};  // selected backwards: the caret's line, the selection's end
+    for (const auto& item : cases) {
+        box.SetSel(item.start, item.end);
+        Send(box.m_hWnd, WM_KEYDOWN, VK_SHIFT);
+        EXPECT_EQ(Text(IDC_SCRIPT_CARET), item.text);
+    }
+    const LRESULT point = box.SendMessage(EM_POSFROMCHAR, 12);
+    EXPECT_TRUE(Send(box.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, point));
+    EXPECT_EQ(Text(IDC_SCRIPT_CARET), L"Ln 3, Col 2") << "a click counts when it has been processed";
+    box.SendMessage(WM_LBUTTONUP, 0, point);
+    Type(std::wstring(200, L'\n'));
+    box.SendMessage(EM_LINESCROLL, 0, -200);
+    Send(box.m_hWnd, WM_KEYDOWN, VK_SHIFT);
+    EXPECT_EQ(Text(IDC_SCRIPT_CARET), L"Ln 201, Col 1") << "scrolled out of sight";
+}
+
+TEST_F(ScriptDlg, KeysOfItsOwn) {
+    Open(L"ab");
+    CEdit box(Item(IDC_SCRIPT_TEXT));
+    box.SetSel(1, 2);
+    EXPECT_TRUE(Send(box.m_hWnd, WM_KEYDOWN, VK_TAB));
+    EXPECT_EQ(Script(), L"a\t");
+    box.SendMessage(EM_UNDO);
+    const auto sendWith = [&](int modifier, WPARAM key) {
+        BYTE keys[256] = {};
+        keys[modifier] = 0x80;
+        SetKeyboardState(keys);
+        Send(box.m_hWnd, WM_KEYDOWN, key);
+        keys[modifier] = 0;
+        SetKeyboardState(keys);
+    };
+    sendWith(VK_SHIFT, VK_TAB);
+    EXPECT_EQ(Script(), L"ab") << "backwards it leaves the box";
+    box.SetSel(1, 1);
+    SetFocus(Item(IDC_SCRIPT_TEST_TEXT));
+    dialog.SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(box.m_hWnd), TRUE);
+    EXPECT_EQ(box.GetSel(), std::pair(1UL, 1UL)) << "reached by Tab, it is not all selected for the next one";
+    sendWith(VK_CONTROL, 'A');
+    EXPECT_EQ(box.GetSel(), std::pair(0UL, 2UL));
+    EXPECT_EQ(Text(IDC_SCRIPT_CARET), L"Ln 1, Col 2");
+
+    const std::pair<int, int> enters[] = {{IDC_SCRIPT_FUNCTIONS, IDC_SCRIPT_INSERT},
+                                          {IDC_SCRIPT_TEMPLATES, 2101}};  // which nobody handles
+    for (const auto& [list, command] : enters) {
+        EXPECT_TRUE(Send(Item(list), WM_KEYDOWN, VK_RETURN));
+        MSG message{};
+        EXPECT_TRUE(PeekMessageW(&message, dialog.m_hWnd, WM_COMMAND, WM_COMMAND, PM_REMOVE));
+        EXPECT_EQ(LOWORD(message.wParam), command);
+    }
+}
+
+TEST_F(ScriptDlg, EscapeAsksForChanges) {
+    const struct {
+        const wchar_t* typed;
+        int answer;
+        INT_PTR result;
+    } cases[] = {{nullptr, IDCANCEL, IDCANCEL}, {L"1", IDYES, IDOK}, {L"1", IDNO, IDCANCEL}};
+    for (const auto& item : cases) {
+        const MessageRecorder boxes(item.answer);
+        const DialogSteps steps({[&](HWND) {
+            if (item.typed != nullptr) {
+                Type(item.typed);
+            }
+            PostMessageW(Item(IDC_SCRIPT_TEST_TEXT), WM_KEYDOWN, VK_ESCAPE, 0);
+        }});
+        EXPECT_EQ(dialog.DoModal(L"old"), item.result);
+        EXPECT_EQ(boxes.texts, item.typed != nullptr ? Texts{kQuestion} : Texts{});
+        EXPECT_EQ(dialog.m_strScript, item.result == IDOK ? L"1" : L"old");
+    }
+}
+
+TEST_F(ScriptDlg, TemplatesMakeScripts) {
+    Open(L" \r\n ");
+    SetDlgItemTextW(dialog.m_hWnd, IDC_SCRIPT_TEST_TEXT, L"xabcy");
+    Click(IDC_SCRIPT_ADD_TEMPLATE);
+    EXPECT_EQ(Script(), L" \r\n ") << "no template selected";
+    Select(IDC_SCRIPT_TEMPLATES, L"Left_String");
+    const auto doubleClick = [&](int button) {
+        const DialogSteps steps({[&](HWND function) {
+            EXPECT_EQ(CWnd(function).GetDlgItemText(IDC_FUNCTION_NAME), L"Left_String");
+            SetDlgItemTextW(function, IDC_FUNCTION_PARAM_1, L"abc");
+            Press(function, button);
+        }});
+        Notify(IDC_SCRIPT_TEMPLATES, LBN_DBLCLK);
+    };
+    doubleClick(IDCANCEL);
+    EXPECT_EQ(Script(), L" \r\n ");
+    doubleClick(IDOK);
+    EXPECT_TRUE(Script().starts_with(L"\r\nfunction Main ( text, url ) {"));
+    EXPECT_EQ(Text(IDC_SCRIPT_TEST_RESULT), L"xabc");
+    EXPECT_FALSE(IsModified());
+    doubleClick(IDOK);
+    EXPECT_NE(Script().find(L"return Main2 ( result, url ) "), std::wstring::npos)
+        << "the second one is added";
+
+    // Only what replaces the script asks first; Yes goes on also when saving is cancelled.
+    const struct {
+        int button, answer;
+        bool asks, saves, goesOn, staysModified;
+    } cases[] = {{IDC_SCRIPT_NEW, IDYES, true, true, true, false},
+                 {IDC_SCRIPT_NEW, IDNO, true, false, true, false},
+                 {IDC_SCRIPT_NEW, IDCANCEL, true, false, false, true},
+                 {IDC_SCRIPT_NEW_FROM_TEMPLATE, IDYES, true, true, true, false},
+                 {IDC_SCRIPT_NEW_FROM_TEMPLATE, IDCANCEL, true, false, false, true},
+                 {IDC_SCRIPT_ADD_TEMPLATE, IDCANCEL, false, false, true, false}};
+    for (const auto& item : cases) {
+        SCOPED_TRACE(testing::Message() << item.button << ", answer " << item.answer);
+        Type(L"// typed");
+        const DialogSteps steps({[](HWND function) { Press(function, IDOK); }});
+        {
+            const MessageRecorder boxes(item.answer);
+            const FileDialogAnswer save(std::nullopt);
+            Click(item.button);
+            EXPECT_EQ(std::ranges::count(boxes.texts, kQuestion), item.asks ? 1 : 0);
+            EXPECT_EQ(save.count, item.saves ? 1 : 0);
+        }
+        EXPECT_EQ(Script() != L"// typed", item.goesOn);
+        EXPECT_EQ(IsModified(), item.staysModified);
+    }
+    SetLanguage(1);
+    Click(IDC_SCRIPT_NEW);
+    EXPECT_TRUE(Script().starts_with(L"\r\nFunction Main ( text, url )\r\n"));
+    EXPECT_FALSE(IsModified());
+}
+
+// Refused scripts raise, which the run under a debugger cannot do with: a suite of its own.
+using ScriptDlgRefusing = ScriptDlg;
+
+TEST_F(ScriptDlgRefusing, ParseIsContentWithEveryEngine) {
+    Open(L"function Main() {}");
+    const struct {
+        const wchar_t* script;
+        bool hasEngine, isRefused;
+    } cases[] = {{L"function Main() {}", true, false}, {L"(", true, true}, {L"code", false, false}};
+    for (const auto& item : cases) {
+        Type(item.script);
+        dialog.hasEngine = item.hasEngine;
+        MessageRecorder boxes;
+        Click(IDC_SCRIPT_PARSE);
+        EXPECT_EQ(std::ranges::count(boxes.texts, L"The script parsed successfully"), item.hasEngine ? 1 : 0);
+        EXPECT_EQ(boxes.texts.size(), (item.hasEngine ? 1U : 0U) + (item.isRefused ? 1U : 0U));
+        boxes.texts.clear();
+        dialog.m_strScript = dialog.m_strLanguage = L"before";
+        Click(IDOK);
+        EXPECT_EQ(dialog.m_strScript, item.hasEngine ? item.script : L"before");
+        EXPECT_EQ(dialog.m_strLanguage, L"JScript");
+        EXPECT_EQ(boxes.texts.size(), item.isRefused ? 1U : 0U) << "OK says nothing of its own";
+    }
+}
+
+TEST_F(ScriptDlgRefusing, RunTestShowsTheResultsOfMain) {
+    Open(L"");
+    SetDlgItemTextW(dialog.m_hWnd, IDC_SCRIPT_TEST_TEXT, L"sample");
+    const struct {
+        int language;
+        const wchar_t* script;
+        const wchar_t* shown;
+        std::size_t boxes;
+    } cases[] = {
+        {0, L"function Main(text, url) { return text + '|' + url; }", L"sample|", 0},
+        {0, L"function Main(text) { return arguments.length; }", L"1", 0},
+        {1, L"Function Main(text)\nMain = Array(text, \"\", 2)\nEnd Function", L"sample\r\n2", 0},
+        {0, L"function Main(text) { throw 1; }", L"", 1},
+        {0, L"(", L"", 2},  // the code is refused, and runs all the same
+    };
+    for (const auto& item : cases) {
+        SetLanguage(item.language);
+        Type(item.script);
+        const MessageRecorder boxes;
+        Click(IDC_SCRIPT_TEST_RUN);
+        EXPECT_EQ(Text(IDC_SCRIPT_TEST_RESULT), item.shown);
+        EXPECT_EQ(boxes.texts.size(), item.boxes);
+    }
+    dialog.hasEngine = false;
+    SetDlgItemTextW(dialog.m_hWnd, IDC_SCRIPT_TEST_RESULT, L"kept");
+    Click(IDC_SCRIPT_TEST_RUN);
+    EXPECT_EQ(Text(IDC_SCRIPT_TEST_RESULT), L"kept") << "no engine";
+}
+
+TEST_F(ScriptDlg, LoadsAndSavesFiles) {
+    const TemporaryFolder folder;
+    Open(L"text");
+    const std::pair<int, std::wstring> extensions[] = {{0, L"js"}, {1, L"vbs"}, {-1, L""}};
+    for (const auto& [language, extension] : extensions) {
+        SetLanguage(language);
+        Type(L"\u00E4 saved");
+        {
+            const FileDialogAnswer save(folder.Path(L"s.js"));
+            Click(IDC_SCRIPT_SAVE);
+            EXPECT_FALSE(save.open);
+            EXPECT_EQ(save.extension, extension);
+            EXPECT_TRUE(save.flags & OFN_OVERWRITEPROMPT);
+        }
+        EXPECT_FALSE(IsModified());
+        Type(L"other");
+        {
+            const FileDialogAnswer cancel(std::nullopt);
+            Click(IDC_SCRIPT_SAVE);
+            Click(IDC_SCRIPT_LOAD);
+        }
+        EXPECT_EQ(Script(), L"other");
+        EXPECT_TRUE(IsModified());
+        const FileDialogAnswer load(folder.Path(L"s.js"));
+        Click(IDC_SCRIPT_LOAD);
+        EXPECT_TRUE(load.open);
+        EXPECT_EQ(load.extension, extension);
+        EXPECT_EQ(Script(), L"\u00E4 saved") << "loading does not ask";
+        EXPECT_FALSE(IsModified());
+    }
+}
+
+TEST_F(ScriptDlg, LongScriptsOpenAndRunAndEndAtTheLimit) {
+    std::wstring script = L"function Main ( text, url ) { return text; }\r\n//";
+    script.resize(CScriptDlg::kMaxScriptLength, L'x');
+    Open(script);
+    SetDlgItemTextW(dialog.m_hWnd, IDC_SCRIPT_TEST_TEXT, L"x");
+    Click(IDC_SCRIPT_TEST_RUN);
+    EXPECT_EQ(Text(IDC_SCRIPT_TEST_RESULT), L"x");
+    dialog.DestroyWindow();
+    const MessageRecorder boxes;
+    const DialogSteps steps({[&](HWND window) {
+        // What is typed ends at the limit; a file can bring more.
+        Type(script + L"/");
+        EXPECT_EQ(Script(), script);
+        SetDlgItemTextW(window, IDC_SCRIPT_TEXT, (script + L"/").c_str());
+        Press(window, IDOK);
+        EXPECT_EQ(CEdit(Item(IDC_SCRIPT_TEXT)).GetSel(), std::pair(0UL, 32'769UL));
+        Press(window, IDCANCEL);
+    }});
+    EXPECT_EQ(dialog.DoModal(L""), IDCANCEL);
+    EXPECT_EQ(boxes.texts, Texts{L"Enter no more than 32768 characters."});
+}
+
+TEST_F(ScriptDlg, KeepsItsPlaceOnTheScreen) {
+    for (const int right : {GetSystemMetrics(SM_CXSCREEN) - 100, 1100}) {
+        Open(L"");
+        dialog.ShowWindow(SW_SHOW);
+        const RECT place = dialog.GetWindowRect();
+        EXPECT_EQ(place.left, 100);
+        EXPECT_EQ(place.right, right);
+        SetWindowPos(dialog.m_hWnd, nullptr, 0, 0, 1000, place.bottom - place.top, SWP_NOMOVE | SWP_NOZORDER);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,209 @@
+#include "ui/win32/ProjectList.h"
+
+#include <algorithm>
+
+#include "ui/model/CellText.h"
+#include "ui/model/RowOrder.h"
+#include "ui/model/RowSelection.h"
+
+namespace {
+
+constexpr UINT kUnchecked = INDEXTOSTATEIMAGEMASK(1);
+constexpr UINT kChecked = INDEXTOSTATEIMAGEMASK(2);
+
+int CALLBACK CompareRows(LPARAM left, LPARAM right, LPARAM order) {
+    return reinterpret_cast<const CRowOrder*>(order)->Compare(
+        reinterpret_cast<const CSCVShchedulerTask*>(left),
+        reinterpret_cast<const CSCVShchedulerTask*>(right));
+}
+
+int ScreenResolution() {
+    const HDC screen = GetDC(nullptr);
+    const int resolution = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return resolution;
+}
+
+}  // namespace
+
+void CProjectList::Initialise(CImageListHandle sortMarks) {
+    SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT);
+    const int resolution = ScreenResolution();
+    int index = 0;
+    for (const stProjectColumn& column : kProjectColumns) {
+        std::wstring header = column.header;
+        LVCOLUMNW record{};
+        record.mask = LVCF_FMT | LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+        record.fmt = LVCFMT_LEFT;
+        record.cx = MulDiv(column.width, resolution, USER_DEFAULT_SCREEN_DPI);
+        record.pszText = header.data();
+        record.iSubItem = index;
+        SendMessage(LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&record));
+        ++index;
+    }
+    m_sortMarks = std::move(sortMarks);
+    if (m_sortMarks) {
+        ::SendMessageW(Header(), HDM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(m_sortMarks.Get()));
+    }
+}
+
+void CProjectList::Fill() {
+    m_bFilling = true;
+    SendMessage(WM_SETREDRAW, FALSE);
+    SendMessage(LVM_DELETEALLITEMS);
+    const auto count = static_cast<int>(m_tasks.GetSize());
+    SendMessage(LVM_SETITEMCOUNT, static_cast<WPARAM>(count));
+    for (int row = 0; row < count; ++row) {
+        const CSCVShchedulerTask* task = m_tasks[row];
+        LVITEMW item{};
+        item.mask = LVIF_TEXT | LVIF_PARAM;
+        item.iItem = row;
+        item.pszText = LPSTR_TEXTCALLBACKW;
+        item.lParam = reinterpret_cast<LPARAM>(task);
+        SendMessage(LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        for (int column = 1; column < static_cast<int>(kProjectColumns.size()); ++column) {
+            LVITEMW cell{};
+            cell.iSubItem = column;
+            cell.pszText = LPSTR_TEXTCALLBACKW;
+            SendMessage(LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&cell));
+        }
+        // Not with the insertion: a list view with check boxes sets that part of the state itself then.
+        if (task->m_bEnable != 0) {
+            SetItemState(row, kChecked, LVIS_STATEIMAGEMASK);
+        }
+    }
+    SendMessage(WM_SETREDRAW, TRUE);
+    m_bFilling = false;
+}
+
+void CProjectList::Sort(int column, bool ascending, int previous) {
+    if (previous != column) {
+        SetMark(previous, false, false);
+    }
+    SetMark(column, true, ascending);
+    const CRowOrder order(m_tasks, column, ascending, m_clock.Now());
+    SendMessage(LVM_SORTITEMS, reinterpret_cast<WPARAM>(&order), reinterpret_cast<LPARAM>(&CompareRows));
+}
+
+void CProjectList::SetMark(int column, bool show, bool ascending) const {
+    if (column < 0) {
+        return;
+    }
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    item.fmt = HDF_LEFT | HDF_STRING;
+    if (show && m_sortMarks) {
+        item.mask |= HDI_IMAGE;
+        item.fmt |= HDF_IMAGE | HDF_BITMAP_ON_RIGHT;
+        item.iImage = ascending ? 0 : 1;
+    }
+    ::SendMessageW(Header(), HDM_SETITEMW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&item));
+}
+
+HWND CProjectList::Header() const {
+    return reinterpret_cast<HWND>(SendMessage(LVM_GETHEADER));
+}
+
+CSCVShchedulerTask* CProjectList::TaskOfRow(int row) const {
+    LVITEMW item{};
+    item.mask = LVIF_PARAM;
+    item.iItem = row;
+    return row >= 0 && SendMessage(LVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item)) != 0
+               ? reinterpret_cast<CSCVShchedulerTask*>(item.lParam)
+               : nullptr;
+}
+
+int CProjectList::RowCount() const {
+    return static_cast<int>(SendMessage(LVM_GETITEMCOUNT));
+}
+
+int CProjectList::FindRowByPath(std::wstring_view projectPath) const {
+    return static_cast<int>(::FindRowByPath(
+        RowCount(), [this](std::ptrdiff_t row) { return TaskOfRow(static_cast<int>(row)); }, projectPath));
+}
+
+int CProjectList::FindRowOf(const CSCVShchedulerTask& task) const {
+    LVFINDINFOW what{};
+    what.flags = LVFI_PARAM;
+    what.lParam = reinterpret_cast<LPARAM>(&task);
+    return static_cast<int>(
+        SendMessage(LVM_FINDITEMW, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&what)));
+}
+
+int CProjectList::RowAt(POINT point) const {
+    LVHITTESTINFO test{};
+    test.pt = point;
+    return static_cast<int>(SendMessage(LVM_HITTEST, 0, reinterpret_cast<LPARAM>(&test)));
+}
+
+bool CProjectList::HasSelection() const {
+    return SendMessage(LVM_GETSELECTEDCOUNT) != 0;
+}
+
+int CProjectList::NextSelected(int row) const {
+    return static_cast<int>(SendMessage(LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED));
+}
+
+std::vector<int> CProjectList::SelectedRows() const {
+    std::vector<int> rows;
+    for (int row = NextSelected(-1); row >= 0; row = NextSelected(row)) {
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+std::vector<CSCVShchedulerTask*> CProjectList::SelectedTasks() const {
+    std::vector<CSCVShchedulerTask*> tasks;
+    for (const int row : SelectedRows()) {
+        tasks.push_back(TaskOfRow(row));
+    }
+    return tasks;
+}
+
+CSCVShchedulerTask* CProjectList::FirstSelectedTask() const {
+    return TaskOfRow(NextSelected(-1));
+}
+
+void CProjectList::Select(int row) const {
+    if (row >= 0) {
+        SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        SendMessage(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+    }
+}
+
+void CProjectList::ClearSelection() const {
+    SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
+}
+
+void CProjectList::SetItemState(int row, UINT state, UINT mask) const {
+    LVITEMW item{};
+    item.state = state;
+    item.stateMask = mask;
+    SendMessage(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+void CProjectList::OnGetDispInfo(NMLVDISPINFOW& request) const {
+    LVITEMW& item = request.item;
+    const auto* task = reinterpret_cast<const CSCVShchedulerTask*>(item.lParam);
+    if ((item.mask & LVIF_TEXT) == 0 || task == nullptr || item.cchTextMax <= 0) {
+        return;
+    }
+    const std::wstring text = CellText(*task, item.iSubItem, m_clock.Now());
+    const std::size_t length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
+    *std::copy_n(text.begin(), length, item.pszText) = L'\0';
+}
+
+void CProjectList::OnItemChanged(const NMLISTVIEW& change) const {
+    const UINT before = change.uOldState & LVIS_STATEIMAGEMASK;
+    const UINT after = change.uNewState & LVIS_STATEIMAGEMASK;
+    CSCVShchedulerTask* task = TaskOfRow(change.iItem);
+    const bool checks = before == kUnchecked && after == kChecked;
+    if (task == nullptr || (!checks && (before != kChecked || after != kUnchecked))) {
+        return;
+    }
+    // Another value than 0 or 1 may come from a file; it stays when the box does not change it.
+    if (checks != (task->m_bEnable != 0)) {
+        task->m_bEnable = checks ? 1 : 0;
+    }
+    Invalidate();
+}

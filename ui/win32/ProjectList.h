@@ -1,0 +1,68 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string_view>
+#include <vector>
+
+#include "core/platform/Clock.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "framework/GuiHandle.h"
+#include "framework/Wnd.h"
+
+// The list view of the projects: one row for each task. Rows refer to tasks and own nothing; texts are worked
+// out when the list view draws, so that a repaint shows the tasks as they are now. After every change of the
+// array's members, and before the next message, the list has to be filled again.
+class CProjectList : public CWnd {
+public:
+    // Neither is owned.
+    CProjectList(const CSCVShchedulerTaskArray& tasks, const IClock& clock) noexcept
+        : m_tasks(tasks), m_clock(clock) {}
+
+    // Sets up styles and columns; the control is bound by then. Without marks the headers show text only.
+    void Initialise(CImageListHandle sortMarks);
+    // One unselected row for each task, in array order. True while that goes on: what the list view reports
+    // meanwhile is no change by the user.
+    void Fill();
+    [[nodiscard]] bool IsFilling() const noexcept { return m_bFilling; }
+    // Marks the column's header, takes the mark from that of `previous`, and sorts. -1 is no column.
+    void Sort(int column, bool ascending, int previous);
+
+    // Null for a row that there is not.
+    [[nodiscard]] CSCVShchedulerTask* TaskOfRow(int row) const;
+    [[nodiscard]] int RowCount() const;
+    // -1 when there is none.
+    [[nodiscard]] int FindRowByPath(std::wstring_view projectPath) const;
+    [[nodiscard]] int FindRowOf(const CSCVShchedulerTask& task) const;
+    // The row under a point of the list's client area, -1 for none.
+    [[nodiscard]] int RowAt(POINT point) const;
+
+    [[nodiscard]] bool HasSelection() const;
+    // In row order.
+    [[nodiscard]] std::vector<int> SelectedRows() const;
+    [[nodiscard]] std::vector<CSCVShchedulerTask*> SelectedTasks() const;
+    // Of the first selected row, null without a selection.
+    [[nodiscard]] CSCVShchedulerTask* FirstSelectedTask() const;
+    // Selects and focuses the row and scrolls to it; what is selected stays so. Nothing for a row that there
+    // is not.
+    void Select(int row) const;
+    void ClearSelection() const;
+
+    // Answers the list view's request for what a row shows.
+    void OnGetDispInfo(NMLVDISPINFOW& request) const;
+    // Takes a change of a row's check box over into its task.
+    void OnItemChanged(const NMLISTVIEW& change) const;
+
+private:
+    [[nodiscard]] int NextSelected(int row) const;
+    void SetItemState(int row, UINT state, UINT mask) const;
+    void SetMark(int column, bool show, bool ascending) const;
+    [[nodiscard]] HWND Header() const;
+
+    const CSCVShchedulerTaskArray& m_tasks;
+    const IClock& m_clock;
+    CImageListHandle m_sortMarks;
+    bool m_bFilling = false;
+};
