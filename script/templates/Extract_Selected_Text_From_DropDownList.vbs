@@ -110,75 +110,8 @@ Function Extract_Selected_Text_From_DropDownList_Has ( attributes , name )
 
 End Function
 
-' The text with each entity replaced by its character.
-Function Extract_Selected_Text_From_DropDownList_Decode ( text )
+{{INCLUDE Decode.vbs}}
 
-	Dim chunk, position, match, entities
+{{INCLUDE Entity.vbs}}
 
-	Set entities = New RegExp
-	entities.Pattern = "&(?:#\d{1,7}|#x[0-9a-f]{1,6}|amp|lt|gt|quot|apos|nbsp);"
-	entities.Global = True
-	entities.IgnoreCase = True
-
-	Extract_Selected_Text_From_DropDownList_Decode = ""
-	chunk = ""
-	position = 1
-	For Each match In entities.Execute(text)
-		chunk = chunk & Mid(text, position, match.FirstIndex + 1 - position) & Extract_Selected_Text_From_DropDownList_Entity(match.Value)
-		position = match.FirstIndex + match.Length + 1
-		If Len(chunk) > 4000 Then
-			Extract_Selected_Text_From_DropDownList_Decode = Extract_Selected_Text_From_DropDownList_Decode & chunk
-			chunk = ""
-		End If
-	Next
-	Extract_Selected_Text_From_DropDownList_Decode = Extract_Selected_Text_From_DropDownList_Decode & chunk & Mid(text, position)
-
-End Function
-
-' The character that an entity stands for; other names than these, and what the engine cannot write, stay as they are.
-Function Extract_Selected_Text_From_DropDownList_Entity ( entity )
-
-	Dim number
-
-	Select Case LCase(entity)
-		Case "&amp;"
-			Extract_Selected_Text_From_DropDownList_Entity = "&"
-		Case "&lt;"
-			Extract_Selected_Text_From_DropDownList_Entity = "<"
-		Case "&gt;"
-			Extract_Selected_Text_From_DropDownList_Entity = ">"
-		Case "&quot;"
-			Extract_Selected_Text_From_DropDownList_Entity = """"
-		Case "&apos;"
-			Extract_Selected_Text_From_DropDownList_Entity = "'"
-		Case "&nbsp;"
-			Extract_Selected_Text_From_DropDownList_Entity = " "
-		Case Else
-			If LCase(Mid(entity, 3, 1)) = "x" Then
-				' In two parts, for &HFFFF would be -1.
-				number = Right("00000" & Mid(entity, 4, Len(entity) - 4), 6)
-				number = CLng("&H" & Left(number, 4)) * 256 + CLng("&H" & Right(number, 2))
-			Else
-				number = CLng(Mid(entity, 3, Len(entity) - 3))
-			End If
-			Extract_Selected_Text_From_DropDownList_Entity = Extract_Selected_Text_From_DropDownList_Character(number, entity)
-	End Select
-
-End Function
-
-' The character of that number, or the given text when there is none or the engine lacks ChrW.
-Function Extract_Selected_Text_From_DropDownList_Character ( number , otherwise )
-
-	Extract_Selected_Text_From_DropDownList_Character = otherwise
-	If number < 1 Or number > 1114111 Or (number >= 55296 And number <= 57343) Then Exit Function
-
-	On Error Resume Next
-	If number < 128 Then
-		Extract_Selected_Text_From_DropDownList_Character = Chr(number)
-	ElseIf number < 65536 Then
-		Extract_Selected_Text_From_DropDownList_Character = ChrW(number)
-	Else
-		Extract_Selected_Text_From_DropDownList_Character = ChrW(55296 + (number - 65536) \ 1024) & ChrW(56320 + (number - 65536) Mod 1024)
-	End If
-
-End Function
+{{INCLUDE Character.vbs}}
