@@ -26,7 +26,14 @@ bool Ask(bool open, OPENFILENAMEW& record) {
     return ask(&record) != 0;
 }
 
-// A single path, or a folder and the names in it; the buffer ends with an empty text.
+// The answer of a dialog for one file: a path that ends with one zero. Behind it the rest of what the buffer
+// held before still stands.
+std::vector<std::wstring> ReadPath(const wchar_t* buffer) {
+    return {buffer};
+}
+
+// The answer of a dialog for several files: a single path, or a folder and the names in it. The list ends
+// with an empty text.
 std::vector<std::wstring> ReadPaths(const wchar_t* buffer) {
     std::vector<std::wstring> paths;
     for (const wchar_t* text = buffer; *text != L'\0'; text += paths.back().size() + 1) {
@@ -79,6 +86,6 @@ INT_PTR CFileDialog::DoModal() {
     if (!Ask(m_open, record)) {
         return IDCANCEL;
     }
-    m_paths = ReadPaths(buffer.data());
+    m_paths = (m_flags & OFN_ALLOWMULTISELECT) != 0 ? ReadPaths(buffer.data()) : ReadPath(buffer.data());
     return IDOK;
 }

@@ -49,7 +49,10 @@ public:
     }
     [[nodiscard]] Status Read(const std::wstring& path, std::string& bytes) override {
         const Status status = Answer(path);
-        bytes = Has(path) ? Bytes(path) : "";
+        // A file that cannot be opened leaves the caller's bytes alone; one that fails midway has given half.
+        if (status != Status::Busy && Has(path)) {
+            bytes = Bytes(path).substr(0, status == Status::Ok ? std::string::npos : Bytes(path).size() / 2);
+        }
         return Has(path) || status == Status::Failed ? status : Status::Missing;
     }
     [[nodiscard]] Status CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override {

@@ -19,7 +19,9 @@ public:
     std::function<void()> whileOpening = [] {};
 
     [[nodiscard]] bool FileExists(const std::wstring& path) override { return !missing.contains(path); }
-    [[nodiscard]] bool CanOpenForWriting(const std::wstring& path) override { return !held.contains(path); }
+    [[nodiscard]] bool CanOpenForWriting(const std::wstring& path) override {
+        return !held.contains(path) && !missing.contains(path);
+    }
     [[nodiscard]] std::wstring RegisteredProgram(const std::wstring& key) override {
         return programs.contains(key) ? programs[key] : L"";
     }

@@ -6,8 +6,10 @@
 
 #include "framework/FileDialog.h"
 
-// Answers every file dialog at once while it lives, with the raw contents of its file buffer or, without any,
-// with a cancel; and keeps what the dialog was asked for.
+// Answers every file dialog at once while it lives, or cancels it when there is no answer; and keeps what the
+// dialog was asked for. It leaves in the file buffer what the system's dialog leaves there: a multiple
+// selection (a folder and names, separated by zeros) ends with two zeros, a single path with one, and behind
+// that the buffer keeps the text with which the dialog was opened.
 class FileDialogAnswer {
 public:
     explicit FileDialogAnswer(const std::optional<std::wstring>& answer)
@@ -22,9 +24,10 @@ public:
                    text += std::wcslen(text) + 1) {
                   filter += std::wstring(text) + L'|';
               }
-              const bool fits = answer && answer->size() + 2 <= record.nMaxFile;
+              const std::size_t zeros = (record.Flags & OFN_ALLOWMULTISELECT) != 0 ? 2 : 1;
+              const bool fits = answer && answer->size() + zeros <= record.nMaxFile;
               if (fits) {
-                  std::fill_n(std::copy(answer->begin(), answer->end(), record.lpstrFile), 2, L'\0');
+                  std::fill_n(std::copy(answer->begin(), answer->end(), record.lpstrFile), zeros, L'\0');
               }
               return fits;
           })) {}

@@ -145,9 +145,9 @@ TEST_F(ProjectList, EditRunAndResetActOnTheFirstSelectedRow) {
         EXPECT_EQ(Selected().size(), 3U) << "the row of the project that is listed already, as well";
     }
     Select({1});
-    const FileDialogAnswer answer(L"C:\\new.scvpr");
+    const FileDialogAnswer answer(L"C:\\n.p");
     Click(IDC_EDIT_PROJECT);
-    EXPECT_EQ(Rows(), (Texts{L"a.scvpr", L"new.scvpr", L"c.scvpr"}));
+    EXPECT_EQ(Rows(), (Texts{L"a.scvpr", L"n.p", L"c.scvpr"}));
     Select({});
     for (const int id : {IDC_EDIT_PROJECT, IDC_RUN_PROJECT, IDC_RESET_LAST_RUN}) {
         dialog->SendMessage(WM_COMMAND, static_cast<WPARAM>(id));
