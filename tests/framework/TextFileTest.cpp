@@ -85,6 +85,21 @@ TEST_F(TextFile, AFileThatDoesNotOpenIsAskedForUntilTheUserCancels) {
     EXPECT_EQ(BytesOf(held), "oldnew") << "a retry adds as the first try would have";
 }
 
+TEST_F(TextFile, OnlyRetryTriesAgain) {
+    // Of a box that goes with the program's window the system returns none of its buttons.
+    MessageRecorder gone(0);
+    gone.whileOpen = [&] {
+        if (gone.texts.size() > 2) {
+            throw std::runtime_error("asked for ever");
+        }
+    };
+    const std::wstring held = m_folder.File(L"held", "old");
+    const CFileHandle holder = HoldForWriting(held);
+    EXPECT_EQ(ReadTextFile(held), L"");
+    EXPECT_EQ(SaveTextFile(L"new", held, false), 0);
+    EXPECT_EQ(gone.texts.size(), 2U);
+}
+
 TEST_F(TextFile, MissingFoldersAreMade) {
     const std::wstring path = m_folder.Path() + L"\\a\\\\b \u4fa1\\f";
     EXPECT_EQ(SaveTextFile(L"x", path, true), 1);

@@ -172,8 +172,13 @@ void CTaskEditor::EditScript() {
     const std::wstring path = m_dialog.GetDlgItemText(IDC_SCRIPT_FILE);
     // Asked again afterwards: the editor can have been open for long.
     const auto hasFile = [&] { return !path.empty() && FileExists(path) != 0; };
+    const std::wstring script = hasFile() ? ReadTextFile(path) : std::wstring();
+    // Exit is still possible while a box or the editor is open.
+    if (m_dialog.m_hWnd == nullptr) {
+        return;
+    }
     CScriptDlg editor(&m_dialog);
-    if (editor.DoModal(hasFile() ? ReadTextFile(path) : std::wstring()) != IDOK) {
+    if (editor.DoModal(script) != IDOK || m_dialog.m_hWnd == nullptr) {
         return;
     }
     if (editor.m_strScript.empty()) {

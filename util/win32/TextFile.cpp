@@ -5,13 +5,13 @@
 #include <new>
 #include <string_view>
 
-#include "util/win32/CodePage.h"
 #include "util/Csv.h"
+#include "util/Path.h"
+#include "util/TextEncoding.h"
+#include "util/win32/CodePage.h"
 #include "util/win32/FileTests.h"
 #include "util/win32/Handle.h"
-#include "util/Path.h"
 #include "util/win32/SystemError.h"
-#include "util/TextEncoding.h"
 
 namespace {
 
@@ -29,9 +29,9 @@ std::wstring FailureText(DWORD error, const std::wstring& path) {
     return (SystemErrorText(error) + L"\r\n" + path).substr(0, kLongestMessage);
 }
 
-// False when the user gives up.
+// False when the user gives up, or the box went without an answer because the program is ending.
 bool AsksToRetry(const ShowMessageBox& show, DWORD error, const std::wstring& path) {
-    return show(FailureText(error, path), MB_RETRYCANCEL | MB_ICONERROR) != IDCANCEL;
+    return show(FailureText(error, path), MB_RETRYCANCEL | MB_ICONERROR) == IDRETRY;
 }
 
 std::string ReadAll(HANDLE file) {
