@@ -197,12 +197,21 @@ soak() {
     fi
 }
 
+# count_python NAME: what unittest's closing lines say; a skipped test has not passed.
+count_python() {
+    awk '
+        /^Ran [0-9]+ test/ { ran = $2 }
+        /^(FAILED|OK) \(/ { while (match($0, /(failures|errors|skipped)=[0-9]+/)) {
+            text = substr($0, RSTART, RLENGTH); sub(/.*=/, "", text); failed += text; $0 = substr($0, RSTART + RLENGTH) } }
+        END { print ran - failed, failed + (ran == 0) }' "$logs/$1.log" >"$logs/$1.count"
+}
+
 journeys() {
     needs "build-windows-$1"
     needs "wine-$1"
     local status=0
-    timeout -k 10 "$step_limit" scripts/journeys.sh "$1" || status=$?
-    count_lines "journeys-$1"
+    SCV_ARCH=$1 timeout -k 10 "$step_limit" tests/journeys/test_journeys.py || status=$?
+    count_python "journeys-$1"
     return "$status"
 }
 

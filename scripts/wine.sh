@@ -3,7 +3,8 @@
 #
 #   wine_start x64|x86 PREFIX [desktop]
 #                               makes PREFIX (a folder below build/) a fresh Wine prefix and keeps its server up; with
-#                               "desktop" its programs share one desktop with a task bar, 1280 by 900
+#                               "desktop" its programs share one desktop with a task bar, as large as $wine_screen
+#                               says (1280x900) and scaled for $wine_dpi (96)
 #   wine_run x64|x86 [env NAME=VALUE...] PROGRAM...
 #                               runs a program, by its path on this machine and in the calling folder
 #   wine_stop                   ends the servers that wine_start started, and every program in their prefixes
@@ -74,7 +75,8 @@ wine_start() {
     if [ "$kind" = desktop ]; then
         # The one name for which Wine's explorer brings a task bar of its own accord.
         wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\Explorer' /v Desktop /d shell /f
-        wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\Explorer\Desktops' /v shell /d 1280x900 /f
+        wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Software\Wine\Explorer\Desktops' /v shell /d "${wine_screen:-1280x900}" /f
+        wine_run "$arch" env DISPLAY= reg.exe add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "${wine_dpi:-96}" /f
     fi
     # Anew, as the server's desktop has none for as long as it lives when it came up without a display.
     wine_server "$arch" -k || true

@@ -1,76 +1,207 @@
-// What scripts that play a user need to know of another program's windows, so that mouse and keyboard find
-// them.
+// Says what the windows of other programs look like, for the journeys in this folder: so their mouse and
+// keyboard go to controls, and they wait for what can be seen. Reads a request a line from standard input and
+// prints a reply a line, both JSON in UTF-8. A window is its handle, a rectangle is [left, top, right,
+// bottom] in pixels of the screen.
 //
-//   window TITLE place [ID]     where the window of that title is or, with ID, that control of it: prints
-//                               "left top right bottom" in pixels of the screen, "shown" or "hidden",
-//                               "enabled" or "disabled"; for a list its header on a second line
-//   window TITLE text ID        prints what that control says, in UTF-8
-//   window TITLE rename TEXT    gives it another title
+//   ["windows"]                         the top-level windows, the topmost first
+//   ["children", WINDOW]                the windows inside of one, at every depth
+//   ["foreground"]                      {"window", "focus", "menu", "moving"}: the window with the keyboard,
+//   the control in
+//                                       it, and whether it shows a menu or is being moved or sized
+//   ["text", WINDOW]                    what a control says
+//   ["rename", WINDOW, TEXT]            gives a window another title
+//   ["send", WINDOW, MESSAGE, W, L]     the result of a message with numbers only
+//   ["fill", WINDOW, MESSAGE, W, BYTES, AT, TO]   {"result", "bytes"}: of a message whose lParam points to a
+//   structure of
+//                                       these bytes, and the bytes afterwards; in them the pointer at offset
+//                                       AT points to offset TO, if AT is not null
 //
-// A TITLE that ends in * is how the title begins. Ends with 1 when there is no such window.
+// The reply is null where the window is gone or does not reply.
 #include <windows.h>
 
-#include <commctrl.h>
-
-#include <cstdio>
-#include <cstdlib>
+#include <cstdint>
+#include <cstring>
+#include <iostream>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include "util/Utf8.h"
+#include "util/win32/Handle.h"
 
 namespace {
 
-HWND Find(std::wstring title) {
-    const bool isPrefix = title.ends_with(L'*');
-    title.resize(title.size() - (isPrefix ? 1 : 0));
-    HWND window = GetTopWindow(nullptr);
-    for (; window != nullptr; window = GetWindow(window, GW_HWNDNEXT)) {
-        wchar_t text[256] = {};
-        GetWindowTextW(window, text, 256);
-        if (isPrefix ? std::wstring(text).starts_with(title) : text == title) {
-            break;
-        }
-    }
-    return window;
+using nlohmann::json;
+
+HWND ToWindow(const json& handle) {
+    return reinterpret_cast<HWND>(handle.get<std::intptr_t>());
+}
+json FromWindow(HWND window) {
+    return reinterpret_cast<std::intptr_t>(window);
 }
 
-void Print(HWND window) {
+// Without an end a program that hangs would take this one with it.
+bool Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam, DWORD_PTR& result) {
+    constexpr UINT kPatience = 20'000;  // milliseconds
+    return SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, kPatience, &result) != 0;
+}
+
+json Describe(HWND window) {
     RECT rect{};
     GetWindowRect(window, &rect);
-    std::printf("%ld %ld %ld %ld %s %s\n", rect.left, rect.top, rect.right, rect.bottom,
-                IsWindowVisible(window) ? "shown" : "hidden",
-                IsWindowEnabled(window) ? "enabled" : "disabled");
+    POINT origin{};
+    ClientToScreen(window, &origin);
+    wchar_t title[256] = {};
+    GetWindowTextW(window, title, ARRAYSIZE(title));
+    wchar_t kind[64] = {};
+    GetClassNameW(window, kind, ARRAYSIZE(kind));
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return {{"handle", FromWindow(window)},
+            {"x11", reinterpret_cast<std::intptr_t>(GetPropW(window, L"__wine_x11_whole_window"))},
+            {"title", ToUtf8(title)},
+            {"class", ToUtf8(kind)},
+            {"parent", FromWindow(GetParent(window))},
+            {"id", GetDlgCtrlID(window)},
+            {"process", process},
+            {"place", {rect.left, rect.top, rect.right, rect.bottom}},
+            {"origin", {origin.x, origin.y}},
+            {"shown", IsWindowVisible(window) != FALSE},
+            {"enabled", IsWindowEnabled(window) != FALSE}};
+}
+
+BOOL CALLBACK AddDescription(HWND window, LPARAM list) {
+    reinterpret_cast<json*>(list)->push_back(Describe(window));
+    return TRUE;
+}
+
+json Windows() {
+    json windows = json::array();
+    EnumWindows(AddDescription, reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+json Children(HWND parent) {
+    json windows = json::array();
+    EnumChildWindows(parent, AddDescription, reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+json Foreground() {
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    if (!GetGUIThreadInfo(0, &thread)) {
+        return nullptr;
+    }
+    return {{"window", FromWindow(thread.hwndActive)},
+            {"focus", FromWindow(thread.hwndFocus)},
+            {"menu", (thread.flags & (GUI_INMENUMODE | GUI_POPUPMENUMODE)) != 0},
+            {"moving", (thread.flags & GUI_INMOVESIZE) != 0}};
+}
+
+json Text(HWND window) {
+    std::wstring text(65'536, L'\0');
+    DWORD_PTR length = 0;
+    if (!Send(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()), length)) {
+        return nullptr;
+    }
+    text.resize(length);
+    return ToUtf8(text);
+}
+
+json Rename(HWND window, const std::string& title) {
+    DWORD_PTR result = 0;
+    return Send(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(FromUtf8(title).c_str()), result);
+}
+
+json SendNumbers(HWND window, const json& request) {
+    DWORD_PTR result = 0;
+    if (!Send(window, request.at(2).get<UINT>(), request.at(3).get<WPARAM>(), request.at(4).get<LPARAM>(),
+              result)) {
+        return nullptr;
+    }
+    return static_cast<std::intptr_t>(result);
+}
+
+std::string ToBytes(const json& numbers) {
+    std::string bytes;
+    for (const json& number : numbers) {
+        bytes += static_cast<char>(number.get<int>());
+    }
+    return bytes;
+}
+
+json FillReply(DWORD_PTR result, const std::string& bytes) {
+    json numbers = json::array();
+    for (const char byte : bytes) {
+        numbers.push_back(static_cast<unsigned char>(byte));
+    }
+    return {{"result", static_cast<std::intptr_t>(result)}, {"bytes", numbers}};
+}
+
+// For a message of a common control: the system does not carry its structure to another process, so a copy
+// has to lie there already.
+json FillThere(HWND window, const json& request, std::string bytes) {
+    DWORD id = 0;
+    GetWindowThreadProcessId(window, &id);
+    const CKernelHandle process(
+        OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ | PROCESS_VM_WRITE, FALSE, id));
+    auto* block =
+        static_cast<char*>(VirtualAllocEx(process.Get(), nullptr, bytes.size(), MEM_COMMIT, PAGE_READWRITE));
+    if (!request.at(5).is_null()) {
+        const char* target = block + request.at(6).get<std::size_t>();
+        std::memcpy(&bytes.at(request.at(5)), &target, sizeof target);
+    }
+    DWORD_PTR result = 0;
+    const bool isDone = block != nullptr &&
+                        WriteProcessMemory(process.Get(), block, bytes.data(), bytes.size(), nullptr) &&
+                        Send(window, request.at(2), request.at(3), reinterpret_cast<LPARAM>(block), result) &&
+                        ReadProcessMemory(process.Get(), block, bytes.data(), bytes.size(), nullptr);
+    VirtualFreeEx(process.Get(), block, 0, MEM_RELEASE);
+    return isDone ? FillReply(result, bytes) : json();
+}
+
+json Fill(HWND window, const json& request) {
+    std::string bytes = ToBytes(request.at(4));
+    if (request.at(2).get<UINT>() >= WM_USER) {
+        return FillThere(window, request, bytes);
+    }
+    DWORD_PTR result = 0;
+    const bool isDone =
+        Send(window, request.at(2), request.at(3), reinterpret_cast<LPARAM>(bytes.data()), result);
+    return isDone ? FillReply(result, bytes) : json();
+}
+
+json Reply(const json& request) {
+    const std::string verb = request.at(0);
+    if (verb == "windows") {
+        return Windows();
+    }
+    if (verb == "foreground") {
+        return Foreground();
+    }
+    const HWND window = ToWindow(request.at(1));
+    if (verb == "children") {
+        return Children(window);
+    }
+    if (verb == "text") {
+        return Text(window);
+    }
+    if (verb == "rename") {
+        return Rename(window, request.at(2));
+    }
+    if (verb == "fill") {
+        return Fill(window, request);
+    }
+    return SendNumbers(window, request);
 }
 
 }  // namespace
 
-int wmain(int count, wchar_t** arguments) {
-    if (count < 3) {
-        return 1;
-    }
-    HWND window = Find(arguments[1]);
-    const std::wstring verb = arguments[2];
-    if (verb == L"rename" && count > 3) {
-        SendMessageW(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(arguments[3]));
-        return 0;
-    }
-    if (count > 3) {
-        window = GetDlgItem(window, static_cast<int>(std::wcstol(arguments[3], nullptr, 10)));
-    }
-    if (window == nullptr) {
-        return 1;
-    }
-    if (verb == L"text") {
-        wchar_t text[4096] = {};
-        SendMessageW(window, WM_GETTEXT, 4096, reinterpret_cast<LPARAM>(text));
-        std::printf("%s\n", ToUtf8(text).c_str());
-        return 0;
-    }
-    Print(window);
-    wchar_t kind[64] = {};
-    GetClassNameW(window, kind, 64);
-    if (std::wstring(kind) == WC_LISTVIEWW) {
-        Print(reinterpret_cast<HWND>(SendMessageW(window, LVM_GETHEADER, 0, 0)));
+int wmain() {
+    // Else the system would turn the pixels of a scaled screen into others.
+    SetProcessDPIAware();
+    for (std::string line; std::getline(std::cin, line);) {
+        std::cout << Reply(json::parse(line)).dump() << std::endl;
     }
     return 0;
 }

@@ -8,7 +8,7 @@
 #include "ui/model/StartUp.h"
 
 // OK, Cancel, Exit, the tray, further instances and what the next start remembers the journeys play on a real
-// desktop (scripts/journeys.sh).
+// desktop (tests/journeys).
 
 namespace {
 

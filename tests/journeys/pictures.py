@@ -1,0 +1,97 @@
+#!/usr/bin/python3
+"""Takes the documentation's pictures of the running program anew, or others for a look at a scaled screen.
+
+    tests/journeys/pictures.py                      into docs, at 100 %
+    tests/journeys/pictures.py --scale 150 FOLDER   into that folder, on a screen of 150 %
+
+Wants the build windows-x64.
+"""
+
+import argparse
+import shutil
+import subprocess
+import time
+from pathlib import Path
+
+from desktop import HTCAPTION, HTRIGHT, Desktop
+from scheduler import DEMO, Scheduler, Steps, ids
+from wine import ROOT, Display, Wine, until
+
+
+def sample_list():
+    """Returns the tasks of the README's picture: one that repeats, one that waits, one of two days, one that failed."""
+    now, day = int(time.time()), 24 * 60 * 60
+    return [
+        (f'"{DEMO}\\prices.scvpr" -dt -dr -at"{DEMO}\\urls.csv" -s -qe"{DEMO}\\prices.csv" -ex',
+         {"StartTime": now - day, "LastRunTime": now - 1500, "EnableEvery": 1, "EveryValue": 60,
+          "LastRunResult": "Success"}),
+        (f'"{DEMO}\\new books.scvpr" -rt -rs -qe -ex', {"StartTime": now + 7200}),
+        (f'"{DEMO}\\news.scvpr" -dr -gt"{DEMO}\\news.vbs" -s -qe -ex',
+         {"StartTime": now - 2 * day, "LastRunTime": now - day - 300, "RepeatOnMon": 1, "RepeatOnThu": 1,
+          "LastRunResult": "Success"}),
+        (f'"{DEMO}\\old shop.scvpr" -s -qe -ex',
+         {"StartTime": now - 7200, "LastRunTime": now - 7100, "LastRunResult": "Failure: File does not exist"}),
+    ]
+
+
+class Photographer(Steps):
+
+    def __init__(self, folder, scale):
+        self.folder = folder
+        self.scale = scale
+        self.display = Display(1280 * scale // 100, 900 * scale // 100)
+        self.wine = Wine("x64", "pictures", self.display, dpi=96 * scale // 100)
+        self.desktop = Desktop(self.wine, folder)
+        self.scheduler = Scheduler(self.wine)
+
+    def take(self, place, name):
+        """Keeps a part of the screen, without the mouse on it."""
+        left, top, right, bottom = place
+        self.desktop.xdotool("mousemove", 2, 2)
+        subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage",
+                        self.folder / f"{name}.png"], check=True)
+        print(self.folder / f"{name}.png")
+
+    def widen(self, window):
+        """Makes the window as wide as the screen, so that the list shows its columns."""
+        window.drag(HTCAPTION, 10 - window.place[0], 0)
+        window.drag(HTRIGHT, self.display.width - 10 - window.place[2], 0)
+
+    def first_project(self):
+        process, window = self.start()
+        self.widen(window)
+        self.add_project(window, "prices")
+        self.take(window.place, "guide-first")
+        self.hide(window)
+        menu = self.desktop.tray_menu()
+        left, top, right, bottom = menu["place"]
+        self.take((self.display.width - 240 * self.scale // 100, top - 10, self.display.width, self.display.height),
+                  "guide-tray")
+        self.desktop.close_tray_menu()
+        self.desktop.choose_exit_in_tray_menu()
+        self.ends(process)
+
+    def full_list(self):
+        self.scheduler.write_list(*sample_list())
+        _, window = self.start()
+        self.select(window, 3)
+        self.take(window.place, "window")
+        window.tick(ids.IDC_GENERATE_URLS)
+        window.click(ids.IDC_SCRIPT_FILE_BROWSE)
+        editor = self.make_left_script()
+        self.take(editor.place, "script-editor")
+        self.scheduler.end_all()
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--scale", type=int, default=100, help="of the screen, in per cent")
+    parser.add_argument("folder", nargs="?", default=ROOT / "docs", type=Path)
+    arguments = parser.parse_args()
+    photographer = Photographer(arguments.folder, arguments.scale)
+    photographer.first_project()
+    photographer.full_list()
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,141 @@
+"""A display, a Wine prefix on it and the programs that run there."""
+
+import atexit
+import os
+import re
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+PATIENCE = int(os.environ.get("SCV_TEST_TIMEOUT", "120"))  # seconds, after which what is waited for has failed
+
+
+def until(what, condition, patience=PATIENCE):
+    """Returns condition()'s first result that is true. The one place that waits: nothing else here sleeps."""
+    deadline = time.monotonic() + patience
+    while True:
+        result = condition()
+        if result:
+            return result
+        if time.monotonic() > deadline:
+            raise AssertionError(f"Did not happen within {patience} seconds: {what}")
+        time.sleep(0.05)
+
+
+# So that atexit's functions run when somebody ends this program as well.
+signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
+
+
+class Display:
+    """An X server that nobody looks at; DISPLAY points to it from then on."""
+
+    def __init__(self, width=1280, height=900):
+        self.width, self.height = width, height
+        read, write = os.pipe()
+        self._server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{width}x{height}x24", "-nolisten", "tcp"],
+            pass_fds=[write], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            start_new_session=True)
+        atexit.register(self.stop)
+        os.close(write)
+        with os.fdopen(read) as number:
+            os.environ["DISPLAY"] = ":" + number.readline().strip()  # comes once clients can connect
+
+    @property
+    def process(self):
+        return self._server.pid
+
+    def keep(self):
+        """Leaves it there when this program ends."""
+        atexit.unregister(self.stop)
+
+    def stop(self):
+        self._server.terminate()
+        self._server.wait()
+
+
+class Wine:
+    """A fresh prefix below build/wine, with a server that stays until stop().
+
+    With a display its programs share one desktop with a task bar, which fills the screen; without one they have no
+    windows. What runs does so through scripts/wine.sh, in the root of the checkout.
+    """
+
+    def __init__(self, arch, name, display=None, dpi=96):
+        self.arch = arch
+        self.prefix = ROOT / "build/wine" / name
+        self.drive_c = self.prefix / "drive_c"
+        arguments = ["wine_start", arch, str(self.prefix)]
+        settings = {}
+        if display:
+            arguments.append("desktop")
+            settings = {"display_pid": str(display.process), "wine_screen": f"{display.width}x{display.height}",
+                        "wine_dpi": str(dpi)}
+        atexit.register(self.stop)
+        log = ROOT / "build" / f"wine-{name}.log"
+        log.parent.mkdir(exist_ok=True)
+        with open(log, "w") as output:
+            if subprocess.call(self._shell(arguments), cwd=ROOT, env=os.environ | settings, stdin=subprocess.DEVNULL,
+                               stdout=output, stderr=output):
+                raise RuntimeError(f"Wine did not start: {log.read_text()[-500:]}")
+
+    def _shell(self, words):
+        script = '. scripts/common.sh; . scripts/wine.sh; wine_prefix[$0]=$1; shift; "$@"'
+        return ["bash", "-c", script, self.arch, str(self.prefix), *map(str, words)]
+
+    def start(self, program, *arguments, env=None, **streams):
+        """Starts a program by its path here; its process is the returned one."""
+        settings = [f"{name}={value}" for name, value in (env or {}).items()]
+        for name in ("stdin", "stdout", "stderr"):
+            streams.setdefault(name, subprocess.DEVNULL)
+        return subprocess.Popen(self._shell(["wine_exec", self.arch, "env", *settings, program, *arguments]), cwd=ROOT,
+                                **streams)
+
+    def run(self, program, *arguments, env=None):
+        """Runs a program to its end and returns its exit code and its output with plain line ends."""
+        # Not into a pipe, which a service that the program happens to start would hold open.
+        with tempfile.TemporaryFile() as output:
+            status = self.start(program, *arguments, env=env, stdout=output, stderr=subprocess.STDOUT).wait()
+            output.seek(0)
+            return status, output.read().decode(errors="replace").replace("\r", "")
+
+    def registry(self, *arguments):
+        """Returns what reg.exe says, whether it succeeds or not."""
+        return self.run("reg.exe", *arguments)[1]
+
+    def value(self, key, name):
+        """Returns a value of the registry as text, an empty one when it is not there."""
+        found = re.search(rf"^    {re.escape(name)}    REG_\w+    (.*)$", self.registry("query", key, "/v", name), re.M)
+        return found[1] if found else ""
+
+    def processes(self, pattern):
+        """Returns the ids of the prefix's processes whose command line matches; tasklist.exe says nothing here."""
+        marker = f"\0WINEPREFIX={self.prefix}\0".encode()
+        found = []
+        for folder in Path("/proc").glob("[0-9]*"):
+            try:
+                if marker in b"\0" + (folder / "environ").read_bytes():
+                    command = (folder / "cmdline").read_bytes().decode(errors="replace")
+                    if re.search(pattern, command):
+                        found.append(int(folder.name))
+            except OSError:
+                pass  # it has ended, or is somebody else's
+        return found
+
+    def kill(self, *images):
+        """Ends all programs of these names, and waits until they have."""
+        for image in images:
+            self.run("taskkill.exe", "/f", "/im", image)
+            until(f"{image} ends", lambda: not self.processes(rf"[\\/]{re.escape(image)}"))
+
+    def keep(self):
+        """Leaves the server and what runs there when this program ends."""
+        atexit.unregister(self.stop)
+
+    def stop(self):
+        subprocess.call(self._shell(["wine_stop"]), cwd=ROOT, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                        stderr=subprocess.DEVNULL)
