@@ -5,8 +5,21 @@
 #include <cwchar>
 #include <stdexcept>
 
-#include "framework/Dialog.h"
 #include "framework/MessageBox.h"
+
+void CBoundControls::Bind(CWnd& control, HWND window) {
+    if (control.m_hWnd == nullptr) {
+        control.Attach(window);
+        m_controls.push_back(&control);
+    }
+}
+
+void CBoundControls::Unbind() noexcept {
+    for (CWnd* control : m_controls) {
+        control->Detach();
+    }
+    m_controls.clear();
+}
 
 HWND CDataExchange::PrepareCtrl(int id) const {
     const HWND control = m_pDlgWnd->GetDlgItem(id);
@@ -24,8 +37,7 @@ void CDataExchange::Fail(int id) const {
 }
 
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {
-    static_cast<void>(exchange->PrepareCtrl(id));
-    exchange->m_pDlgWnd->BindControl(id, control);
+    exchange->m_pBoundControls->Bind(control, exchange->PrepareCtrl(id));
 }
 
 void DDX_Check(CDataExchange* exchange, int id, std::int32_t& value) {

@@ -4,28 +4,43 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "framework/Wnd.h"
-
-class CDialog;
 
 // Ends what the program was doing, after the user was told why. Not an error: nothing more is shown.
 class CUserException {};
 
+// The wrappers that are bound to the controls of a window.
+class CBoundControls {
+public:
+    // Does nothing for a wrapper that is bound already.
+    void Bind(CWnd& control, HWND window);
+    // To be called when the window is gone, so that no wrapper outlives its control.
+    void Unbind() noexcept;
+    // To be called when the wrappers are gone.
+    void Forget() noexcept { m_controls.clear(); }
+
+private:
+    std::vector<CWnd*> m_controls;
+};
+
 // One exchange between a dialog's controls and its members. The DDX_ functions move one value each: from the
-// control when m_bSaveAndValidate is set, else to it. A control that the dialog does not have raises
+// control when m_bSaveAndValidate is set, else to it. A control that the dialog does not have throws
 // std::invalid_argument.
 class CDataExchange {
 public:
-    CDataExchange(CDialog& dialog, bool saveAndValidate) noexcept
-        : m_pDlgWnd(&dialog), m_bSaveAndValidate(saveAndValidate) {}
+    // Without `bound`, DDX_Control may not be used.
+    CDataExchange(CWnd& dialog, bool saveAndValidate, CBoundControls* bound = nullptr) noexcept
+        : m_pDlgWnd(&dialog), m_pBoundControls(bound), m_bSaveAndValidate(saveAndValidate) {}
     // The control's handle.
     [[nodiscard]] HWND PrepareCtrl(int id) const;
     // Ends the exchange, after the user was told why: the control gets the focus, with its text selected, and
-    // UpdateData answers FALSE. Members that were read before keep their new values.
+    // UpdateData returns FALSE. Members that were read before keep their new values.
     [[noreturn]] void Fail(int id) const;
 
-    CDialog* m_pDlgWnd;
+    CWnd* m_pDlgWnd;
+    CBoundControls* m_pBoundControls;
     bool m_bSaveAndValidate;
 };
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "framework/ExceptionBoundary.h"
+#include "framework/MessageLoop.h"
 #include "framework/WinApp.h"
 
 namespace {
@@ -31,19 +32,10 @@ bool IsInput(UINT message) {
 
 CDialog::~CDialog() {
     // The derived class and the wrappers that it holds are gone by now.
-    m_boundControls.clear();
+    m_boundControls.Forget();
     if (m_hWnd != nullptr) {
         DestroyWindow();
     }
-}
-
-CDialog* CDialog::FromHandle(HWND window) noexcept {
-    // Only a window of the dialog class has the words that are read here.
-    if (GetClassLongPtrW(window, GCW_ATOM) != reinterpret_cast<ULONG_PTR>(WC_DIALOG) ||
-        GetWindowLongPtrW(window, DWLP_DLGPROC) != reinterpret_cast<LONG_PTR>(&DialogProcedure)) {
-        return nullptr;
-    }
-    return reinterpret_cast<CDialog*>(GetWindowLongPtrW(window, DWLP_USER));
 }
 
 BOOL CDialog::Create(UINT templateId, CWnd* parent) {
@@ -107,7 +99,7 @@ BOOL CDialog::UpdateData(BOOL saveAndValidate) {
         Lock& operator=(const Lock&) = delete;
         ~Lock() { flag = before; }
     } const lock(m_updating);
-    CDataExchange exchange(*this, saveAndValidate != FALSE);
+    CDataExchange exchange(*this, saveAndValidate != FALSE, &m_boundControls);
     try {
         DoDataExchange(&exchange);
     } catch (const CUserException&) {
@@ -118,13 +110,6 @@ BOOL CDialog::UpdateData(BOOL saveAndValidate) {
 
 BOOL CDialog::PreTranslateMessage(MSG* message) {
     return m_hWnd != nullptr && IsInput(message->message) && IsDialogMessageW(m_hWnd, message);
-}
-
-void CDialog::BindControl(int id, CWnd& control) {
-    if (control.m_hWnd == nullptr) {
-        control.Attach(GetDlgItem(id));
-        m_boundControls.push_back(&control);
-    }
 }
 
 BOOL CDialog::OnInitDialog() {
@@ -174,17 +159,16 @@ LRESULT CDialog::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 void CDialog::AttachWindow(HWND window) {
     m_hWnd = window;
     SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(this));
+    SetOwner(this);
     m_systemProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowProcedure)));
 }
 
 void CDialog::OnWindowGone() {
     SetWindowLongPtrW(m_hWnd, DWLP_USER, 0);
+    SetOwner(nullptr);
     m_hWnd = nullptr;
-    for (CWnd* control : m_boundControls) {
-        control->Detach();
-    }
-    m_boundControls.clear();
+    m_boundControls.Unbind();
     CWinApp* app = AfxGetApp();
     if (app != nullptr && app->m_pMainWnd == this) {
         app->m_pMainWnd = nullptr;

@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <vector>
-
 #include "framework/DataExchange.h"
 #include "framework/Wnd.h"
 
@@ -33,14 +31,8 @@ public:
     // was refused, which the user was told.
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
 
-    // Sees every message before it is dispatched to this window or one below it; TRUE takes it. The base
-    // class handles the dialog's keys.
-    virtual BOOL PreTranslateMessage(MSG* message);
-
-    // The object of a dialog's window, null for every other window.
-    [[nodiscard]] static CDialog* FromHandle(HWND window) noexcept;
-    // Binds a wrapper to one of the dialog's controls until the window is destroyed; for DDX_Control.
-    void BindControl(int id, CWnd& control);
+    // Handles the dialog's keys.
+    BOOL PreTranslateMessage(MSG* message) override;
 
 protected:
     // Called with the window and its controls made. FALSE when the handler has set the focus itself.
@@ -65,7 +57,7 @@ private:
     UINT m_templateId;
     CWnd* m_parent;
     WNDPROC m_systemProcedure = nullptr;
-    std::vector<CWnd*> m_boundControls;
+    CBoundControls m_boundControls;
     bool m_updating = false;
     bool m_modal = false;
     int m_result = IDCANCEL;

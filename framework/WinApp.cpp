@@ -4,31 +4,12 @@
 
 #include <memory>
 
-#include "framework/Dialog.h"
-#include "framework/ExceptionBoundary.h"
-#include "util/win32/ModulePath.h"
 #include "util/Path.h"
+#include "util/win32/ModulePath.h"
 
 namespace {
 
 CWinApp* g_app = nullptr;
-
-bool PreTranslate(MSG& message) {
-    const CWinApp* app = AfxGetApp();
-    const HWND main = app != nullptr && app->m_pMainWnd != nullptr ? app->m_pMainWnd->m_hWnd : nullptr;
-    for (HWND window = message.hwnd; window != nullptr; window = GetParent(window)) {
-        CDialog* dialog = CDialog::FromHandle(window);
-        BOOL taken = FALSE;
-        if (dialog != nullptr &&
-            (!AfxRunGuarded([&] { taken = dialog->PreTranslateMessage(&message); }) || taken)) {
-            return true;
-        }
-        if (window == main) {
-            break;
-        }
-    }
-    return false;
-}
 
 }  // namespace
 
@@ -46,17 +27,6 @@ CWinApp::CWinApp()
 
 CWinApp::~CWinApp() {
     g_app = m_previous;
-}
-
-int CWinApp::Run() {
-    if (m_pMainWnd == nullptr) {
-        PostQuitMessage(0);
-    }
-    MSG message{};
-    while (AfxPumpMessage(message)) {
-    }
-    m_nExitCode = static_cast<int>(static_cast<INT_PTR>(message.wParam));
-    return ExitInstance();
 }
 
 std::wstring CWinApp::SectionKey(const wchar_t* section) const {
@@ -88,33 +58,4 @@ void CWinApp::ParseCommandLine(CCommandLineInfo& info) const {
         const bool isSwitch = argument.starts_with(L'/') || argument.starts_with(L'-');
         info.ParseParam(isSwitch ? argument.substr(1) : argument, isSwitch);
     }
-}
-
-int AfxWinMain(CWinApp& app, const wchar_t* commandLine) {
-    app.m_lpCmdLine = commandLine;
-    int result = 0;
-    AfxRunGuarded([&] {
-        BOOL started = FALSE;
-        AfxRunGuarded([&] { started = app.InitInstance(); });
-        if (started) {
-            result = app.Run();
-            return;
-        }
-        if (app.m_pMainWnd != nullptr) {
-            app.m_pMainWnd->DestroyWindow();
-        }
-        result = app.ExitInstance();
-    });
-    return result;
-}
-
-bool AfxPumpMessage(MSG& message) {
-    if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
-        return false;
-    }
-    if (!PreTranslate(message)) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-    return true;
 }

@@ -8,7 +8,7 @@
 #include "framework/Wnd.h"
 
 // The application: its names, its settings in the registry and its message loop. One object exists at a time,
-// which AfxGetApp answers; a further one takes its place until it is destroyed.
+// which AfxGetApp returns; a further one takes its place until it is destroyed.
 class CWinApp {
 public:
     CWinApp();
@@ -19,6 +19,7 @@ public:
     // Prepares the program; FALSE ends it without a message loop.
     virtual BOOL InitInstance() { return TRUE; }
     // Dispatches messages until the main window is destroyed; returns what ExitInstance returns.
+    // (framework/MessageLoop.cpp)
     virtual int Run();
     // Cleans up; the result is the process's exit code.
     virtual int ExitInstance() { return m_nExitCode; }
@@ -54,11 +55,3 @@ private:
 
 // The application object, or null.
 [[nodiscard]] CWinApp* AfxGetApp() noexcept;
-
-// What wWinMain does: start, run and end the application. Returns the process's exit code. An exception that
-// leaves InitInstance is shown and ends the program.
-int AfxWinMain(CWinApp& app, const wchar_t* commandLine);
-
-// Waits for the next message of this thread and dispatches it, unless PreTranslateMessage of a window between
-// the message's target and the main window takes it. False when the message was WM_QUIT.
-bool AfxPumpMessage(MSG& message);

@@ -2,8 +2,29 @@
 
 #include <utility>
 
+namespace {
+
+constexpr wchar_t kOwner[] = L"CWnd";
+
+}  // namespace
+
 HWND CWnd::Detach() noexcept {
     return std::exchange(m_hWnd, nullptr);
+}
+
+CWnd* CWnd::FromHandle(HWND window) noexcept {
+    // Another process of this program has windows with the same property.
+    return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId()
+               ? static_cast<CWnd*>(GetPropW(window, kOwner))
+               : nullptr;
+}
+
+void CWnd::SetOwner(CWnd* owner) const {
+    if (owner != nullptr) {
+        SetPropW(m_hWnd, kOwner, owner);
+    } else {
+        RemovePropW(m_hWnd, kOwner);
+    }
 }
 
 std::wstring CWnd::GetWindowText() const {

@@ -15,6 +15,11 @@ public:
 
     void Attach(HWND window) noexcept { m_hWnd = window; }
     HWND Detach() noexcept;
+    // The object that owns a window of this thread; null for every other window, a bound control's too.
+    [[nodiscard]] static CWnd* FromHandle(HWND window) noexcept;
+    // Of an object that owns its window: sees every message before it is dispatched to this window or one
+    // below it; TRUE takes it.
+    virtual BOOL PreTranslateMessage(MSG*) { return FALSE; }
 
     [[nodiscard]] HWND GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
     [[nodiscard]] int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
@@ -63,4 +68,7 @@ public:
 protected:
     CWnd(const CWnd&) = default;
     CWnd& operator=(const CWnd&) = default;
+
+    // Makes this object, or none, the one that FromHandle returns for its window.
+    void SetOwner(CWnd* owner) const;
 };

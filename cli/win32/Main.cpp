@@ -5,22 +5,23 @@
 #include <exception>
 #include <iostream>
 
-#include "cli/options/Arguments.h"
 #include "cli/commands/Commands.h"
-#include "cli/win32/Console.h"
 #include "cli/commands/ExitCode.h"
+#include "cli/options/Arguments.h"
+#include "cli/win32/Console.h"
 #include "cli/win32/Instances.h"
+#include "core/list/TaskListPath.h"
 #include "core/platform/Clock.h"
 #include "core/platform/LocalTime.h"
 #include "core/platform/Shell.h"
-#include "core/list/TaskListPath.h"
 #include "core/platform/win32/TaskListPlaces.h"
 #include "core/platform/win32/WindowsFileSystem.h"
-#include "util/win32/FileVersion.h"
-#include "util/win32/ModulePath.h"
 #include "util/Path.h"
-#include "util/win32/ProcessHardening.h"
 #include "util/Utf8.h"
+#include "util/win32/FileVersion.h"
+#include "util/win32/KnownFolder.h"
+#include "util/win32/ModulePath.h"
+#include "util/win32/ProcessHardening.h"
 
 namespace {
 
@@ -34,15 +35,9 @@ std::wstring FullPath(const std::wstring& path) {
     return full;
 }
 
-std::wstring KnownFolder(int folder) {
-    wchar_t path[MAX_PATH] = L"";
-    const HRESULT result = SHGetFolderPathW(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, path);
-    return SUCCEEDED(result) ? path : L"";
-}
-
 // The list that the window program uses.
 std::wstring DefaultList() {
-    const std::wstring folder = KnownFolder(CSIDL_LOCAL_APPDATA);
+    const std::wstring folder = GetKnownFolder(CSIDL_LOCAL_APPDATA);
     return folder.empty() ? FullPath(L"SCVScheduler.ini") : folder + L"\\SCVScheduler\\SCVScheduler.ini";
 }
 
@@ -51,8 +46,8 @@ std::wstring DefaultList() {
 void SettleDefaultList(IFileSystem& files) {
     CTaskListPlaces places(files);
     (void)SettleTaskListPath(
-        {GetFolderPath(GetModulePath()) + L"SCVScheduler.HLP", KnownFolder(CSIDL_APPDATA),
-         KnownFolder(CSIDL_LOCAL_APPDATA), L"SCVScheduler", L"SCVScheduler"},
+        {GetFolderPath(GetModulePath()) + L"SCVScheduler.HLP", GetKnownFolder(CSIDL_APPDATA),
+         GetKnownFolder(CSIDL_LOCAL_APPDATA), L"SCVScheduler", L"SCVScheduler"},
         places);
 }
 

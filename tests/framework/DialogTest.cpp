@@ -6,6 +6,7 @@
 #include <optional>
 #include <stdexcept>
 
+#include "framework/MessageLoop.h"
 #include "framework/WinApp.h"
 #include "tests/framework/TestDialogs.h"
 #include "tests/support/MessageRecorder.h"
@@ -41,7 +42,7 @@ TEST(Dialog, WindowAndObjectLiveIndependently) {
     std::optional<TestDialog> dialog(std::in_place);
     ASSERT_TRUE(dialog->Create(IDD_TEST));
     EXPECT_FALSE(dialog->Create(IDD_TEST)) << "one window at a time";
-    EXPECT_EQ(CDialog::FromHandle(dialog->button.m_hWnd), nullptr) << "a control is no dialog";
+    EXPECT_EQ(CWnd::FromHandle(dialog->button.m_hWnd), nullptr) << "a control is no dialog";
     dialog->DestroyWindow();
     EXPECT_EQ(dialog->button.m_hWnd, nullptr) << "a wrapper does not outlive its control";
     ASSERT_TRUE(dialog->Create(IDD_TEST));

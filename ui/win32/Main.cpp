@@ -4,6 +4,7 @@
 #include "core/platform/LocalTime.h"
 #include "core/platform/Shell.h"
 #include "core/platform/win32/WindowsFileSystem.h"
+#include "framework/MessageLoop.h"
 #include "ui/win32/SCVSchedulerApp.h"
 #include "util/win32/ComApartment.h"
 #include "util/win32/ProcessHardening.h"

@@ -5,14 +5,9 @@
 #include "core/list/TaskListPath.h"
 #include "core/platform/win32/TaskListPlaces.h"
 #include "ui/model/StartUp.h"
+#include "util/win32/KnownFolder.h"
 
 namespace {
-
-std::wstring KnownFolder(int folder) {
-    wchar_t path[MAX_PATH] = {};
-    return SHGetFolderPathW(nullptr, folder, nullptr, SHGFP_TYPE_CURRENT, path) == S_OK ? path
-                                                                                        : std::wstring();
-}
 
 CKernelHandle CreateInstanceEvent() {
     return CKernelHandle(CreateEventW(nullptr, TRUE, FALSE, kInstanceEventName));
@@ -53,8 +48,8 @@ BOOL CSCVSchedulerApp::InitInstance() {
 
     CTaskListPlaces places(m_platform.files);
     m_dialog = std::make_unique<CSCVSchedulerDlg>(
-        m_platform, SettleTaskListPath({m_strHelpFilePath, KnownFolder(CSIDL_APPDATA),
-                                        KnownFolder(CSIDL_LOCAL_APPDATA), m_strAppName, m_strExeName},
+        m_platform, SettleTaskListPath({m_strHelpFilePath, GetKnownFolder(CSIDL_APPDATA),
+                                        GetKnownFolder(CSIDL_LOCAL_APPDATA), m_strAppName, m_strExeName},
                                        places));
     if (!m_dialog->Create(IDD_MAIN)) {
         return FALSE;
