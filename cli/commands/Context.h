@@ -1,24 +1,46 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <iosfwd>
+#include <ostream>
 #include <string>
 
+#include "cli/options/Arguments.h"
+#include "cli/report/Text.h"
 #include "core/platform/Platform.h"
 
-// What a command works with. Owns nothing.
+class CSCVShchedulerTaskArray;
+
+// What a subcommand works with. Owns nothing.
 struct Context {
-    const CPlatform& platform;
+    CPlatform platform;
     std::wstring list;  // full path of the task list file
     std::istream& in;   // bytes as they come
     std::ostream& out;  // UTF-8
     std::ostream& err;
     std::size_t width;  // columns of the terminal
-    std::function<std::string()>
-        whyNotToLaunch;  // a sentence when somebody else runs this list's tasks, else empty
-    std::function<std::string()>
-        whyNotToEdit;  // a sentence when somebody else may be using this list's tasks, else empty
-    std::function<bool(unsigned ms)>
-        waitForStop;  // true as soon as the user wants to end, false after the time
+    // Claims the launching of this list's tasks for this process. Returns a sentence that says who has it
+    // already, else an empty text. A process that has it may ask again, to learn of a window that was opened.
+    std::function<std::string()> tryClaimLaunching;
+    // The same for editing the list.
+    std::function<std::string()> tryClaimEditing;
+    // True as soon as the user wants to end, false after the time.
+    std::function<bool(unsigned ms)> waitForStop;
+
+    // One line on `err`, at once. The parts are UTF-8 or UTF-16.
+    template <typename... Parts>
+    void Complain(const Parts&... parts) const {
+        err << Join("scvsched: ", parts...) << std::endl;
+    }
+};
+
+// What the handler of a subcommand gets, once the subcommand's claim is made and the list is loaded.
+struct Job {
+    const Arguments& arguments;
+    const Context& context;
+    CSCVShchedulerTaskArray& tasks;
+    std::int64_t now;          // --at, or the time of the call
+    const std::string& input;  // what import reads, else empty
 };

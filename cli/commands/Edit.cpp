@@ -1,22 +1,38 @@
 #include "cli/commands/Edit.h"
 
 #include <algorithm>
-#include <optional>
+#include <array>
 
 #include "cli/report/ChangeReport.h"
-#include "cli/commands/Exchange.h"
-#include "cli/commands/ExitCode.h"
-#include "cli/commands/Refusal.h"
+#include "cli/report/Refusal.h"
+#include "core/launch/ExtractionProgram.h"
 #include "core/list/Storable.h"
 #include "core/platform/Clock.h"
-#include "core/launch/ExtractionProgram.h"
 #include "core/task/NewProject.h"
 #include "core/task/SCVShchedulerTaskArray.h"
+#include "core/task/TaskDays.h"
 #include "util/CaseFold.h"
 #include "util/Path.h"
-#include "util/Utf8.h"
 
 namespace {
+
+// Everything of a task that the list keeps, to be compared.
+struct TaskRecord {
+    std::wstring commandLine;
+    std::array<std::int64_t, 8> numbers;
+    std::array<std::int32_t, std::size(kTaskDays)> days{};
+    std::wstring lastRunResult;
+
+    explicit TaskRecord(const CSCVShchedulerTask& task)
+        : commandLine(task.BuildCommandLine()),
+          numbers{task.m_bEnable,      task.m_tStartTime,       task.m_tUntilTime,  task.m_tLastRunTime,
+                  task.m_bEnableEvery, task.m_bRepeatOnMonthly, task.m_nEveryValue, task.m_nEveryUnit},
+          lastRunResult(task.m_strLastRunResult) {
+        std::transform(std::begin(kTaskDays), std::end(kTaskDays), days.begin(),
+                       [&](const TaskDay& day) { return task.*day.flag; });
+    }
+    bool operator==(const TaskRecord&) const = default;
+};
 
 void RequireKept(const CSCVShchedulerTask& task) {
     std::string why = WhyNotStorable(task);
@@ -26,151 +42,132 @@ void RequireKept(const CSCVShchedulerTask& task) {
             "would not be found";
     }
     if (!why.empty()) {
-        throw CRefusal(ToUtf8(task.m_strProjectPath) + ": " + why);
+        throw CRefusal(Join(task.m_strProjectPath, ": ", why));
     }
 }
 
-// One command at work on the tasks of the list.
-class Editor {
-public:
-    Editor(const Arguments& arguments, const std::string& input, const Context& context,
-           CSCVShchedulerTaskArray& tasks)
-        : m_arguments(arguments),
-          m_input(input),
-          m_context(context),
-          m_tasks(tasks),
-          m_now(context.platform.clock.Now()) {}
+void RequireListed(const std::vector<std::wstring>& paths, const CSCVShchedulerTaskArray& tasks) {
+    for (const std::wstring& path : paths) {
+        if (tasks.FindTask(path) < 0) {
+            throw CRefusal(Join("no task of the list has the project ", path));
+        }
+    }
+}
 
-    void Edit();
-    void Report() const { m_report.Write(m_context, m_now, m_arguments.json); }
-    [[nodiscard]] bool IsFine() const { return m_isFine; }
+// Calls `change` with each task that the command line names. Throws CRefusal, before that, for a path that
+// names none.
+template <typename Change>
+void ForEachNamed(const std::vector<std::wstring>& paths, CSCVShchedulerTaskArray& tasks, Change change) {
+    RequireListed(paths, tasks);
+    for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
+        CSCVShchedulerTask& task = *tasks[i];
+        if (std::any_of(paths.begin(), paths.end(),
+                        [&](const auto& path) { return EqualNoCase(path, task.m_strProjectPath); })) {
+            change(task);
+        }
+    }
+}
 
-private:
-    void Add();
-    void Set();
-    void Enable(std::int32_t flag);
-    void Remove();
-    void Run();
-    void RequireListed() const;
+void AddProject(const std::wstring& path, const Job& job, CSCVShchedulerTaskArray& tasks,
+                CChangeReport& report) {
+    if (!IsProjectExtension(GetFileExtension(path))) {
+        throw CRefusal(Join("the project ", path, " ends in neither .scvpr nor .oslpr"));
+    }
+    if (tasks.FindTask(path) >= 0) {
+        throw CRefusal(Join("the project ", path, " is in the list already; scvsched set changes it"));
+    }
+    const TaskChanges& changes = job.arguments.changes;
+    CSCVShchedulerTask& task = *tasks[tasks.AddTask(path, job.now)];
+    if (!changes.SwitchesACommandOn()) {
+        SetNewProjectDefaults(task);
+    }
+    changes.ApplyTo(task, job.now);
+    RequireKept(task);
+    report.Add("added", task);
+}
 
-    template <typename Change>
-    void ForEachNamed(Change change) {
-        for (std::ptrdiff_t i = 0; i < m_tasks.GetSize(); ++i) {
-            CSCVShchedulerTask& task = *m_tasks[i];
-            if (std::any_of(m_arguments.paths.begin(), m_arguments.paths.end(),
-                            [&](const auto& path) { return EqualNoCase(path, task.m_strProjectPath); })) {
-                change(task);
+int SwitchTasks(const Job& job, std::int32_t flag) {
+    EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
+        ForEachNamed(job.arguments.paths, tasks, [&](CSCVShchedulerTask& task) {
+            if ((task.m_bEnable != 0) != (flag != 0)) {
+                task.m_bEnable = flag;
+                report.Add(flag != 0 ? "enabled" : "disabled", task);
             }
-        }
-    }
-
-    const Arguments& m_arguments;
-    const std::string& m_input;
-    const Context& m_context;
-    CSCVShchedulerTaskArray& m_tasks;
-    std::int64_t m_now;
-    CChangeReport m_report;
-    bool m_isFine = true;
-};
-
-void Editor::Edit() {
-    switch (m_arguments.command) {
-        case Command::Add:
-            return Add();
-        case Command::Import:
-            return ImportTasks(m_input, m_arguments.replace, m_now, m_tasks, m_report);
-        default:
-            RequireListed();
-    }
-    switch (m_arguments.command) {
-        case Command::Set:
-            return Set();
-        case Command::Enable:
-            return Enable(1);
-        case Command::Disable:
-            return Enable(0);
-        case Command::Remove:
-            return Remove();
-        default:
-            return Run();
-    }
-}
-
-void Editor::RequireListed() const {
-    for (const std::wstring& path : m_arguments.paths) {
-        if (m_tasks.FindTask(path) < 0) {
-            throw CRefusal("no task of the list has the project " + ToUtf8(path));
-        }
-    }
-}
-
-void Editor::Add() {
-    for (const std::wstring& path : m_arguments.paths) {
-        const std::string name = ToUtf8(path);
-        if (!IsProjectExtension(GetFileExtension(path))) {
-            throw CRefusal("the project " + name + " ends in neither .scvpr nor .oslpr");
-        }
-        if (m_tasks.FindTask(path) >= 0) {
-            throw CRefusal("the project " + name + " is in the list already; scvsched set changes it");
-        }
-        CSCVShchedulerTask& task = *m_tasks[m_tasks.AddTask(path, m_now)];
-        if (!m_arguments.changes.SwitchesACommandOn()) {
-            SetNewProjectDefaults(task);
-        }
-        m_arguments.changes.ApplyTo(task, m_now);
-        RequireKept(task);
-        m_report.Add("added", task);
-    }
-}
-
-void Editor::Set() {
-    ForEachNamed([&](CSCVShchedulerTask& task) {
-        const std::string before = ChangeAsJson("set", task, m_now);
-        m_arguments.changes.ApplyTo(task, m_now);
-        if (m_arguments.changes.ChangesCommands()) {
-            RequireKept(task);
-        }
-        if (ChangeAsJson("set", task, m_now) != before) {
-            m_report.Add("set", task);
-        }
+        });
     });
-}
-
-void Editor::Enable(std::int32_t flag) {
-    ForEachNamed([&](CSCVShchedulerTask& task) {
-        if ((task.m_bEnable != 0) != (flag != 0)) {
-            task.m_bEnable = flag;
-            m_report.Add(flag != 0 ? "enabled" : "disabled", task);
-        }
-    });
-}
-
-void Editor::Remove() {
-    ForEachNamed([&](CSCVShchedulerTask& task) { m_report.AddGone("removed", task, m_now); });
-    for (const std::wstring& path : m_arguments.paths) {
-        while (m_tasks.RemoveTask(path) != 0) {
-        }
-    }
-}
-
-void Editor::Run() {
-    CSCVShchedulerTask& task = *m_tasks[m_tasks.FindTask(m_arguments.paths.front())];
-    m_isFine = task.Run(m_context.platform.shell, m_context.platform.clock) != 0;
-    m_report.Add(kRunChange, task);
+    return kFine;
 }
 
 }  // namespace
 
-int EditList(const Arguments& arguments, const std::string& input, const Context& context) {
-    CSCVShchedulerTaskArray tasks;
-    Editor editor(arguments, input, context, tasks);
-    const bool saved = tasks.TryEdit(context.platform.files, context.list, [&] { editor.Edit(); });
-    if (!saved) {
-        if (arguments.command == Command::Run) {
-            editor.Report();  // a project that was launched runs all the same
+void EditList(const Job& job,
+              const std::function<void(CSCVShchedulerTaskArray& tasks, CChangeReport& report)>& edit) {
+    const Context& context = job.context;
+    CChangeReport report;
+    const auto write = [&] { context.out << report.Write(context.list, job.now, job.arguments.json); };
+    if (!job.tasks.TryEdit(context.platform.files, context.list, [&] { edit(job.tasks, report); })) {
+        if (report.HasLaunches()) {
+            write();  // a project that was launched runs all the same
         }
-        throw CRefusal("the task list " + ToUtf8(context.list) + " could not be saved", kFindings);
+        throw CRefusal(Join("the task list ", context.list, " could not be saved"), kFindings);
     }
-    editor.Report();
-    return editor.IsFine() ? kFine : kFindings;
+    write();
+}
+
+int AddProjects(const Job& job) {
+    EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
+        for (const std::wstring& path : job.arguments.paths) {
+            AddProject(path, job, tasks, report);
+        }
+    });
+    return kFine;
+}
+
+int SetTasks(const Job& job) {
+    const TaskChanges& changes = job.arguments.changes;
+    EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
+        ForEachNamed(job.arguments.paths, tasks, [&](CSCVShchedulerTask& task) {
+            const TaskRecord before(task);
+            changes.ApplyTo(task, job.now);
+            if (changes.ChangesCommands()) {
+                RequireKept(task);
+            }
+            if (TaskRecord(task) != before) {
+                report.Add("set", task);
+            }
+        });
+    });
+    return kFine;
+}
+
+int EnableTasks(const Job& job) {
+    return SwitchTasks(job, 1);
+}
+
+int DisableTasks(const Job& job) {
+    return SwitchTasks(job, 0);
+}
+
+int RemoveTasks(const Job& job) {
+    EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
+        ForEachNamed(job.arguments.paths, tasks,
+                     [&](CSCVShchedulerTask& task) { report.AddRemoved(task, job.now); });
+        for (const std::wstring& path : job.arguments.paths) {
+            while (tasks.RemoveTask(path) != 0) {
+            }
+        }
+    });
+    return kFine;
+}
+
+int RunProject(const Job& job) {
+    const CPlatform& platform = job.context.platform;
+    bool isLaunched = false;
+    EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
+        RequireListed(job.arguments.paths, tasks);
+        CSCVShchedulerTask& task = *tasks[tasks.FindTask(job.arguments.paths.front())];
+        isLaunched = task.Run(platform.shell, platform.clock) != 0;
+        report.Add(kLaunched, task);
+    });
+    return isLaunched ? kFine : kFindings;
 }

@@ -1,12 +1,25 @@
 #pragma once
 
-#include <string>
+#include <cstdint>
+#include <functional>
 
-#include "cli/options/Arguments.h"
 #include "cli/commands/Context.h"
 
-// Carries out the commands that change the list: add, remove, enable, disable, set, run and import, whose
-// text is `input`. Loading, changing and saving are one step that no other program sees the middle of; what
-// is refused (CRefusal) changes nothing. Answers kFine, or kFindings when the project of run could not be
-// launched.
-[[nodiscard]] int EditList(const Arguments& arguments, const std::string& input, const Context& context);
+class CChangeReport;
+class CSCVShchedulerTaskArray;
+
+// The subcommands that change the list. Each returns the exit code; what is refused (CRefusal) changes
+// nothing.
+
+[[nodiscard]] int AddProjects(const Job& job);
+[[nodiscard]] int SetTasks(const Job& job);
+[[nodiscard]] int EnableTasks(const Job& job);
+[[nodiscard]] int DisableTasks(const Job& job);
+[[nodiscard]] int RemoveTasks(const Job& job);
+// kFindings when the project could not be launched.
+[[nodiscard]] int RunProject(const Job& job);
+
+// Loads the list afresh, lets `edit` change and report its tasks, saves it and writes the report, as one step
+// that no other program sees the middle of. Throws CRefusal when it cannot be saved.
+void EditList(const Job& job,
+              const std::function<void(CSCVShchedulerTaskArray& tasks, CChangeReport& report)>& edit);

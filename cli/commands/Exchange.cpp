@@ -5,17 +5,18 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "cli/commands/Edit.h"
 #include "cli/report/ChangeReport.h"
 #include "cli/report/JsonFields.h"
 #include "cli/report/JsonReport.h"
-#include "cli/commands/Refusal.h"
+#include "cli/report/Refusal.h"
 #include "cli/report/TaskJson.h"
-#include "core/platform/FileSystem.h"
+#include "cli/report/Text.h"
 #include "core/list/ProfileFile.h"
+#include "core/platform/FileSystem.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "util/CaseFold.h"
 #include "util/TextEncoding.h"
-#include "util/Utf8.h"
 
 namespace {
 
@@ -30,28 +31,45 @@ Json Parse(const std::string& text) {
     }
 }
 
-}  // namespace
-
-std::string ExportTasks(const CSCVShchedulerTaskArray& tasks) {
-    Json json;
-    json["tasks"] = Json::array();
-    for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
-        json["tasks"].push_back(ExportTask(*tasks[i]));
+// Makes a task of the array out of one of the text's.
+void ImportOne(const Json& json, const std::string& where, const Job& job, CSCVShchedulerTaskArray& tasks,
+               CChangeReport& report) {
+    const std::wstring project = ImportedProject(json, where);
+    std::ptrdiff_t place = tasks.FindTask(project);
+    const bool isListed = place >= 0;
+    if (!isListed) {
+        place = tasks.GetSize();
+    } else if (tasks[place]->m_strIniSection.empty()) {  // not of the file
+        throw CRefusal(Join(where, " names the project ", project, " a second time"));
+    } else if (!job.arguments.replace) {
+        throw CRefusal(Join(where, ": the project ", project,
+                            " is in the list already; --replace lets it take that place"));
+    } else {
+        tasks.RemoveTaskAt(place);
     }
-    return DumpJson(json) + '\n';
+    CSCVShchedulerTask& task = *tasks[tasks.InsertTask(place, project, job.now)];
+    ImportTask(json, where, task);
+    report.Add(isListed ? "replaced" : "added", task);
 }
 
-void WriteExport(const std::string& text, const std::wstring& file, const Context& context) {
+}  // namespace
+
+int ExportList(const Job& job) {
+    Json json;
+    json["tasks"] = Json::array();
+    for (std::ptrdiff_t i = 0; i < job.tasks.GetSize(); ++i) {
+        json["tasks"].push_back(ExportTask(*job.tasks[i]));
+    }
+    const std::string text = DumpJson(json) + '\n';
+    const std::wstring& file = job.arguments.file;
     if (file.empty()) {
-        context.out << text;
-        return;
+        job.context.out << text;
+    } else if (EqualNoCase(file, job.context.list)) {
+        throw CRefusal(Join(file, " is the task list itself"));
+    } else if (!ReplaceFileBytes(job.context.platform.files, file, text)) {
+        throw CRefusal(Join(file, " cannot be written"));
     }
-    if (EqualNoCase(file, context.list)) {
-        throw CRefusal(ToUtf8(file) + " is the task list itself");
-    }
-    if (!ReplaceFileBytes(context.platform.files, file, text)) {
-        throw CRefusal(ToUtf8(file) + " cannot be written");
-    }
+    return kFine;
 }
 
 std::string ReadImport(const std::wstring& file, const Context& context) {
@@ -60,8 +78,8 @@ std::string ReadImport(const std::wstring& file, const Context& context) {
         bytes.assign(std::istreambuf_iterator<char>(context.in), {});
     } else if (const auto status = context.platform.files.Read(file, bytes);
                status != IFileSystem::Status::Ok) {
-        throw CRefusal(ToUtf8(file) +
-                       (status == IFileSystem::Status::Missing ? " does not exist" : " cannot be read"));
+        throw CRefusal(
+            Join(file, status == IFileSystem::Status::Missing ? " does not exist" : " cannot be read"));
     }
     const TextEncoding encoding = DetectEncoding(bytes);
     bytes.erase(0, ByteOrderMark(encoding).size());
@@ -77,31 +95,17 @@ std::string ReadImport(const std::wstring& file, const Context& context) {
     return utf8;
 }
 
-void ImportTasks(const std::string& text, bool replace, std::int64_t now, CSCVShchedulerTaskArray& tasks,
-                 CChangeReport& report) {
-    const Json json = Parse(text);
+int ImportList(const Job& job) {
+    const Json json = Parse(job.input);
     const CJsonFields fields(json, "the text", {"tasks"});
     const Json* list = fields.Find("tasks");
     if (list == nullptr || !list->is_array()) {
         throw CRefusal("the text has to hold the array \"tasks\"");
     }
-    for (std::size_t i = 0; i < list->size(); ++i) {
-        const std::string where = "tasks[" + std::to_string(i) + "]";
-        const std::wstring project = ImportedProject((*list)[i], where);
-        std::ptrdiff_t place = tasks.FindTask(project);
-        const bool isListed = place >= 0;
-        if (!isListed) {
-            place = tasks.GetSize();
-        } else if (tasks[place]->m_strIniSection.empty()) {  // not of the file
-            throw CRefusal(where + " names the project " + ToUtf8(project) + " a second time");
-        } else if (!replace) {
-            throw CRefusal(where + ": the project " + ToUtf8(project) +
-                           " is in the list already; --replace lets it take that place");
-        } else {
-            tasks.RemoveTaskAt(place);
+    EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
+        for (std::size_t i = 0; i < list->size(); ++i) {
+            ImportOne((*list)[i], "tasks[" + std::to_string(i) + "]", job, tasks, report);
         }
-        CSCVShchedulerTask& task = *tasks[tasks.InsertTask(place, project, now)];
-        ImportTask((*list)[i], where, task);
-        report.Add(isListed ? "replaced" : "added", task);
-    }
+    });
+    return kFine;
 }

@@ -2,14 +2,15 @@
 
 #include <exception>
 #include <functional>
+#include <nlohmann/json.hpp>
 #include <ostream>
 
 #include "cli/report/ChangeReport.h"
-#include "cli/commands/ExitCode.h"
+#include "cli/report/JsonReport.h"
+#include "cli/report/Refusal.h"
+#include "core/launch/SchedulingPass.h"
 #include "core/platform/Clock.h"
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "core/launch/SchedulingPass.h"
-#include "util/Utf8.h"
 
 namespace {
 
@@ -34,8 +35,7 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std:
             tell(task);
             fine = fine && task.m_strLastRunResult == L"Success";
             if (!IsSaved(task, context.platform.files)) {
-                context.err << "scvsched: the run of " << ToUtf8(task.m_strProjectPath)
-                            << " could not be saved in the list" << std::endl;
+                context.Complain("the run of ", task.m_strProjectPath, " could not be saved in the list");
                 fine = false;
             }
         });
@@ -44,8 +44,7 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std:
         fine = false;
     }
     if (!stopped.empty() && stopped != error) {
-        context.err << "scvsched: the pass stopped at a task whose next run cannot be computed: " << stopped
-                    << std::endl;
+        context.Complain("the pass stopped at a task whose next run cannot be computed: ", stopped);
     }
     error = stopped;
     return fine;
@@ -53,32 +52,35 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std:
 
 }  // namespace
 
-int RunPass(CSCVShchedulerTaskArray& tasks, const Context& context, bool json) {
+int RunPass(const Job& job) {
+    const Context& context = job.context;
+    const bool json = job.arguments.json;
     std::string error;
     CChangeReport report;
-    const bool fine = LaunchDueTasks(tasks, context, error, [&](CSCVShchedulerTask& task) {
+    const bool fine = LaunchDueTasks(job.tasks, context, error, [&](CSCVShchedulerTask& task) {
         if (json) {
-            report.Add(kRunChange, task);
+            report.Add(kLaunched, task);
         } else {
             context.out << LaunchAsText(task) << std::endl;
         }
     });
     if (json) {
-        report.Write(context, context.platform.clock.Now(), true);
+        context.out << report.Write(context.list, context.platform.clock.Now(), true);
     }
     return fine ? kFine : kFindings;
 }
 
-int Watch(CSCVShchedulerTaskArray& tasks, const Context& context, bool json) {
+int Watch(const Job& job) {
+    const Context& context = job.context;
     std::string error;
     do {
-        if (const std::string why = context.whyNotToLaunch(); !why.empty()) {
-            context.err << "scvsched: " << why << std::endl;
-            return kFindings;
+        if (const std::string why = context.tryClaimLaunching(); !why.empty()) {
+            throw CRefusal(why, kFindings);
         }
-        (void)LaunchDueTasks(tasks, context, error, [&](CSCVShchedulerTask& task) {
-            context.out << (json ? ChangeAsJson(kRunChange, task, context.platform.clock.Now())
-                                 : LaunchAsText(task))
+        (void)LaunchDueTasks(job.tasks, context, error, [&](CSCVShchedulerTask& task) {
+            context.out << (job.arguments.json
+                                ? ChangeAsJson(kLaunched, task, context.platform.clock.Now()).dump()
+                                : LaunchAsText(task))
                         << std::endl;
         });
     } while (!context.waitForStop(kTickMilliseconds));

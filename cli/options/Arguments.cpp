@@ -4,9 +4,9 @@
 #include <algorithm>
 
 #include "cli/options/EditOptions.h"
-#include "cli/commands/ExitCode.h"
+#include "cli/report/Refusal.h"
+#include "cli/report/Text.h"
 #include "core/schedule/TimeText.h"
-#include "util/Utf8.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ std::string OneLine(std::string text) {
 // The parser and what it fills in.
 class Parser {
 public:
-    explicit Parser(const std::string& version);
+    Parser(std::span<const Subcommand> table, const std::string& version);
     Parser(const Parser&) = delete;
     Parser& operator=(const Parser&) = delete;
 
@@ -45,11 +45,11 @@ public:
     [[nodiscard]] Arguments Take(const std::function<std::wstring(const std::wstring&)>& fullPath);
 
 private:
-    CLI::App* Add(const char* name, Command value, const char* text, const char* example);
-    void AddLooks();
-    void AddEdits();
-    CLI::Option* AddPaths(CLI::App* command, const char* text);
-    void AddAt(CLI::App* command);
+    void Add(const Subcommand& row);
+    void AddOptions(Takes takes, CLI::App& command);
+    CLI::Option* AddPaths(CLI::App& command, const char* text);
+    void AddAt(CLI::App& command);
+    void AddFile(CLI::App& command, const char* text);
 
     CLI::App m_app{kDescription, "scvsched"};
     Arguments m_arguments;
@@ -60,97 +60,84 @@ private:
     std::vector<std::string> m_paths;
 };
 
-Parser::Parser(const std::string& version) {
+Parser::Parser(std::span<const Subcommand> table, const std::string& version) {
     m_app.footer(kExitCodes);
     m_app.set_version_flag("--version", "scvsched " + version + "\n", "Show the version and end");
-    m_app.require_subcommand(0, 1);  // Parse tells a missing one in better words
+    m_app.require_subcommand(0, 1);  // Parse has better words for a missing one
     m_app.allow_windows_style_options(false);
     m_app.fallthrough();
     m_app.add_option("--list", m_list, "The task list file; without it, the list of the window program");
     m_app.add_flag("--json", m_arguments.json, "Report as JSON");
-    AddLooks();
-    AddEdits();
+    for (const Subcommand& row : table) {
+        Add(row);
+    }
 }
 
-CLI::App* Parser::Add(const char* name, Command value, const char* text, const char* example) {
-    CLI::App* command = m_app.add_subcommand(name, text);
-    command->callback([this, value] { m_arguments.command = value; });
-    const bool hasOpposites = value == Command::Add || value == Command::Set;
-    command->footer(std::string(hasOpposites ? kOpposites : "") +
-                    "--list FILE names another task list, --json reports as JSON.\n\nExample:\n  scvsched " +
-                    example);
-    return command;
+void Parser::Add(const Subcommand& row) {
+    CLI::App& command = *m_app.add_subcommand(row.name, row.help);
+    command.callback([this, &row] { m_arguments.subcommand = &row; });
+    AddOptions(row.takes, command);
+    const bool hasOpposites = row.takes == Takes::NewTask || row.takes == Takes::Changes;
+    const char* const blank = *row.example == '\0' ? "" : " ";
+    command.footer(
+        Join(hasOpposites ? kOpposites : "",
+             "--list FILE names another task list, --json reports as JSON.\n\nExample:\n  scvsched ",
+             row.name, blank, row.example));
 }
 
-CLI::Option* Parser::AddPaths(CLI::App* command, const char* text) {
-    return command->add_option("PATH", m_paths, text)->type_name("");
+void Parser::AddOptions(Takes takes, CLI::App& command) {
+    switch (takes) {
+        case Takes::Nothing:
+            break;
+        case Takes::Times:
+            AddAt(command);
+            break;
+        case Takes::NextRuns:
+            AddAt(command);
+            command.add_option("--count", m_arguments.count, "How many runs of each task")
+                ->check(CLI::Range(1, 100000));
+            AddPaths(command, "Project files to report; all when none is named");
+            break;
+        case Takes::NewTask:
+            AddPaths(command, "Project files that are not in the list yet")->required();
+            m_options.AddTo(command);
+            m_options.AddDisabled(command);
+            break;
+        case Takes::Changes:
+            AddPaths(command, "Listed project files")->required();
+            m_options.AddTo(command);
+            m_options.AddResetLastRun(command);
+            break;
+        case Takes::Projects:
+            AddPaths(command, "Listed project files")->required();
+            break;
+        case Takes::OneProject:
+            AddPaths(command, "A listed project file")->required()->expected(1);
+            break;
+        case Takes::OutFile:
+            AddFile(command, "The file to write, in UTF-8; without it, standard output");
+            break;
+        case Takes::InFile:
+            AddFile(command, "The file to read; without it, standard input");
+            command.add_flag("--replace", m_arguments.replace,
+                             "Let a task take the place of the listed one of the same project; otherwise "
+                             "nothing is imported then");
+            break;
+    }
 }
 
-void Parser::AddAt(CLI::App* command) {
-    command->add_option("--at", m_at, "Report as if it were this time")
+CLI::Option* Parser::AddPaths(CLI::App& command, const char* text) {
+    return command.add_option("PATH", m_paths, text)->type_name("");
+}
+
+void Parser::AddAt(CLI::App& command) {
+    command.add_option("--at", m_at, "Report as if it were this time")
         ->check(CLI::Validator(RejectBadTime, ""))
         ->type_name("TIME");
 }
 
-void Parser::AddLooks() {
-    Add("list", Command::List, "Show every task with its last and next run", "list --json");
-    CLI::App* next = Add("next", Command::Next, "Show when each task runs next",
-                         R"(next --at 2026-11-23T08:00 --count 5 C:\projects\prices.scvpr)");
-    AddAt(next);
-    next->add_option("--count", m_arguments.count, "How many runs of each task")
-        ->check(CLI::Range(1, 100000));
-    AddPaths(next, "Project files to report; all when none is named");
-    AddAt(Add("check", Command::Check, "Find what will not work or will not survive", "check"));
-    Add("pass", Command::Pass, "Launch what is due now, once", "pass");
-    Add("watch", Command::Watch, "Launch what is due, every two seconds until Ctrl+C", "watch");
-}
-
-void Parser::AddEdits() {
-    CLI::App* add = Add(
-        "add", Command::Add,
-        "Add projects to the list. Without commands a task deletes its URLs and results, starts, exports "
-        "its results and closes the program; the first run is five minutes from now",
-        R"(add C:\projects\prices.scvpr --start 2026-11-23T08:00 --days mon,thu --every 2h --until 18:00)");
-    AddPaths(add, "Project files that are not in the list yet")->required();
-    m_options.AddTo(*add);
-    m_options.AddDisabled(*add);
-
-    CLI::App* set =
-        Add("set", Command::Set, "Change listed tasks; what is not named stays",
-            R"(set C:\projects\prices.scvpr C:\projects\news.scvpr --no-every --add-urls more.csv)");
-    AddPaths(set, "Listed project files")->required();
-    m_options.AddTo(*set);
-    m_options.AddResetLastRun(*set);
-
-    const struct {
-        const char* name;
-        Command value;
-        const char* text;
-    } simple[] = {{"enable", Command::Enable, "Let listed tasks run when they are due"},
-                  {"disable", Command::Disable, "Keep listed tasks from running"},
-                  {"remove", Command::Remove, "Take tasks out of the list"}};
-    for (const auto& row : simple) {
-        const std::string example = std::string(row.name) + R"( C:\projects\prices.scvpr)";
-        AddPaths(Add(row.name, row.value, row.text, example.c_str()), "Listed project files")->required();
-    }
-    AddPaths(Add("run", Command::Run, "Run a listed project now, due or not, and note when and how it went",
-                 R"(run C:\projects\prices.scvpr)"),
-             "A listed project file")
-        ->required()
-        ->expected(1);
-
-    Add("export", Command::Export, "Write the whole list as JSON", "export tasks.json")
-        ->add_option("FILE", m_file, "The file to write, in UTF-8; without it, standard output")
-        ->type_name("");
-    CLI::App* import =
-        Add("import", Command::Import,
-            "Add the tasks of what export has written. A task that says nothing but its project becomes what "
-            "add makes of it",
-            "import tasks.json --replace");
-    import->add_option("FILE", m_file, "The file to read; without it, standard input")->type_name("");
-    import->add_flag("--replace", m_arguments.replace,
-                     "Let a task take the place of the listed one of the same project; otherwise nothing is "
-                     "imported then");
+void Parser::AddFile(CLI::App& command, const char* text) {
+    command.add_option("FILE", m_file, text)->type_name("");
 }
 
 void Parser::Parse(std::vector<std::string> words) {
@@ -184,8 +171,8 @@ Arguments Parser::Take(const std::function<std::wstring(const std::wstring&)>& f
         m_arguments.paths.push_back(full(path));
     }
     m_arguments.changes = m_options.Changes(fullPath);
-    if (m_arguments.command == Command::Set && m_arguments.changes.IsEmpty()) {
-        throw CLI::ValidationError("set wants to be told what to change; scvsched set --help names it",
+    if (m_arguments.subcommand->takes == Takes::Changes && m_arguments.changes.IsEmpty()) {
+        throw CLI::ValidationError("set needs at least one change; scvsched set --help names them",
                                    CLI::ExitCodes::ValidationError);
     }
     return std::move(m_arguments);
@@ -193,10 +180,10 @@ Arguments Parser::Take(const std::function<std::wstring(const std::wstring&)>& f
 
 }  // namespace
 
-ParsedCommandLine ParseArguments(std::vector<std::string> words,
+ParsedCommandLine ParseArguments(std::span<const Subcommand> table, std::vector<std::string> words,
                                  const std::function<std::wstring(const std::wstring&)>& fullPath,
                                  const std::string& version) {
-    Parser parser(version);
+    Parser parser(table, version);
     try {
         parser.Parse(std::move(words));
         return {parser.Take(fullPath), {}, kFine};

@@ -3,16 +3,16 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
-#include "cli/commands/TaskChanges.h"
-
-enum class Command { List, Next, Check, Pass, Watch, Add, Remove, Enable, Disable, Set, Run, Export, Import };
+#include "cli/options/Subcommand.h"
+#include "cli/options/TaskChanges.h"
 
 // What the command line asks for.
 struct Arguments {
-    Command command = Command::List;
+    const Subcommand* subcommand = nullptr;
     std::wstring list;  // full path; empty: the window program's list
     bool json = false;
     std::optional<std::int64_t> at;   // seconds since 1970
@@ -32,7 +32,7 @@ struct ParsedCommandLine {
 };
 
 // `words` are the arguments in UTF-8, without the program's own name; `fullPath` makes the full path of a
-// file as the user names it, `version` is what --version shows.
+// file as the user names it, `version` is what --version shows. The table has to outlive the arguments.
 [[nodiscard]] ParsedCommandLine ParseArguments(
-    std::vector<std::string> words, const std::function<std::wstring(const std::wstring&)>& fullPath,
-    const std::string& version = {});
+    std::span<const Subcommand> table, std::vector<std::string> words,
+    const std::function<std::wstring(const std::wstring&)>& fullPath, const std::string& version = {});

@@ -10,8 +10,12 @@
 
 namespace {
 
-// The last instant that the list file tells from later ones is one less.
+// First instant that the file cannot tell from later ones (2038-01-19 03:14:07 UTC).
 constexpr std::int64_t kTimesEnd = std::numeric_limits<std::int32_t>::max();
+
+// Groups of options in help.
+constexpr const char* kWhen = "When";
+constexpr const char* kCommands = "What the extraction program is told to do";
 
 std::optional<std::vector<const TaskDay*>> ParseDays(const std::string& text) {
     std::vector<const TaskDay*> days;
@@ -64,12 +68,11 @@ std::string WrongFile(const std::string& text) {
     return text.empty() ? "a file is missing" : std::string();
 }
 
-// In help an option shows `type`; `whatIsWrong` answers a sentence, empty when nothing is.
-void Shape(CLI::Option* option, const char* group, const char* type,
-           std::string (*whatIsWrong)(const std::string&)) {
-    option->check(CLI::Validator([whatIsWrong](const std::string& text) { return whatIsWrong(text); }, ""))
-        ->type_name(type)
-        ->group(group);
+// Throws when the text of the option is not as it should be.
+CLI::Option* AddChecked(CLI::App& command, const std::string& name, std::string& text, const char* help,
+                        std::string (*whatIsWrong)(const std::string&)) {
+    return command.add_option(name, text, help)
+        ->check(CLI::Validator([whatIsWrong](const std::string& given) { return whatIsWrong(given); }, ""));
 }
 
 void RequireOneOf(bool on, bool off, const std::string& name) {
@@ -81,28 +84,37 @@ void RequireOneOf(bool on, bool off, const std::string& name) {
 
 }  // namespace
 
-// The options that begin with "--no-" are not listed: help tells of them all in one sentence.
+// The options that begin with "--no-" are not listed: help explains them all in one sentence.
 void CEditOptions::AddTo(CLI::App& command) {
-    constexpr const char* kWhen = "When";
-    Shape(command.add_option("--start", m_start,
-                             "The first run, and the time of day of weekly and monthly ones"),
-          kWhen, "TIME", WrongStart);
-    Shape(command.add_option("--days", m_days, "The weekdays, such as mon,thu"), kWhen, "DAYS", WrongDays);
+    const struct {
+        const char* name;
+        const char* type;
+        const char* help;
+        std::string& text;
+        std::string (*whatIsWrong)(const std::string&);
+    } timing[] = {
+        {"--start", "TIME", "The first run, and the time of day of weekly and monthly ones", m_start,
+         WrongStart},
+        {"--days", "DAYS", "The weekdays, such as mon,thu", m_days, WrongDays},
+        {"--every", "INTERVAL", "Again after so long, such as 90m or 2h", m_every, WrongEvery},
+        {"--until", "HH:MM", "The time of day after which --every starts nothing, such as 18:00", m_until,
+         WrongTimeOfDay},
+    };
+    for (const auto& row : timing) {
+        AddChecked(command, row.name, row.text, row.help, row.whatIsWrong)->type_name(row.type)->group(kWhen);
+    }
     command.add_flag("--monthly", m_monthly, "On day 1 of each month")->group(kWhen);
-    Shape(command.add_option("--every", m_every, "Again after so long, such as 90m or 2h"), kWhen, "INTERVAL",
-          WrongEvery);
-    Shape(command.add_option("--until", m_until,
-                             "The time of day after which --every starts nothing, such as 18:00"),
-          kWhen, "HH:MM", WrongTimeOfDay);
     AddCommands(command);
-    command.add_flag("--no-days", m_noDays)->group("");
-    command.add_flag("--no-monthly", m_noMonthly)->group("");
-    command.add_flag("--no-every", m_noEvery)->group("");
-    command.add_flag("--no-export-file", m_noExportFile)->group("");
+    const std::pair<const char*, bool&> opposites[] = {{"--no-days", m_noDays},
+                                                       {"--no-monthly", m_noMonthly},
+                                                       {"--no-every", m_noEvery},
+                                                       {"--no-export-file", m_noExportFile}};
+    for (const auto& [name, given] : opposites) {
+        command.add_flag(name, given)->group("");
+    }
 }
 
 void CEditOptions::AddCommands(CLI::App& command) {
-    constexpr const char* kCommands = "What the extraction program is told to do";
     for (std::size_t i = 0; i < kCount; ++i) {
         const TaskCommand& entry = kTaskCommands[i];
         if (*entry.help == '\0') {
@@ -110,34 +122,32 @@ void CEditOptions::AddCommands(CLI::App& command) {
         }
         const std::string name = std::string("--") + entry.name;
         if (entry.value == TaskCommand::Value::File) {
-            Shape(command.add_option(name, m_files[i], entry.help), kCommands, "FILE", WrongFile);
+            AddChecked(command, name, m_files[i], entry.help, WrongFile)->type_name("FILE")->group(kCommands);
         } else {
             command.add_flag(name, m_on[i], entry.help)->group(kCommands);
         }
         command.add_flag(std::string("--no-") + entry.name, m_off[i])->group("");
-        if (entry.flag == &CSCVShchedulerTask::m_bImportInputValues) {
-            command.add_option("--element-name", m_elementName, "The name of the input element")
-                ->each([this](const std::string&) { m_hasElementName = true; })
-                ->group(kCommands);
-            command.add_option("--element-id", m_elementId, "The id of the input element")
-                ->each([this](const std::string&) { m_hasElementId = true; })
-                ->group(kCommands);
-        } else if (entry.flag == &CSCVShchedulerTask::m_bExportResults) {
-            Shape(command.add_option("--export-file", m_exportFile, "Export results into this new file"),
-                  kCommands, "FILE", WrongFile);
-        }
     }
+    command.add_option("--element-name", m_elementName, "The name of the input element")
+        ->each([this](const std::string&) { m_hasElementName = true; })
+        ->group(kCommands);
+    command.add_option("--element-id", m_elementId, "The id of the input element")
+        ->each([this](const std::string&) { m_hasElementId = true; })
+        ->group(kCommands);
+    AddChecked(command, "--export-file", m_exportFile, "Export results into this new file", WrongFile)
+        ->type_name("FILE")
+        ->group(kCommands);
 }
 
 void CEditOptions::AddDisabled(CLI::App& command) {
-    command.add_flag("--disabled", m_disabled, "List it without running it")->group("When");
+    command.add_flag("--disabled", m_disabled, "List it without running it")->group(kWhen);
 }
 
 void CEditOptions::AddResetLastRun(CLI::App& command) {
     command
         .add_flag("--reset-last-run", m_resetLastRun,
                   "Forget the last run, so that a task without repeats runs again")
-        ->group("When");
+        ->group(kWhen);
 }
 
 TaskChanges CEditOptions::Changes(const std::function<std::wstring(const std::wstring&)>& fullPath) const {
@@ -149,6 +159,17 @@ TaskChanges CEditOptions::Changes(const std::function<std::wstring(const std::ws
     if (!m_start.empty()) {
         changes.start = ParseTime(m_start);
     }
+    if (!m_until.empty()) {
+        changes.until = ParseTimeOfDay(m_until);
+    }
+    changes.disabled = m_disabled;
+    changes.resetLastRun = m_resetLastRun;
+    TakeRepeat(changes);
+    TakeCommands(changes, fullPath);
+    return changes;
+}
+
+void CEditOptions::TakeRepeat(TaskChanges& changes) const {
     if (m_noDays || !m_days.empty()) {
         changes.days = ParseDays(m_days);
     }
@@ -160,17 +181,20 @@ TaskChanges CEditOptions::Changes(const std::function<std::wstring(const std::ws
     } else if (!m_every.empty()) {
         changes.every = ParseEvery(m_every);
     }
-    if (!m_until.empty()) {
-        changes.until = ParseTimeOfDay(m_until);
-    }
+}
+
+void CEditOptions::TakeCommands(TaskChanges& changes,
+                                const std::function<std::wstring(const std::wstring&)>& fullPath) const {
+    const auto full = [&](const std::string& file) {
+        return file.empty() ? std::wstring() : fullPath(FromUtf8(file));
+    };
     for (std::size_t i = 0; i < kCount; ++i) {
-        std::wstring file = m_files[i].empty() ? std::wstring() : fullPath(FromUtf8(m_files[i]));
-        if (kTaskCommands[i].flag == &CSCVShchedulerTask::m_bExportResults && !m_exportFile.empty()) {
-            file = fullPath(FromUtf8(m_exportFile));
-        }
-        RequireOneOf(m_on[i] || !file.empty(), m_off[i], kTaskCommands[i].name);
-        if (m_on[i] || m_off[i] || !file.empty()) {
-            changes.commands.push_back({&kTaskCommands[i], !m_off[i], std::move(file)});
+        const bool exports = kTaskCommands[i].flag == &CSCVShchedulerTask::m_bExportResults;
+        const std::wstring file = full(exports ? m_exportFile : m_files[i]);
+        const bool isOn = m_on[i] || !file.empty();
+        RequireOneOf(isOn, m_off[i], kTaskCommands[i].name);
+        if (isOn || m_off[i]) {
+            changes.commands.push_back({&kTaskCommands[i], isOn, file});
         }
     }
     changes.noExportFile = m_noExportFile;
@@ -180,7 +204,4 @@ TaskChanges CEditOptions::Changes(const std::function<std::wstring(const std::ws
     if (m_hasElementId) {
         changes.elementId = FromUtf8(m_elementId);
     }
-    changes.disabled = m_disabled;
-    changes.resetLastRun = m_resetLastRun;
-    return changes;
 }

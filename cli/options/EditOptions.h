@@ -5,7 +5,7 @@
 #include <iterator>
 #include <string>
 
-#include "cli/commands/TaskChanges.h"
+#include "cli/options/TaskChanges.h"
 
 namespace CLI {
 class App;
@@ -20,7 +20,7 @@ public:
     void AddDisabled(CLI::App& command);
     void AddResetLastRun(CLI::App& command);
 
-    // What was given; raises the parser's error when it contradicts itself. `fullPath` makes the full path of
+    // What was given; throws the parser's error when it contradicts itself. `fullPath` makes the full path of
     // a file as the user names it.
     [[nodiscard]] TaskChanges Changes(const std::function<std::wstring(const std::wstring&)>& fullPath) const;
 
@@ -28,6 +28,9 @@ private:
     static constexpr std::size_t kCount = std::size(kTaskCommands);
 
     void AddCommands(CLI::App& command);
+    void TakeRepeat(TaskChanges& changes) const;
+    void TakeCommands(TaskChanges& changes,
+                      const std::function<std::wstring(const std::wstring&)>& fullPath) const;
 
     std::string m_start, m_days, m_every, m_until, m_exportFile, m_elementName, m_elementId;
     bool m_noDays = false, m_monthly = false, m_noMonthly = false, m_noEvery = false;

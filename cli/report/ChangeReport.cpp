@@ -1,55 +1,55 @@
 #include "cli/report/ChangeReport.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
-#include <ostream>
 #include <string_view>
 
-#include "cli/commands/Context.h"
 #include "cli/report/JsonReport.h"
 #include "cli/report/TaskReport.h"
+#include "cli/report/Text.h"
 #include "core/schedule/TimeText.h"
 #include "core/task/SCVShchedulerTask.h"
-#include "util/Utf8.h"
-
-namespace {
-
-std::string ChangeAsText(const char* change, const CSCVShchedulerTask& task) {
-    return std::string_view(change) == kRunChange
-               ? LaunchAsText(task)
-               : std::string(change) + "  " + ToUtf8(task.m_strProjectPath);
-}
-
-}  // namespace
 
 std::string LaunchAsText(const CSCVShchedulerTask& task) {
-    return FormatSecond(task.m_tLastRunTime) + "  " + ToUtf8(task.m_strProjectPath) + "  " +
-           ToUtf8(task.m_strLastRunResult);
+    return Join(FormatSecond(task.m_tLastRunTime), "  ", task.m_strProjectPath, "  ",
+                task.m_strLastRunResult);
 }
 
-std::string ChangeAsJson(const char* change, CSCVShchedulerTask& task, std::int64_t now) {
+Json ChangeAsJson(std::string_view change, CSCVShchedulerTask& task, std::int64_t now) {
     Json json;
     json["change"] = change;
     json["task"] = TaskAsJson(ReportTask(task, now, 1), false);
-    return json.dump();
+    return json;
 }
 
-void CChangeReport::AddGone(const char* change, CSCVShchedulerTask& task, std::int64_t now) {
-    m_changes.push_back({change, nullptr, ChangeAsText(change, task), ChangeAsJson(change, task, now)});
+void CChangeReport::AddRemoved(CSCVShchedulerTask& task, std::int64_t now) {
+    constexpr std::string_view kRemoved = "removed";
+    m_changes.push_back({kRemoved, nullptr, task.m_strProjectPath,
+                         std::make_shared<const Json>(ChangeAsJson(kRemoved, task, now))});
 }
 
-void CChangeReport::Write(const Context& context, std::int64_t now, bool json) const {
-    Json report = ReportHead(context.list, now);
-    report["changes"] = Json::array();
-    for (const Change& change : m_changes) {
-        if (!json) {
-            context.out << (change.task == nullptr ? change.text : ChangeAsText(change.change, *change.task))
-                        << '\n';
-            continue;
-        }
-        report["changes"].push_back(Json::parse(
-            change.task == nullptr ? change.json : ChangeAsJson(change.change, *change.task, now)));
-    }
+bool CChangeReport::HasLaunches() const {
+    return std::any_of(m_changes.begin(), m_changes.end(),
+                       [](const Change& change) { return change.name == kLaunched; });
+}
+
+std::string CChangeReport::Write(const std::wstring& list, std::int64_t now, bool json) const {
     if (json) {
-        context.out << DumpJson(report) << '\n';
+        Json report = ReportHead(list, now);
+        report["changes"] = Json::array();
+        for (const Change& change : m_changes) {
+            report["changes"].push_back(change.json ? *change.json
+                                                    : ChangeAsJson(change.name, *change.task, now));
+        }
+        return DumpJson(report) + '\n';
     }
+    std::string text;
+    for (const Change& change : m_changes) {
+        text += change.name == kLaunched
+                    ? LaunchAsText(*change.task)
+                    : Join(change.name, "  ",
+                           change.task == nullptr ? change.project : change.task->m_strProjectPath);
+        text += '\n';
+    }
+    return text;
 }

@@ -1,37 +1,43 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
-class CSCVShchedulerTask;
-struct Context;
+#include "cli/report/Json.h"
 
-// The change that a launch is.
-inline constexpr const char* kRunChange = "run";
+class CSCVShchedulerTask;
+
+// Change name under which a launch is reported.
+inline constexpr std::string_view kLaunched = "run";
 
 // One launch as a line for people: when, what and with which result.
 [[nodiscard]] std::string LaunchAsText(const CSCVShchedulerTask& task);
-// {"change": ..., "task": {...}} in one line.
-[[nodiscard]] std::string ChangeAsJson(const char* change, CSCVShchedulerTask& task, std::int64_t now);
+// {"change": ..., "task": {...}}
+[[nodiscard]] Json ChangeAsJson(std::string_view change, CSCVShchedulerTask& task, std::int64_t now);
 
-// What a command has done to tasks, one entry a task.
+// What a subcommand has done to tasks, one entry a task.
 class CChangeReport {
 public:
-    // The task is told of as it is when the report is written, and has to live until then.
-    void Add(const char* change, CSCVShchedulerTask& task) { m_changes.push_back({change, &task, {}, {}}); }
-    // A task that goes before that.
-    void AddGone(const char* change, CSCVShchedulerTask& task, std::int64_t now);
+    // Keeps a pointer: Write() shows the task's state then, so it must still exist.
+    void Add(std::string_view change, CSCVShchedulerTask& task) {
+        m_changes.push_back({change, &task, {}, {}});
+    }
+    // For a task that is deleted before Write().
+    void AddRemoved(CSCVShchedulerTask& task, std::int64_t now);
 
-    // One object with all changes, or a line for each.
-    void Write(const Context& context, std::int64_t now, bool json) const;
+    [[nodiscard]] bool HasLaunches() const;
+    // One object with all changes, or a line for each; empty without changes and `json`.
+    [[nodiscard]] std::string Write(const std::wstring& list, std::int64_t now, bool json) const;
 
 private:
     struct Change {
-        const char* change;
-        CSCVShchedulerTask* task;  // null once it is gone; then the two below are what is told of it
-        std::string text;
-        std::string json;
+        std::string_view name;
+        CSCVShchedulerTask* task;  // null once it is removed; the two below describe it then
+        std::wstring project;
+        std::shared_ptr<const Json> json;
     };
     std::vector<Change> m_changes;
 };

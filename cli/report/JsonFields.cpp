@@ -4,7 +4,7 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
-#include "cli/commands/Refusal.h"
+#include "cli/report/Refusal.h"
 #include "core/schedule/TimeText.h"
 #include "util/Utf8.h"
 

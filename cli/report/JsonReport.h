@@ -4,20 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "core/check/Check.h"
 #include "cli/report/Json.h"
 #include "cli/report/TaskReport.h"
+#include "core/check/Check.h"
 
-// Reports for programs: one JSON object in UTF-8, times as seconds since 1970. A lone surrogate, which JSON's
-// encoding cannot hold, becomes U+FFFD.
+// Reports for programs: one JSON object in UTF-8, times as seconds since 1970.
 
 // Throughout the reports a task looks like this. With `runs`, it carries the array of its next runs.
 [[nodiscard]] Json TaskAsJson(const TaskReport& report, bool runs);
 [[nodiscard]] Json DaysAsJson(const CSCVShchedulerTask& task);
-// A report's first fields: which list, and seen from when.
-[[nodiscard]] Json ReportHead(const std::wstring& list, std::int64_t now);
-// A whole report as text.
-[[nodiscard]] std::string DumpJson(const Json& json);
 
 // With `runs`, each task carries the array of its next runs.
 [[nodiscard]] std::string TasksAsJson(const std::wstring& list, std::int64_t now,

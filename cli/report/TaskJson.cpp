@@ -6,11 +6,11 @@
 
 #include "cli/report/JsonFields.h"
 #include "cli/report/JsonReport.h"
-#include "cli/commands/Refusal.h"
+#include "cli/report/Refusal.h"
 #include "core/list/Storable.h"
+#include "core/task/NewProject.h"
 #include "core/task/TaskCommands.h"
 #include "core/task/TaskDays.h"
-#include "core/task/NewProject.h"
 #include "util/Utf8.h"
 
 namespace {

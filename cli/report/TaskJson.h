@@ -11,10 +11,10 @@ class CSCVShchedulerTask;
 
 [[nodiscard]] Json ExportTask(const CSCVShchedulerTask& task);
 
-// The project of such an object; raises as ImportTask does.
+// The project of such an object; throws as ImportTask does.
 [[nodiscard]] std::wstring ImportedProject(const Json& json, const std::string& where);
 
-// Fills in a new task of that project. What the object does not say stays as a new project has it. Raises
+// Fills in a new task of that project. What the object does not say stays as a new project has it. Throws
 // CRefusal, with the task half filled, for what is missing, unknown, of another type or out of range; `where`
 // is the object's place in the text, for its sentence.
 void ImportTask(const Json& json, const std::string& where, CSCVShchedulerTask& task);

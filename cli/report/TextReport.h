@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "core/check/Check.h"
 #include "cli/report/TaskReport.h"
+#include "core/check/Check.h"
 
 // Reports for people, in UTF-8. Nothing is cut off: what is wider than its column goes on in the next line.
 

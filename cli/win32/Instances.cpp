@@ -19,7 +19,7 @@ bool IsConsoleLaunching() {
 }
 
 // None when another console keeps it.
-COwnedMutex TakeEditMutex() {
+COwnedMutex TryTakeEditMutex() {
     CKernelHandle mutex(CreateMutexW(nullptr, FALSE, kEditMutex));
     // A console that was killed leaves it abandoned, and the list file is whole at any time.
     const DWORD wait = mutex ? WaitForSingleObject(mutex.Get(), kEditMilliseconds) : WAIT_FAILED;
@@ -41,11 +41,11 @@ constexpr const char* kEdited = "another scvsched is editing tasks; wait for it 
 
 }  // namespace
 
-std::string CInstances::WhyNotToLaunch() {
+std::string CInstances::TryClaimLaunching() {
     if (m_claim) {
         return IsWindowProgramRunning() ? WhoHoldsTasks() : std::string();
     }
-    const COwnedMutex edit = TakeEditMutex();
+    const COwnedMutex edit = TryTakeEditMutex();
     std::string who = edit ? WhoHoldsTasks() : kEdited;
     if (who.empty()) {
         m_claim = CKernelHandle(CreateMutexW(nullptr, FALSE, kLaunchClaim));
@@ -53,7 +53,7 @@ std::string CInstances::WhyNotToLaunch() {
     return who;
 }
 
-std::string CInstances::WhyNotToEdit() {
-    m_edit = TakeEditMutex();
+std::string CInstances::TryClaimEditing() {
+    m_edit = TryTakeEditMutex();
     return m_edit ? WhoHoldsTasks() : kEdited;
 }

@@ -20,12 +20,12 @@ using COwnedMutex = CUniqueHandle<OwnedMutexPolicy>;
 // twice, and one that holds the tasks in memory would save them over what another has edited.
 class CInstances {
 public:
-    // A sentence that says who runs tasks already, or an empty text; then this process counts as the one
-    // console that does until the object goes. Waits for a console that is editing.
-    [[nodiscard]] std::string WhyNotToLaunch();
-    // The same for who has the tasks in memory; then no other console edits, and none begins to launch, until
-    // the object goes.
-    [[nodiscard]] std::string WhyNotToEdit();
+    // Makes this process the one console that launches until the object is destroyed. Returns an empty text,
+    // or a sentence that says who launches already. Waits for a console that is editing.
+    [[nodiscard]] std::string TryClaimLaunching();
+    // Until the object is destroyed no other console edits, and none begins to launch. Returns an empty text,
+    // or a sentence that says who has the tasks in memory.
+    [[nodiscard]] std::string TryClaimEditing();
 
 private:
     CKernelHandle m_claim;  // the launching console's named mutex: its existence counts

@@ -5,9 +5,9 @@
 #include <exception>
 #include <iostream>
 
-#include "cli/commands/Commands.h"
-#include "cli/commands/ExitCode.h"
-#include "cli/options/Arguments.h"
+#include "cli/commands/Passes.h"
+#include "cli/commands/Subcommands.h"
+#include "cli/report/Refusal.h"
 #include "cli/win32/Console.h"
 #include "cli/win32/Instances.h"
 #include "core/list/TaskListPath.h"
@@ -58,7 +58,7 @@ int Run(int argc, wchar_t** argv) {
     }
     const CConsole console;
     const ParsedCommandLine parsed =
-        ParseArguments(std::move(words), FullPath, ToUtf8(GetFileVersionString()));
+        ParseArguments(Subcommands(), std::move(words), FullPath, ToUtf8(GetFileVersionString()));
     if (!parsed.arguments) {
         if (parsed.exitCode == kFine) {
             std::cout << parsed.message;
@@ -68,31 +68,30 @@ int Run(int argc, wchar_t** argv) {
         return parsed.exitCode;
     }
     const Arguments& arguments = *parsed.arguments;
-    if (arguments.command == Command::Watch) {
+    if (arguments.subcommand->handler == Watch) {
         CConsole::CatchStop();
     }
 
     CSystemClock clock;
     CWindowsFileSystem files;
     CWindowsShell shell;
-    const CPlatform platform{clock, files, shell};
     CInstances instances;
-    const Context context{platform,
-                          arguments.list.empty() ? DefaultList() : arguments.list,
-                          std::cin,
-                          std::cout,
-                          std::cerr,
-                          CConsole::Width(),
-                          [&instances] { return instances.WhyNotToLaunch(); },
-                          [&] {
-                              std::string why = instances.WhyNotToEdit();
-                              if (why.empty() && arguments.list.empty()) {
-                                  SettleDefaultList(files);
-                              }
-                              return why;
-                          },
-                          CConsole::WaitForStop};
-    return RunCommand(arguments, context);
+    const auto tryClaimEditing = [&] {
+        std::string why = instances.TryClaimEditing();
+        if (why.empty() && arguments.list.empty()) {
+            SettleDefaultList(files);
+        }
+        return why;
+    };
+    return RunSubcommand(arguments, {.platform = {clock, files, shell},
+                                     .list = arguments.list.empty() ? DefaultList() : arguments.list,
+                                     .in = std::cin,
+                                     .out = std::cout,
+                                     .err = std::cerr,
+                                     .width = CConsole::Width(),
+                                     .tryClaimLaunching = [&] { return instances.TryClaimLaunching(); },
+                                     .tryClaimEditing = tryClaimEditing,
+                                     .waitForStop = CConsole::WaitForStop});
 }
 
 }  // namespace

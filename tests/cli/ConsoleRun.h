@@ -7,8 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "cli/commands/Subcommands.h"
 #include "cli/options/Arguments.h"
-#include "cli/commands/Commands.h"
+#include "cli/report/Refusal.h"
 #include "core/platform/LocalTime.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
@@ -35,16 +36,17 @@ protected:
         return path.find(L':') == std::wstring::npos ? L"C:\\w\\" + path : path;
     }
 
-    // The exit code; what was told is in `out` and `err` then.
+    // The exit code; the texts are in `out` and `err` then.
     int Run(const std::string& line) {
         out.str("");
         err.str("");
-        const ParsedCommandLine parsed = ParseArguments(Words("--list C:\\l.ini " + line), FullPath);
+        const ParsedCommandLine parsed =
+            ParseArguments(Subcommands(), Words("--list C:\\l.ini " + line), FullPath);
         if (!parsed.arguments) {
             (parsed.exitCode == 0 ? out : err) << parsed.message;
             return parsed.exitCode;
         }
-        return RunCommand(*parsed.arguments, context);
+        return RunSubcommand(*parsed.arguments, context);
     }
 
     const std::wstring kList = L"C:\\l.ini";
@@ -54,21 +56,22 @@ protected:
     const CPlatform platform{clock, files, shell};
     std::istringstream in;
     std::ostringstream out, err;
-    std::string whyNot;
+    std::string whyNotLaunch, whyNotEdit;
     int ticks = 1;
     std::function<void()> onTick = [] {};
-    const Context context{platform,
-                          kList,
-                          in,
-                          out,
-                          err,
-                          80,
-                          [this] { return whyNot; },
-                          [this] { return whyNot; },
-                          [this](unsigned milliseconds) {
-                              EXPECT_EQ(milliseconds, 2000U);
-                              clock.now += 2;
-                              onTick();
-                              return --ticks == 0;
-                          }};
+    const Context context{.platform = platform,
+                          .list = kList,
+                          .in = in,
+                          .out = out,
+                          .err = err,
+                          .width = 80,
+                          .tryClaimLaunching = [this] { return whyNotLaunch; },
+                          .tryClaimEditing = [this] { return whyNotEdit; },
+                          .waitForStop =
+                              [this](unsigned milliseconds) {
+                                  EXPECT_EQ(milliseconds, 2000U);
+                                  clock.now += 2;
+                                  onTick();
+                                  return --ticks == 0;
+                              }};
 };

@@ -4,10 +4,10 @@
 
 #include <nlohmann/json.hpp>
 
-#include "cli/commands/ExitCode.h"
-#include "core/task/TaskDays.h"
+#include "cli/report/Refusal.h"
 #include "core/schedule/TimeText.h"
 #include "core/task/SCVShchedulerTaskArray.h"
+#include "core/task/TaskDays.h"
 #include "tests/cli/ConsoleRun.h"
 #include "util/Utf8.h"
 
@@ -70,7 +70,7 @@ TEST_F(Edit, OptionsBecomeCommands) {
     }
 }
 
-TEST_F(Edit, OptionsBecomeTimesAndRepeats) {
+TEST_F(Edit, OptionsSetTimesAndRepeats) {
     const std::string fresh = "1 2024-06-03 10:05 | 1h until 23:59";
     EXPECT_EQ(Run("add b.oslpr"), kFine);
     EXPECT_EQ(Rule(b), fresh);
@@ -87,7 +87,7 @@ TEST_F(Edit, OptionsBecomeTimesAndRepeats) {
     EXPECT_EQ(Rule(b), fresh) << "what is not named stays";
 }
 
-TEST_F(Edit, SwitchingRemovingAndRunningTellWhatChanged) {
+TEST_F(Edit, ChangesAreReported) {
     const struct {
         const char* line;
         int exitCode;
@@ -122,7 +122,7 @@ TEST_F(Edit, SwitchingRemovingAndRunningTellWhatChanged) {
     EXPECT_EQ(Find(b).m_tLastRunTime, 0);
 }
 
-TEST_F(Edit, WhatIsRefusedNamesTheFaultAndChangesNothing) {
+TEST_F(Edit, RefusalsNameTheFaultAndChangeNothing) {
     ASSERT_EQ(Run("add a.scvpr b.scvpr"), kFine);
     const std::string before = files.Bytes(kList);
     const std::pair<std::string, const char*> table[] = {
@@ -133,7 +133,7 @@ TEST_F(Edit, WhatIsRefusedNamesTheFaultAndChangesNothing) {
         {"add c.scvpr --add-urls a\"b.csv", "cannot keep add-urls 'C:\\w\\a\"b.csv'"},
         {"add c.scvpr --add-urls a\nb.csv", "control character"},
         {"add c.scvpr --add-urls " + std::string(1000, 'x'), "of which the list keeps 1023"},
-        {"add c.scvpr --import-values v.csv", "--import-values wants"},
+        {"add c.scvpr --import-values v.csv", "--import-values needs"},
         {"add c.scvpr --import-values v.csv --element-name p,q", "cannot keep"},
         {"add c.scvpr --element-name q", "--element-name and --element-id go with"},
         {"set a.scvpr none.scvpr --exit", "no task of the list has the project C:\\w\\none.scvpr"},
@@ -151,37 +151,75 @@ TEST_F(Edit, WhatIsRefusedNamesTheFaultAndChangesNothing) {
     }
 }
 
-TEST_F(Edit, NothingChangesWhileTheTasksAreInUseOrTheListIsNotToBeHad) {
+TEST_F(Edit, MissingListsAreMadeByAddAndImportOnly) {
     in.str("{\"tasks\": []}");
-    for (const std::string command :
-         {"add b.scvpr", "set a.scvpr --exit", "enable a.scvpr", "disable a.scvpr", "remove a.scvpr",
-          "run a.scvpr", "export e.json", "import"}) {
+    for (const char* line : {"set a.scvpr --exit", "enable a.scvpr", "disable a.scvpr", "remove a.scvpr",
+                             "run a.scvpr", "export e.json"}) {
+        EXPECT_EQ(Run(line), kNoList) << line;
+        EXPECT_FALSE(files.Has(kList)) << line;
+    }
+    for (const char* line : {"add b.scvpr", "import"}) {
         files.Remove(kList);
-        const bool makesAList = command.starts_with("add") || command == "import";
-        EXPECT_EQ(Run(command), makesAList ? kFine : kNoList) << command;
-        EXPECT_EQ(files.Has(kList), makesAList) << command;
+        EXPECT_EQ(Run(line), kFine) << line;
+        EXPECT_TRUE(files.Has(kList)) << line;
+    }
+}
 
-        ASSERT_EQ((files.Remove(kList), Run("add a.scvpr")), kFine);
-        const std::string before = files.Bytes(kList);
-        whyNot = "the window program runs";
-        in.seekg(0);
-        EXPECT_EQ(Run(command), kFindings) << command;
-        EXPECT_EQ(err.str(), "scvsched: the window program runs\n");
-        EXPECT_EQ(in.rdbuf()->in_avail() > 0, command != "import") << "read before anything is claimed";
-        whyNot.clear();
+TEST_F(Edit, EachSubcommandMakesItsOwnClaim) {
+    const struct {
+        const char* line;
+        const char* claim;
+    } table[] = {
+        {"list", ""},
+        {"next", ""},
+        {"check", ""},
+        {"export", ""},
+        {"pass", "launching"},
+        {"watch", "launching"},
+        {"run a.scvpr", "launching"},
+        {"add b.scvpr", "editing"},
+        {"set a.scvpr --exit", "editing"},
+        {"enable a.scvpr", "editing"},
+        {"disable a.scvpr", "editing"},
+        {"remove a.scvpr", "editing"},
+        {"import", "editing"},
+    };
+    ASSERT_EQ(Run("add a.scvpr"), kFine);
+    const std::string before = files.Bytes(kList);
+    whyNotLaunch = "launching";
+    whyNotEdit = "editing";
+    for (const auto& row : table) {
+        in.clear();
+        in.str("{\"tasks\": []}");
+        const bool isRefused = *row.claim != '\0';
+        Run(row.line);
+        EXPECT_EQ(err.str(), isRefused ? std::string("scvsched: ") + row.claim + "\n" : "") << row.line;
+        EXPECT_EQ(files.Bytes(kList), before) << row.line;
+    }
+    EXPECT_LE(in.rdbuf()->in_avail(), 0) << "import reads its input before it claims anything";
+    EXPECT_TRUE(shell.starts.empty());
+}
+
+TEST_F(Edit, UnwritableListsAreExportedAndNotChanged) {
+    ASSERT_EQ(Run("add a.scvpr"), kFine);
+    const std::string before = files.Bytes(kList);
+    for (const char* line :
+         {"add b.scvpr", "set a.scvpr --no-exit", "disable a.scvpr", "remove a.scvpr", "run a.scvpr"}) {
         files.FailCalls(files.Calls() + 3, CFakeFileSystem::kForever);  // not IsReadOnly and the first read
-        if (!command.starts_with("export") && command != "import") {
-            EXPECT_EQ(Run(command), kFindings) << command;
-            EXPECT_THAT(err.str(), HasSubstr("could not be saved"));
-        }
+        EXPECT_EQ(Run(line), kFindings) << line;
+        EXPECT_THAT(err.str(), HasSubstr("could not be saved")) << line;
         files.FailCalls(CFakeFileSystem::kForever, CFakeFileSystem::kForever);
-        EXPECT_EQ(files.Bytes(kList), before) << command;
+        EXPECT_EQ(files.Bytes(kList), before) << line;
     }
     EXPECT_TRUE(shell.starts.empty()) << "nothing is launched from a list that cannot be locked";
     files.SetCapacity(0);
     EXPECT_EQ(Run("run a.scvpr"), kFindings);
     EXPECT_THAT(err.str(), HasSubstr("could not be saved"));
     EXPECT_THAT(out.str(), HasSubstr("Success")) << "it was launched all the same";
+    files.SetReadOnly(kList);
+    EXPECT_EQ(Run("disable a.scvpr"), kFindings);
+    EXPECT_THAT(err.str(), HasSubstr("is read-only"));
+    EXPECT_EQ(Run("export"), kFine) << err.str();
 }
 
 }  // namespace

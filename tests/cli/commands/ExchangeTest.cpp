@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "cli/commands/ExitCode.h"
+#include "cli/report/Refusal.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/cli/ConsoleRun.h"
 
@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(Exchange, WhatIsExportedComesBackWhole) {
+TEST_F(Exchange, ExportsComeBackWhole) {
     // Everything that a list may hold, as an older program or a hand has left it.
     files.Put(
         kList,
@@ -82,7 +82,7 @@ TEST_F(Exchange, AListedProjectIsReplacedOnlyWhenAsked) {
     EXPECT_EQ(tasks[2]->m_tStartTime, FromLocalTime(2026, 11, 23, 8, 0, 0));
 }
 
-TEST_F(Exchange, WhatIsWrongIsToldWithItsPlaceAndNothingIsImported) {
+TEST_F(Exchange, ErrorsNameTheirPlace) {
     const std::string good = R"({"project": "C:\\a.scvpr"})";
     const auto task = [&](const std::string& fields) {
         return R"({"tasks": [)" + good + R"(, {"project": "C:\\b.scvpr", )" + fields + "}]}";

@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "cli/commands/ExitCode.h"
+#include "cli/report/Refusal.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/cli/ConsoleRun.h"
 
@@ -20,7 +20,7 @@ protected:
     }
 };
 
-TEST_F(Passes, APassLaunchesWhatIsDueOnceAndAWatchGoesOn) {
+TEST_F(Passes, PassLaunchesOnceAndWatchGoesOn) {
     EXPECT_EQ(Run("pass"), kFine) << err.str();
     EXPECT_EQ(out.str(), "2024-06-03 10:00:00  C:\\due.scvpr  Success\n");
     EXPECT_EQ(Run("pass"), kFine);
@@ -30,12 +30,12 @@ TEST_F(Passes, APassLaunchesWhatIsDueOnceAndAWatchGoesOn) {
     EXPECT_EQ(Run("watch"), kFine);
     EXPECT_EQ(out.str(), "2024-06-03 10:05:00  C:\\later.scvpr  Success\n");
     ticks = 200;
-    onTick = [this] { whyNot = "the window program runs"; };
+    onTick = [this] { whyNotLaunch = "the window program runs"; };
     EXPECT_EQ(Run("watch"), kFindings) << "it gives way to a window that is opened meanwhile";
     EXPECT_EQ(ticks, 199);
 }
 
-TEST_F(Passes, JsonIsOneObjectForAPassAndALineForEachLaunchOfAWatch) {
+TEST_F(Passes, JsonIsAnObjectOrALineForEachLaunch) {
     shell.missing.insert(L"C:\\due.scvpr");
     EXPECT_EQ(Run("pass --json"), kFindings) << "a launch that failed";
     const auto pass = nlohmann::json::parse(out.str());
@@ -49,7 +49,7 @@ TEST_F(Passes, JsonIsOneObjectForAPassAndALineForEachLaunchOfAWatch) {
     EXPECT_EQ(nlohmann::json::parse(out.str())["task"]["project"], "C:\\later.scvpr");
 }
 
-TEST_F(Passes, WhatCannotBeRecordedOrIsInUseIsNotLaunched) {
+TEST_F(Passes, UnwritableOrUsedListsAreNotLaunched) {
     // The list becomes unwritable between the check before the pass and the save after the launch.
     files.SetCapacity(0);
     EXPECT_EQ(Run("pass"), kFindings);
@@ -57,7 +57,7 @@ TEST_F(Passes, WhatCannotBeRecordedOrIsInUseIsNotLaunched) {
     files.SetReadOnly(kList);
     EXPECT_EQ(Run("pass"), kFindings);
     EXPECT_NE(err.str().find("read-only"), std::string::npos);
-    whyNot = "the window program runs";
+    whyNotLaunch = "the window program runs";
     for (const char* command : {"pass", "watch"}) {
         EXPECT_EQ(Run(command), kFindings);
         EXPECT_EQ(err.str(), "scvsched: the window program runs\n");

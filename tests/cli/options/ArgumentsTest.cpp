@@ -2,20 +2,20 @@
 
 #include <gmock/gmock.h>
 
-#include "cli/commands/ExitCode.h"
+#include "cli/report/Refusal.h"
 #include "tests/cli/ConsoleRun.h"
 
 namespace {
 
 ParsedCommandLine Parse(const std::vector<std::string>& words) {
-    return ParseArguments(words, [](const std::wstring& path) { return L"F:\\" + path; });
+    return ParseArguments(Subcommands(), words, [](const std::wstring& path) { return L"F:\\" + path; });
 }
 
-TEST(Arguments, OptionsStandBeforeOrAfterTheCommandAndPathsAreMadeFull) {
+TEST(Arguments, OptionsStandAnywhereAndPathsAreFull) {
     const ParsedCommandLine next = Parse({"--list", "\xC3\xA4.ini", "next", "--at", "1711850400", "--count",
                                           "3", "a b.scvpr", "/c.scvpr", "--json"});
     ASSERT_TRUE(next.arguments) << next.message;
-    EXPECT_EQ(next.arguments->command, Command::Next);
+    EXPECT_STREQ(next.arguments->subcommand->name, "next");
     EXPECT_EQ(next.arguments->list, L"F:\\\u00e4.ini");
     EXPECT_EQ(next.arguments->at, 1711850400);
     EXPECT_EQ(next.arguments->count, 3);
@@ -23,7 +23,7 @@ TEST(Arguments, OptionsStandBeforeOrAfterTheCommandAndPathsAreMadeFull) {
     EXPECT_TRUE(next.arguments->json);
 }
 
-TEST(Arguments, WhatIsWrongIsNamedInOneLine) {
+TEST(Arguments, ErrorsAreOneLine) {
     const std::pair<const char*, const char*> wrong[] = {
         {"--json", "a command is missing"},
         {"lost --json", "'lost' is no command"},
@@ -38,7 +38,7 @@ TEST(Arguments, WhatIsWrongIsNamedInOneLine) {
         {"add a.scvpr --every 9999999999h", "--every: '9999999999h'"},
         {"add a.scvpr --every 2h --until 24:00", "--until: '24:00'"},
         {"add a.scvpr --add-urls ", "--add-urls: a file is missing"},
-        {"set a.scvpr", "what to change"},
+        {"set a.scvpr", "set needs at least one change"},
         {"set a.scvpr --exit --no-exit", "--exit and --no-exit exclude"},
         {"set a.scvpr --no-export-results --export-file f", "export-results"},
         {"run a.scvpr b.scvpr", "PATH"},
@@ -52,7 +52,7 @@ TEST(Arguments, WhatIsWrongIsNamedInOneLine) {
     }
 }
 
-TEST(Arguments, EveryCommandHelpsWithAnExampleThatIsRight) {
+TEST(Arguments, HelpShowsAnExampleThatParses) {
     for (const char* command : {"list", "next", "check", "pass", "watch", "add", "set", "enable", "disable",
                                 "remove", "run", "export", "import"}) {
         const std::string help = Parse({command, "--help"}).message;

@@ -28,7 +28,7 @@ protected:
     CSCVShchedulerTaskArray tasks;
 };
 
-TEST_F(Reports, TheTableFitsItsWidthAndLosesNothing) {
+TEST_F(Reports, TableFitsItsWidthAndLosesNothing) {
     const std::string text = TasksAsText(ReportTasks(tasks, {}, now, 1), 80);
     EXPECT_NE(text.find("yes C:\\p\\a.scvpr"), std::string::npos) << text;
     EXPECT_NE(text.find("2024-06-03 09:00  2024-06-05 09:00\n"), std::string::npos) << text;
@@ -53,7 +53,7 @@ TEST_F(Reports, TheTableFitsItsWidthAndLosesNothing) {
     EXPECT_NE(TasksAsText(ReportTasks(tasks, {}, now, 1), 80).find("cannot be told"), std::string::npos);
 }
 
-TEST_F(Reports, JsonHoldsEveryFieldAndRunsOnlyWhenAsked) {
+TEST_F(Reports, JsonHasEveryFieldAndRunsWhenAsked) {
     const std::vector<TaskReport> reports = ReportTasks(tasks, {}, now, 2);
     auto expected = nlohmann::json::parse(R"({
         "section": "SCVShchedulerTask1", "enabled": true, "project": "C:\\p\\a.scvpr",

@@ -8,12 +8,12 @@
 #include <thread>
 #include <vector>
 
-#include "cli/commands/ExitCode.h"
+#include "cli/report/Refusal.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
+#include "util/Utf8.h"
 #include "util/win32/Handle.h"
 #include "util/win32/ModulePath.h"
-#include "util/Utf8.h"
 
 namespace {
 
@@ -35,7 +35,7 @@ protected:
                       "CommandLine='\"C:\\none\\a.scvpr\" -s'\nStartTime=1711850400\n");
 };
 
-TEST_F(Scvsched, ReportsGoToStandardOutputAndErrorsAreOneLineOnStandardError) {
+TEST_F(Scvsched, ErrorsAreOneLineOnStandardError) {
     EXPECT_EQ(RunChild(kScvsched, L"--version").out, "scvsched " + ToUtf8(SCV_VERSION) + "\n");
     const ChildResult next = Run(L"--json next --at 1711850000 C:\\none\\A.scvpr");
     EXPECT_EQ(next.exitCode, kFine) << next.err;
@@ -53,7 +53,7 @@ TEST_F(Scvsched, ReportsGoToStandardOutputAndErrorsAreOneLineOnStandardError) {
     }
 }
 
-TEST_F(Scvsched, ThePassRecordsItsLaunchAndComesOnce) {
+TEST_F(Scvsched, PassRecordsItsLaunch) {
     const ChildResult first = Run(L"pass");
     EXPECT_EQ(first.exitCode, kFindings) << "the project is missing";
     EXPECT_NE(first.out.find("Failure: File does not exist"), std::string::npos) << first.out << first.err;
@@ -91,7 +91,7 @@ TEST_F(Scvsched, EditsMadeAtOnceAreAllKept) {
     EXPECT_EQ(nlohmann::json::parse(Run(L"export").out)["tasks"].size(), 1U + 3U * consoles.size());
 }
 
-TEST_F(Scvsched, NothingIsLaunchedOrEditedWhileTheWindowProgramOrAnotherConsoleDoes) {
+TEST_F(Scvsched, ClaimsOfOthersAreRespected) {
     const std::wstring remove = L"remove C:\\none\\a.scvpr";
     {
         const CKernelHandle event(CreateEventW(nullptr, TRUE, FALSE, L"SCVSchedulerApp"));

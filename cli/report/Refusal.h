@@ -3,9 +3,15 @@
 #include <stdexcept>
 #include <string>
 
-#include "cli/commands/ExitCode.h"
+// The process's exit code.
+enum ExitCode : int {
+    kFine = 0,
+    kFindings = 1,  // findings, failed launches, or a list that is in use or cannot be written
+    kUsage = 2,
+    kNoList = 3,  // the list file is missing or unreadable
+};
 
-// Why a command changes nothing: one sentence in UTF-8, and what the process answers.
+// Why a subcommand changes nothing: one sentence in UTF-8, and the exit code to end with.
 class CRefusal final : public std::runtime_error {
 public:
     explicit CRefusal(const std::string& sentence, ExitCode exitCode = kUsage)

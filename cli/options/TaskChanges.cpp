@@ -1,8 +1,8 @@
-#include "cli/commands/TaskChanges.h"
+#include "cli/options/TaskChanges.h"
 
 #include <algorithm>
 
-#include "cli/commands/Refusal.h"
+#include "cli/report/Refusal.h"
 #include "core/platform/LocalTime.h"
 
 namespace {
@@ -45,9 +45,21 @@ void TaskChanges::ApplyTo(CSCVShchedulerTask& task, std::int64_t now) const {
     if (disabled) {
         task.m_bEnable = 0;
     }
-    if (start) {
-        task.m_tStartTime = *start;
+    ApplyTimes(task);
+    ApplyRepeat(task, now);
+    ApplyCommands(task);
+    ApplyElement(task);
+}
+
+void TaskChanges::ApplyTimes(CSCVShchedulerTask& task) const {
+    task.m_tStartTime = start.value_or(task.m_tStartTime);
+    if (resetLastRun) {
+        task.m_tLastRunTime = 0;
+        task.m_strLastRunResult.clear();
     }
+}
+
+void TaskChanges::ApplyRepeat(CSCVShchedulerTask& task, std::int64_t now) const {
     if (days) {
         for (const TaskDay& day : kTaskDays) {
             task.*day.flag = std::find(days->begin(), days->end(), &day) == days->end() ? 0 : 1;
@@ -67,6 +79,9 @@ void TaskChanges::ApplyTo(CSCVShchedulerTask& task, std::int64_t now) const {
         Require(task.m_bEnableEvery != 0, "--until goes with a task that repeats --every so often");
         task.m_tUntilTime = InstantAt(*until, now);
     }
+}
+
+void TaskChanges::ApplyCommands(CSCVShchedulerTask& task) const {
     for (const Command& change : commands) {
         if (change.isOn) {
             change.command->SwitchOn(task, change.argument);
@@ -77,6 +92,9 @@ void TaskChanges::ApplyTo(CSCVShchedulerTask& task, std::int64_t now) const {
     if (noExportFile) {
         task.m_strExportFile.clear();
     }
+}
+
+void TaskChanges::ApplyElement(CSCVShchedulerTask& task) const {
     if (elementName || elementId) {
         Require(task.m_bImportInputValues != 0, "--element-name and --element-id go with --import-values");
         task.m_strInputElementName = elementName.value_or(task.m_strInputElementName);
@@ -84,9 +102,5 @@ void TaskChanges::ApplyTo(CSCVShchedulerTask& task, std::int64_t now) const {
     }
     Require(!ChangesCommands() || task.m_bImportInputValues == 0 || !task.m_strInputElementName.empty() ||
                 !task.m_strInputElementId.empty(),
-            "--import-values wants --element-name or --element-id");
-    if (resetLastRun) {
-        task.m_tLastRunTime = 0;
-        task.m_strLastRunResult.clear();
-    }
+            "--import-values needs --element-name or --element-id");
 }

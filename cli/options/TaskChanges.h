@@ -36,6 +36,12 @@ struct TaskChanges {
     [[nodiscard]] bool ChangesCommands() const;
     [[nodiscard]] bool SwitchesACommandOn() const;
 
-    // Raises CRefusal, with the task half changed, when the task would not do what is asked for.
+    // Throws CRefusal, with the task half changed, when the task would not do what is asked for.
     void ApplyTo(CSCVShchedulerTask& task, std::int64_t now) const;
+
+private:
+    void ApplyTimes(CSCVShchedulerTask& task) const;
+    void ApplyRepeat(CSCVShchedulerTask& task, std::int64_t now) const;
+    void ApplyCommands(CSCVShchedulerTask& task) const;
+    void ApplyElement(CSCVShchedulerTask& task) const;
 };

@@ -1,0 +1,143 @@
+#include "cli/commands/Subcommands.h"
+
+#include "cli/commands/Edit.h"
+#include "cli/commands/Exchange.h"
+#include "cli/commands/Looks.h"
+#include "cli/commands/Passes.h"
+#include "cli/report/Refusal.h"
+#include "core/platform/Clock.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+
+namespace {
+
+constexpr Subcommand kSubcommands[] = {
+    {.name = "list",
+     .help = "Show every task with its last and next run",
+     .example = "--json",
+     .handler = ListTasks},
+    {.name = "next",
+     .help = "Show when each task runs next",
+     .example = R"(--at 2026-11-23T08:00 --count 5 C:\projects\prices.scvpr)",
+     .takes = Takes::NextRuns,
+     .handler = ListNextRuns},
+    {.name = "check",
+     .help = "Find what will not work or will not survive",
+     .example = "",
+     .takes = Takes::Times,
+     .handler = CheckList},
+    {.name = "pass",
+     .help = "Launch what is due now, once",
+     .example = "",
+     .claim = Claim::Launching,
+     .handler = RunPass},
+    {.name = "watch",
+     .help = "Launch what is due, every two seconds until Ctrl+C",
+     .example = "",
+     .claim = Claim::Launching,
+     .handler = Watch},
+    {.name = "add",
+     .help =
+         "Add projects to the list. Without commands a task deletes its URLs and results, starts, exports "
+         "its results and closes the program; the first run is five minutes from now",
+     .example =
+         R"(C:\projects\prices.scvpr --start 2026-11-23T08:00 --days mon,thu --every 2h --until 18:00)",
+     .takes = Takes::NewTask,
+     .claim = Claim::Editing,
+     .makesList = true,
+     .handler = AddProjects},
+    {.name = "set",
+     .help = "Change listed tasks; what is not named stays",
+     .example = R"(C:\projects\prices.scvpr C:\projects\news.scvpr --no-every --add-urls more.csv)",
+     .takes = Takes::Changes,
+     .claim = Claim::Editing,
+     .handler = SetTasks},
+    {.name = "enable",
+     .help = "Let listed tasks run when they are due",
+     .example = R"(C:\projects\prices.scvpr)",
+     .takes = Takes::Projects,
+     .claim = Claim::Editing,
+     .handler = EnableTasks},
+    {.name = "disable",
+     .help = "Keep listed tasks from running",
+     .example = R"(C:\projects\prices.scvpr)",
+     .takes = Takes::Projects,
+     .claim = Claim::Editing,
+     .handler = DisableTasks},
+    {.name = "remove",
+     .help = "Take tasks out of the list",
+     .example = R"(C:\projects\prices.scvpr)",
+     .takes = Takes::Projects,
+     .claim = Claim::Editing,
+     .handler = RemoveTasks},
+    {.name = "run",
+     .help = "Run a listed project now, due or not, and note when and how it went",
+     .example = R"(C:\projects\prices.scvpr)",
+     .takes = Takes::OneProject,
+     .claim = Claim::Launching,
+     .handler = RunProject},
+    {.name = "export",
+     .help = "Write the whole list as JSON",
+     .example = "tasks.json",
+     .takes = Takes::OutFile,
+     .handler = ExportList},
+    {.name = "import",
+     .help =
+         "Add the tasks of what export has written. A task that says nothing but its project becomes what "
+         "add makes of it",
+     .example = "tasks.json --replace",
+     .takes = Takes::InFile,
+     .claim = Claim::Editing,
+     .makesList = true,
+     .handler = ImportList},
+};
+
+// Throws CRefusal when somebody else uses the tasks, or when no change could be recorded.
+void TryClaim(Claim claim, const Context& context) {
+    std::string why;
+    if (claim == Claim::Launching) {
+        why = context.tryClaimLaunching();
+    } else if (claim == Claim::Editing) {
+        why = context.tryClaimEditing();
+    }
+    if (why.empty() && claim != Claim::None && context.platform.files.IsReadOnly(context.list)) {
+        why = Join("the task list ", context.list, " is read-only, so nothing could be recorded");
+    }
+    if (!why.empty()) {
+        throw CRefusal(why, kFindings);
+    }
+}
+
+// Throws CRefusal when there is no list and the subcommand needs one.
+void LoadList(const Subcommand& subcommand, const Context& context, CSCVShchedulerTaskArray& tasks) {
+    const auto status = tasks.TryLoad(context.platform.files, context.list);
+    if (status == IFileSystem::Status::Missing) {
+        if (!subcommand.makesList) {
+            throw CRefusal(Join("the task list ", context.list, " does not exist"), kNoList);
+        }
+    } else if (status != IFileSystem::Status::Ok) {
+        throw CRefusal(Join("the task list ", context.list, " cannot be read"), kNoList);
+    }
+}
+
+}  // namespace
+
+std::span<const Subcommand> Subcommands() {
+    return kSubcommands;
+}
+
+int RunSubcommand(const Arguments& arguments, const Context& context) {
+    const Subcommand& subcommand = *arguments.subcommand;
+    try {
+        // Before anything is claimed: the input may be what another scvsched is about to export.
+        const std::string input =
+            subcommand.takes == Takes::InFile ? ReadImport(arguments.file, context) : std::string();
+        TryClaim(subcommand.claim, context);
+        CSCVShchedulerTaskArray tasks;
+        LoadList(subcommand, context, tasks);
+        const std::int64_t now = arguments.at.value_or(context.platform.clock.Now());
+        return subcommand.handler({arguments, context, tasks, now, input});
+    } catch (const CRefusal& refusal) {
+        context.Complain(refusal.what());
+        return refusal.Code();
+    }
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+
+struct Job;
+
+// What a subcommand claims for as long as it works.
+enum class Claim : std::uint8_t {
+    None,  // it only reads
+    Launching,
+    Editing,
+};
+
+// A group of options that a subcommand takes.
+enum class Takes : std::uint8_t {
+    Nothing,
+    Times,     // --at
+    NextRuns,  // --at, --count and projects
+    NewTask,   // projects and what the new tasks are to be
+    Changes,   // projects and what to change
+    Projects,  // projects
+    OneProject,
+    OutFile,  // a file to write
+    InFile,   // a file to read, and --replace
+};
+
+// A row of the table of subcommands (Subcommands.h).
+struct Subcommand {
+    const char* name;
+    const char* help;
+    const char* example;  // what follows the name
+    Takes takes = Takes::Nothing;
+    Claim claim = Claim::None;
+    bool makesList = false;  // a list that does not exist counts as an empty one
+    // Returns the exit code (Refusal.h); throws CRefusal.
+    int (*handler)(const Job& job) = nullptr;
+};
