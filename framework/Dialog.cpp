@@ -50,6 +50,16 @@ BOOL CDialog::Create(UINT templateId, CWnd* parent) {
     return window != nullptr && m_hWnd == window;
 }
 
+SIZE CDialog::TemplateClientSize() const {
+    HINSTANCE const module = GetModuleHandleW(nullptr);
+    const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(m_templateId), RT_DIALOG);
+    const auto* words = static_cast<const WORD*>(LockResource(LoadResource(module, resource)));
+    // The size in dialog units, where an extended template has it.
+    RECT rect{0, 0, words[11], words[12]};
+    MapDialogRect(m_hWnd, &rect);
+    return {rect.right, rect.bottom};
+}
+
 INT_PTR CDialog::DoModal() {
     const CWinApp* app = AfxGetApp();
     CWnd* parent = m_parent != nullptr || app == nullptr ? m_parent : app->m_pMainWnd;

@@ -35,6 +35,10 @@ public:
     BOOL PreTranslateMessage(MSG* message) override;
 
 protected:
+    // The client area that the template asks for, in pixels. The window may be smaller: the system makes none
+    // with a sizing border that is larger than the screen.
+    [[nodiscard]] SIZE TemplateClientSize() const;
+
     // Called with the window and its controls made. FALSE when the handler has set the focus itself.
     virtual BOOL OnInitDialog();
     // A control's notification `code`, or a menu command (code 0, no control). TRUE when handled.

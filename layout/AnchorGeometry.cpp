@@ -49,6 +49,13 @@ std::int32_t MinTrackSize(std::int32_t clientSize) {
     return static_cast<std::int32_t>(clientSize * 0.8);
 }
 
+Placement FitInto(const Edges& area, const Placement& window) {
+    const std::int32_t width = std::min(window.width, area.right - area.left);
+    const std::int32_t height = std::min(window.height, area.bottom - area.top);
+    return {std::clamp(window.x, area.left, area.right - width),
+            std::clamp(window.y, area.top, area.bottom - height), width, height};
+}
+
 Placement CorrectPlacement(Edges stored, std::int32_t screenWidth, std::int32_t screenHeight) {
     // Far enough from the corners that the window can be seen and taken hold of.
     constexpr std::int32_t kMargin = 100;

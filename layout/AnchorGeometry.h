@@ -49,6 +49,9 @@ struct Placement {
 // The smallest width or height to which a window may be dragged, from the client area's first one: 80 %, cut.
 [[nodiscard]] std::int32_t MinTrackSize(std::int32_t clientSize);
 
+// A window moved, and made smaller where it has to be, until it lies in this part of the screen.
+[[nodiscard]] Placement FitInto(const Edges& area, const Placement& window);
+
 // A stored window rectangle as it is used on a screen of this size: edges off the screen are replaced. A
 // right edge left of the left one is not corrected and gives a width that is not positive.
 [[nodiscard]] Placement CorrectPlacement(Edges stored, std::int32_t screenWidth, std::int32_t screenHeight);

@@ -12,6 +12,15 @@ Edges ToEdges(const RECT& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
+// Of the monitor that shows most of the rectangle.
+Edges WorkArea(const Placement& place) {
+    const RECT rect{place.x, place.y, place.x + place.width, place.y + place.height};
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &monitor);
+    return ToEdges(monitor.rcWork);
+}
+
 }  // namespace
 
 Edges CResizingDialog::ClientEdges() const {
@@ -83,8 +92,16 @@ void CResizingDialog::RestoreWindowPlacement(const wchar_t* section, const RECT*
     if (defaultRect == nullptr && stored == Edges{}) {
         return;
     }
-    const Placement place =
-        CorrectPlacement(stored, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+    if (IsZoomed(m_hWnd)) {
+        // It was hidden so. Placed anew it would be one of normal size that Windows takes for maximised.
+        SetWindowPos(m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
+        return;
+    }
+    Placement place = CorrectPlacement(stored, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
+    // As large as the system will make it.
+    place.width = std::max(place.width, m_nMinTrackWidth);
+    place.height = std::max(place.height, m_nMinTrackHeight);
+    place = FitInto(WorkArea(place), place);
     SetWindowPos(m_hWnd, HWND_TOP, place.x, place.y, place.width, place.height, SWP_SHOWWINDOW);
     if (maximized) {
         SendMessage(WM_SYSCOMMAND, SC_MAXIMIZE);
@@ -106,10 +123,30 @@ void CResizingDialog::SaveWindowPlacement(const wchar_t* section) const {
 
 BOOL CResizingDialog::OnInitDialog() {
     CDialog::OnInitDialog();
+    // Without WM_WINDOWPOSCHANGING, in whose processing the system limits the size once more.
+    const SIZE window = WindowSize(TemplateClientSize());
+    SetWindowPos(m_hWnd, nullptr, 0, 0, window.cx, window.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSENDCHANGING);
     const Edges client = ClientEdges();
     m_nMinTrackWidth = MinTrackSize(client.right - client.left);
     m_nMinTrackHeight = MinTrackSize(client.bottom - client.top);
     return TRUE;
+}
+
+SIZE CResizingDialog::WindowSize(SIZE client) const {
+    const RECT outer = GetWindowRect();
+    const RECT inner = GetClientRect();
+    return {client.cx + outer.right - outer.left - inner.right,
+            client.cy + outer.bottom - outer.top - inner.bottom};
+}
+
+void CResizingDialog::OpenWith(SIZE client) {
+    const RECT now = GetWindowRect();
+    const SIZE size = WindowSize(client);
+    const Edges area = WorkArea({now.left, now.top, now.right - now.left, now.bottom - now.top});
+    const Placement place = FitInto(area, {(area.left + area.right - size.cx) / 2,
+                                           (area.top + area.bottom - size.cy) / 2, size.cx, size.cy});
+    SetWindowPos(m_hWnd, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 LRESULT CResizingDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -11,7 +11,8 @@
 // than 80 % of its first client size, and which keeps its place on the screen in the application's settings.
 //
 // A derived dialog calls this OnInitDialog first and registers its controls afterwards, while they are where
-// the template puts them.
+// the template puts them. The client area is the template's until then, even where that is larger than the
+// screen. Whoever changes the size follows; see OpenWith.
 class CResizingDialog : public CDialog {
 public:
     explicit CResizingDialog(UINT templateId, CWnd* parent = nullptr) noexcept
@@ -39,7 +40,9 @@ public:
     void ArrangeControls();
 
     // Puts the window, shown, where SaveWindowPlacement found it under this section of the settings; where
-    // nothing was saved, at the default rectangle, and without one nothing happens. Screen coordinates.
+    // nothing was saved, at the default rectangle, and without one nothing happens. Screen coordinates. What
+    // was saved on another screen is fitted into the work area of this one. A window that is maximised
+    // already stays so.
     void RestoreWindowPlacement(const wchar_t* section, const RECT* defaultRect = nullptr);
     // Of a maximised window only that it is: the normal rectangle saved before stays for the next restore.
     void SaveWindowPlacement(const wchar_t* section) const;
@@ -51,6 +54,10 @@ protected:
     virtual void OnGetMinMaxInfo(MINMAXINFO* info);
 
     std::vector<stChildControl> m_arrChildControls;
+    // Centres the window in the work area with a client area of this size, or as much of it as there is room
+    // for: the size with which a dialog opens when it is not the template's.
+    void OpenWith(SIZE client);
+
     // Pixels. Taken from the client area and applied to the whole window, frame included; kept so on purpose.
     int m_nMinTrackWidth = 0;
     int m_nMinTrackHeight = 0;
@@ -59,4 +66,5 @@ private:
     [[nodiscard]] Edges ClientEdges() const;
     [[nodiscard]] Edges ControlEdges(HWND control) const;
     [[nodiscard]] stChildControl Measure(HWND control, UINT flags) const;
+    [[nodiscard]] SIZE WindowSize(SIZE client) const;
 };

@@ -1,4 +1,5 @@
 #pragma once
 
-// The test program's own resource: a dialog with nothing but two buttons.
+// The test program's own resources: dialogs with nothing but two buttons.
 #define IDD_TEST 9001
+#define IDD_LARGE 9002

@@ -2,6 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
+TEST(AnchorGeometry, WindowIsFittedIntoTheWorkArea) {
+    // Below a task bar of 40 pixels and right of another one of 60.
+    constexpr Edges area{60, 40, 1366, 768};
+    const std::tuple<const char*, Placement, Placement> cases[] = {
+        {"inside", {100, 100, 800, 600}, {100, 100, 800, 600}},
+        {"of its size", {60, 40, 1306, 728}, {60, 40, 1306, 728}},
+        {"off to the right and below", {1000, 700, 800, 600}, {566, 168, 800, 600}},
+        {"off to the left and above", {0, -500, 800, 600}, {60, 40, 800, 600}},
+        {"too wide", {300, 100, 1400, 600}, {60, 100, 1306, 600}},
+        {"too high", {300, 100, 800, 1000}, {300, 40, 800, 728}},
+    };
+    for (const auto& [label, window, fitted] : cases) {
+        EXPECT_EQ(FitInto(area, window), fitted) << label;
+    }
+}
+
 // How controls follow, MainDialogLayoutTest sees.
 TEST(AnchorGeometry, StoredPlacesStayOnTheScreen) {
     const std::pair<Edges, Placement> cases[] = {

@@ -47,6 +47,15 @@ void CProjectList::Initialise(CImageListHandle sortMarks) {
     }
 }
 
+int CProjectList::WidthFor(int lastColumn) const {
+    const RECT outer = GetWindowRect();
+    LRESULT width = outer.right - outer.left - GetClientRect().right + GetSystemMetrics(SM_CXVSCROLL);
+    for (int column = 0; column <= lastColumn; ++column) {
+        width += SendMessage(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column));
+    }
+    return static_cast<int>(width);
+}
+
 void CProjectList::Fill() {
     m_bFilling = true;
     SendMessage(WM_SETREDRAW, FALSE);

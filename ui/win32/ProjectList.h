@@ -23,6 +23,9 @@ public:
 
     // Sets up styles and columns; the control is bound by then. Without marks the headers show text only.
     void Initialise(CImageListHandle sortMarks);
+    // How wide the control has to be to show the columns up to this one beside a scroll bar, in pixels. To be
+    // called while it has no rows.
+    [[nodiscard]] int WidthFor(int lastColumn) const;
     // One unselected row for each task, in array order. True while that goes on: what the list view reports
     // meanwhile is no change by the user.
     void Fill();

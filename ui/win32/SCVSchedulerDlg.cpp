@@ -1,22 +1,24 @@
 #include "ui/win32/SCVSchedulerDlg.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
-#include "core/platform/Clock.h"
 #include "core/launch/ExtractionProgram.h"
-#include "core/platform/LocalTime.h"
 #include "core/launch/SchedulingPass.h"
+#include "core/platform/Clock.h"
+#include "core/platform/LocalTime.h"
 #include "core/platform/Shell.h"
 #include "framework/ExceptionBoundary.h"
 #include "framework/IconResource.h"
 #include "framework/WinApp.h"
 #include "ui/model/AddProjects.h"
+#include "ui/model/CellText.h"
 #include "ui/model/RowSelection.h"
-#include "ui/win32/SortMarks.h"
 #include "ui/model/StartUp.h"
-#include "ui/win32/StartupRegistration.h"
 #include "ui/resource.h"
+#include "ui/win32/SortMarks.h"
+#include "ui/win32/StartupRegistration.h"
 #include "util/win32/FileVersion.h"
 #include "util/win32/PopupMenu.h"
 
@@ -91,6 +93,7 @@ BOOL CSCVSchedulerDlg::OnInitDialog() {
     }
     RegisterControls();
     m_list.Initialise(LoadSortMarks());
+    SetOpeningSize();
     SetDlgItemText(IDC_PROGRAM_PATH, m_platform.shell.RegisteredProgram(kScrivaneKey));
 
     const CWinApp& app = *AfxGetApp();
@@ -143,6 +146,14 @@ void CSCVSchedulerDlg::RegisterControls() {
             AddControl(child, ANCHOR_TOP | ANCHOR_RIGHT);
         }
     }
+}
+
+// Wide enough for the list's columns as far as the next run, and without the room below the editor that keeps
+// the controls apart in the smallest window.
+void CSCVSchedulerDlg::SetOpeningSize() {
+    const RECT list = m_list.GetWindowRect();
+    const LONG missing = m_list.WidthFor(kNextRunTimeColumn) - (list.right - list.left);
+    OpenWith({GetClientRect().right + std::max(missing, 0L), m_nMinTrackHeight});
 }
 
 BOOL CSCVSchedulerDlg::PreTranslateMessage(MSG* message) {

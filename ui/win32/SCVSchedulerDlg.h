@@ -47,6 +47,7 @@ private:
     void SetIcons();
     bool CreateToolTips();
     void RegisterControls();
+    void SetOpeningSize();
     void OnShowWindow(bool show);
     void OnTimer();
     void OnLocalTimeChanged();
