@@ -7,10 +7,10 @@
 #include "framework/MessageBox.h"
 #include "framework/TextFile.h"
 #include "script/EditorText.h"
-#include "script/win32/ScriptControllerFactory.h"
-#include "script/win32/ScriptFunctionDlg.h"
 #include "script/ScriptLanguages.h"
 #include "script/resource.h"
+#include "script/win32/ScriptControllerFactory.h"
+#include "script/win32/ScriptFunctionDlg.h"
 #include "util/WhiteSpace.h"
 
 namespace {
@@ -218,42 +218,48 @@ BOOL CScriptDlg::PreTranslateMessage(MSG* message) {
 bool CScriptDlg::OnKey(const MSG& message) {
     switch (message.wParam) {
         case VK_TAB:
-            // With Shift it leaves the script, or a keyboard alone could not.
-            if (message.hwnd != m_script.m_hWnd || IsDown(VK_SHIFT) || IsDown(VK_CONTROL)) {
-                return false;
-            }
-            m_script.ReplaceSel(L"\t", true);
-            return true;
+            return OnTab(message.hwnd);
         case 'A':
-            if (message.hwnd != m_script.m_hWnd || !IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
-                return false;
-            }
-            m_script.SendMessage(EM_SETSEL, 0, -1);
-            UpdateCaret();
-            return true;
+            return OnSelectAll(message.hwnd);
         case VK_ESCAPE:
-            // Only this way out asks; the Cancel button and the close box do not.
-            if (!m_bModified) {
-                return false;
-            }
-            OnEscape();
-            return true;
+            return OnEscape();
         case VK_RETURN:
-            if (message.hwnd == m_functions.m_hWnd) {
-                PostMessage(WM_COMMAND, IDC_SCRIPT_INSERT);
-                return true;
-            }
-            if (message.hwnd == m_templates.m_hWnd) {
-                PostMessage(WM_COMMAND, ID_SCRIPT_TEMPLATE_ENTER);
-                return true;
-            }
-            return false;
+            return OnEnter(message.hwnd);
         default:
             return false;
     }
 }
 
-void CScriptDlg::OnEscape() {
+// With Shift the key leaves the script, or a keyboard alone could not.
+bool CScriptDlg::OnTab(HWND focus) const {
+    if (focus != m_script.m_hWnd || IsDown(VK_SHIFT) || IsDown(VK_CONTROL)) {
+        return false;
+    }
+    m_script.ReplaceSel(L"\t", true);
+    return true;
+}
+
+bool CScriptDlg::OnSelectAll(HWND focus) {
+    if (focus != m_script.m_hWnd || !IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
+        return false;
+    }
+    m_script.SendMessage(EM_SETSEL, 0, -1);
+    UpdateCaret();
+    return true;
+}
+
+bool CScriptDlg::OnEnter(HWND focus) const {
+    const int command = focus == m_functions.m_hWnd   ? IDC_SCRIPT_INSERT
+                        : focus == m_templates.m_hWnd ? ID_SCRIPT_TEMPLATE_ENTER
+                                                      : 0;
+    return command != 0 && PostMessage(WM_COMMAND, static_cast<WPARAM>(command));
+}
+
+// Only this way out asks about changes; the Cancel button and the close box do not.
+bool CScriptDlg::OnEscape() {
+    if (!m_bModified) {
+        return false;
+    }
     switch (AskToKeepChanges()) {
         case IDYES:
             OnOK();
@@ -264,6 +270,7 @@ void CScriptDlg::OnEscape() {
         default:
             break;
     }
+    return true;
 }
 
 void CScriptDlg::OnScriptChange() {

@@ -9,9 +9,9 @@
 #include "framework/Controls.h"
 #include "framework/GuiHandle.h"
 #include "layout/win32/ResizingDialog.h"
+#include "script/ScriptGenerator.h"
 #include "script/win32/IScriptController.h"
 #include "script/win32/ResourceScriptTexts.h"
-#include "script/ScriptGenerator.h"
 
 // The window in which a script is written, put together from templates, checked and tried out.
 class CScriptDlg : public CResizingDialog {
@@ -49,7 +49,10 @@ private:
     void UpdateCaret();
     [[nodiscard]] LRESULT CaretLine(DWORD selectionEnd) const;
     bool OnKey(const MSG& message);
-    void OnEscape();
+    bool OnTab(HWND focus) const;
+    bool OnSelectAll(HWND focus);
+    bool OnEnter(HWND focus) const;
+    bool OnEscape();
 
     // True unless the user wants to keep the script that is about to be replaced.
     bool MayReplaceScript();

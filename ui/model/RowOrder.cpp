@@ -1,63 +1,26 @@
 #include "ui/model/RowOrder.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "ui/model/CellText.h"
-#include "util/CaseFold.h"
-#include "util/Path.h"
 
 namespace {
 
-std::wstring Folded(std::wstring text) {
-    std::transform(text.begin(), text.end(), text.begin(), ToUpper);
-    return text;
+int CompareAscending(const SortKey& left, const SortKey& right) noexcept {
+    if (const auto* text = std::get_if<std::wstring>(&left)) {
+        return text->compare(*std::get_if<std::wstring>(&right));
+    }
+    return left <= right ? -1 : 1;
 }
 
 }  // namespace
 
 CRowOrder::CRowOrder(const CSCVShchedulerTaskArray& tasks, int column, bool ascending, std::int64_t now)
-    : m_bAscending(ascending) {
+    : m_bHasColumn(FindProjectColumn(column) != nullptr), m_bAscending(ascending) {
+    const stProjectColumn* sorted = FindProjectColumn(column);
     m_keys.reserve(static_cast<std::size_t>(tasks.GetSize()));
     for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
-        const CSCVShchedulerTask& task = *tasks[i];
-        stKey& key = m_keys[&task];
-        switch (column) {
-            case kFileNameColumn:
-                key.text = Folded(StripFileExtension(task.m_strProjectPath));
-                break;
-            case kLastRunTimeColumn:
-                m_kind = Kind::Time;
-                key.time = task.m_tLastRunTime;
-                break;
-            case kLastRunResultColumn:
-                key.text = Folded(task.m_strLastRunResult);
-                break;
-            case kNextRunTimeColumn:
-                m_kind = Kind::Time;
-                key.time = ShownNextRunTime(task, now);
-                break;
-            case kFilePathColumn:
-                key.text = Folded(task.m_strProjectPath);
-                break;
-            default:
-                m_kind = Kind::None;
-        }
+        m_keys[tasks[i]] = sorted != nullptr ? sorted->sortKey(*tasks[i], now) : SortKey();
     }
-}
-
-int CRowOrder::CompareAscending(const stKey& left, const stKey& right) const noexcept {
-    switch (m_kind) {
-        case Kind::Text:
-            return left.text.compare(right.text);
-        case Kind::Time:
-            return left.time <= right.time ? -1 : 1;
-        case Kind::None:
-            break;
-    }
-    return 1;
 }
 
 int CRowOrder::Compare(const CSCVShchedulerTask* left, const CSCVShchedulerTask* right) const noexcept {
@@ -66,6 +29,6 @@ int CRowOrder::Compare(const CSCVShchedulerTask* left, const CSCVShchedulerTask*
     if (a == m_keys.end() || b == m_keys.end()) {
         return 0;
     }
-    const int order = CompareAscending(a->second, b->second);
+    const int order = m_bHasColumn ? CompareAscending(a->second, b->second) : 1;
     return m_bAscending ? order : -order;
 }

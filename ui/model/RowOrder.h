@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
 #include <unordered_map>
+
+#include "ui/model/ProjectColumns.h"
 
 class CSCVShchedulerTask;
 class CSCVShchedulerTaskArray;
@@ -22,15 +23,7 @@ public:
     [[nodiscard]] int Compare(const CSCVShchedulerTask* left, const CSCVShchedulerTask* right) const noexcept;
 
 private:
-    enum class Kind { Text, Time, None };
-    struct stKey {
-        std::wstring text;      // upper case
-        std::int64_t time = 0;  // the task's instant, see Kind
-    };
-
-    [[nodiscard]] int CompareAscending(const stKey& left, const stKey& right) const noexcept;
-
-    Kind m_kind = Kind::Text;
+    bool m_bHasColumn;
     bool m_bAscending;
-    std::unordered_map<const CSCVShchedulerTask*, stKey> m_keys;
+    std::unordered_map<const CSCVShchedulerTask*, SortKey> m_keys;
 };

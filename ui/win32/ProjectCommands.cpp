@@ -1,68 +1,124 @@
-#include <algorithm>
+#include "ui/win32/ProjectCommands.h"
 
-#include "core/platform/Clock.h"
+#include <memory>
+
 #include "core/launch/ExtractionProgram.h"
+#include "core/platform/Clock.h"
 #include "core/platform/Shell.h"
 #include "framework/FileDialog.h"
 #include "framework/MessageBox.h"
 #include "ui/model/AddProjects.h"
-#include "ui/model/DirectRun.h"
-#include "ui/win32/DroppedFiles.h"
 #include "ui/model/FileFilters.h"
 #include "ui/model/RowSelection.h"
-#include "ui/win32/SCVSchedulerDlg.h"
-#include "ui/win32/StartupRegistration.h"
 #include "ui/resource.h"
+#include "ui/win32/StartupRegistration.h"
 #include "util/Path.h"
 #include "util/win32/Registry.h"
 
-void CSCVSchedulerDlg::OnAddProject() {
+namespace {
+
+// The dropped files that are projects, in the order of the drop, which is released. Paths of 260 characters
+// and more are cut, as the system's own buffers are, and so hardly ever count as projects.
+std::vector<std::wstring> TakeDroppedProjects(HDROP drop) {
+    struct Release {
+        void operator()(HDROP taken) const noexcept { DragFinish(taken); }
+    };
+    const std::unique_ptr<HDROP__, Release> release(drop);
+    std::vector<std::wstring> projects;
+    const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
+    for (UINT i = 0; i < count; ++i) {
+        wchar_t path[MAX_PATH] = {};
+        DragQueryFileW(drop, i, path, MAX_PATH);
+        if (AcceptsDrop(path)) {
+            projects.emplace_back(path);
+        }
+    }
+    return projects;
+}
+
+}  // namespace
+
+bool CProjectCommands::OnCommand(int id) {
+    static constexpr struct {
+        int id;
+        void (CProjectCommands::*handle)();
+    } kHandlers[] = {
+        {IDC_ADD_PROJECT, &CProjectCommands::OnAddProject},
+        {IDC_EDIT_PROJECT, &CProjectCommands::OnEditProject},
+        {IDC_DELETE_PROJECT, &CProjectCommands::OnDeleteProject},
+        {IDC_RUN_PROJECT, &CProjectCommands::OnRunProject},
+        {IDC_RESET_LAST_RUN, &CProjectCommands::OnResetLastRun},
+        {IDC_RUN_AT_STARTUP, &CProjectCommands::OnRunAtStartup},
+        {IDC_PROGRAM_BROWSE, &CProjectCommands::OnBrowseProgram},
+        {IDC_PROGRAM_RUN, &CProjectCommands::OnRunProgram},
+    };
+    for (const auto& handler : kHandlers) {
+        if (handler.id == id) {
+            (this->*handler.handle)();
+            return true;
+        }
+    }
+    return false;
+}
+
+void CProjectCommands::FillProjectList() {
+    m_list.Fill();
+    m_dialog.Invalidate();
+    m_editor.Load(-1);
+    m_list.SortAgain();
+}
+
+void CProjectCommands::SelectFirstRow() {
+    m_list.Select(m_list.RowCount() > 0 ? 0 : -1);
+}
+
+void CProjectCommands::OnAddProject() {
     CFileDialog dialog(true, kProjectExtension, {}, OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY, kProjectFilter,
-                       this);
+                       &m_dialog);
     dialog.SetBufferSize(kProjectNamesLength);
     if (dialog.DoModal() == IDOK) {
         AddAndSelect(dialog.GetPathNames(), true);
     }
 }
 
-void CSCVSchedulerDlg::OnDropFiles(HDROP drop) {
+void CProjectCommands::OnDropFiles(HDROP drop) {
     AddAndSelect(TakeDroppedProjects(drop), false);
 }
 
-void CSCVSchedulerDlg::AddAndSelect(const std::vector<std::wstring>& projects, bool registersFirst) {
-    const stAddedProjects added = AddProjects(m_tasks, projects, m_platform.clock.Now());
+void CProjectCommands::AddAndSelect(const std::vector<std::wstring>& projects, bool registersFirst) {
+    const stAddedProjects added = AddProjects(m_session.Tasks(), projects, m_platform.clock.Now());
     if (added.selectPath.empty()) {
         return;
     }
     FillProjectList();
     m_list.Select(m_list.FindRowByPath(added.selectPath));
     if (registersFirst && added.isFirstOfList) {
-        CheckDlgButton(IDC_RUN_AT_STARTUP, true);
+        m_dialog.CheckDlgButton(IDC_RUN_AT_STARTUP, true);
         OnRunAtStartup();
     }
 }
 
-void CSCVSchedulerDlg::OnEditProject() {
+void CProjectCommands::OnEditProject() {
     const CSCVShchedulerTask* shown = m_list.FirstSelectedTask();
     if (shown == nullptr) {
         return;
     }
     CFileDialog dialog(true, kProjectExtension, shown->m_strProjectPath, OFN_HIDEREADONLY, kProjectFilter,
-                       this);
+                       &m_dialog);
     if (dialog.DoModal() != IDOK) {
         return;
     }
-    const std::ptrdiff_t listed = m_tasks.FindTask(dialog.GetPathName());
+    const std::ptrdiff_t listed = m_session.Tasks().FindTask(dialog.GetPathName());
     if (listed >= 0) {
-        m_list.Select(m_list.FindRowOf(*m_tasks[listed]));
+        m_list.Select(m_list.FindRowOf(*m_session.Tasks()[listed]));
     } else if (CSCVShchedulerTask* task = m_list.FirstSelectedTask(); task != nullptr) {
         task->m_strProjectPath = dialog.GetPathName();
-        Invalidate();
+        m_dialog.Invalidate();
     }
 }
 
-void CSCVSchedulerDlg::OnDeleteProject() {
-    if (m_bLaunching) {
+void CProjectCommands::OnDeleteProject() {
+    if (m_session.IsLaunching()) {
         return;
     }
     const std::vector<int> rows = m_list.SelectedRows();
@@ -71,7 +127,7 @@ void CSCVSchedulerDlg::OnDeleteProject() {
         projects.push_back(m_list.TaskOfRow(row)->m_strProjectPath);
     }
     for (const std::wstring& project : projects) {
-        m_tasks.RemoveTask(project);
+        m_session.Tasks().RemoveTask(project);
     }
     FillProjectList();
     const auto next = static_cast<int>(RowAfterDeletion(rows.empty() ? -1 : rows.back(), m_list.RowCount()));
@@ -82,18 +138,14 @@ void CSCVSchedulerDlg::OnDeleteProject() {
     }
 }
 
-void CSCVSchedulerDlg::OnRunProject() {
+void CProjectCommands::OnRunProject() {
     CSCVShchedulerTask* task = m_list.FirstSelectedTask();
-    if (task == nullptr || m_bLaunching) {
-        return;
+    if (task != nullptr && m_session.RunProject(*task)) {
+        m_list.Invalidate();
     }
-    m_bLaunching = true;
-    task->Run(m_platform.shell, m_platform.clock);
-    m_bLaunching = false;
-    m_list.Invalidate();
 }
 
-void CSCVSchedulerDlg::OnResetLastRun() {
+void CProjectCommands::OnResetLastRun() {
     if (CSCVShchedulerTask* task = m_list.FirstSelectedTask(); task != nullptr) {
         task->m_tLastRunTime = 0;
         task->m_strLastRunResult.clear();
@@ -101,24 +153,25 @@ void CSCVSchedulerDlg::OnResetLastRun() {
     }
 }
 
-void CSCVSchedulerDlg::OnRunAtStartup() {
-    StartWithWindows(IsDlgButtonChecked(IDC_RUN_AT_STARTUP));
+void CProjectCommands::OnRunAtStartup() {
+    StartWithWindows(m_dialog.IsDlgButtonChecked(IDC_RUN_AT_STARTUP));
 }
 
-void CSCVSchedulerDlg::OnBrowseProgram() {
-    // The save form on purpose. It only answers a path and writes nothing.
-    CFileDialog dialog(false, kProgramExtension, {}, OFN_HIDEREADONLY, kProgramFilter, this);
-    dialog.SetInitialFolder(GetFolderPath(GetDlgItemText(IDC_PROGRAM_PATH)));
+void CProjectCommands::OnBrowseProgram() {
+    // The save form on purpose. It only returns a path and writes nothing.
+    CFileDialog dialog(false, kProgramExtension, {}, OFN_HIDEREADONLY, kProgramFilter, &m_dialog);
+    dialog.SetInitialFolder(GetFolderPath(m_dialog.GetDlgItemText(IDC_PROGRAM_PATH)));
     if (dialog.DoModal() == IDOK) {
-        SetDlgItemText(IDC_PROGRAM_PATH, dialog.GetPathName());
+        m_dialog.SetDlgItemText(IDC_PROGRAM_PATH, dialog.GetPathName());
         RegWriteString(HKEY_CURRENT_USER, kScrivaneKey, kProgramValue, dialog.GetPathName().c_str());
     }
 }
 
-void CSCVSchedulerDlg::OnRunProgram() {
-    const std::wstring program = GetDlgItemText(IDC_PROGRAM_PATH);
-    const std::wstring failure = DirectRunFailure(program, m_platform.shell.Open(program, {}));
-    if (!failure.empty()) {
-        AfxMessageBox(failure);
+void CProjectCommands::OnRunProgram() {
+    constexpr std::intptr_t kHighestFailure = 32;
+    const std::wstring program = m_dialog.GetDlgItemText(IDC_PROGRAM_PATH);
+    const std::intptr_t result = m_platform.shell.Open(program, {});
+    if (result <= kHighestFailure) {
+        AfxMessageBox(L"Failure to run '" + program + L"'. Error: " + std::to_wstring(result));
     }
 }

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
-#include "ui/model/CellText.h"
+#include "framework/IconResource.h"
+#include "ui/model/ProjectColumns.h"
 #include "ui/model/RowOrder.h"
 #include "ui/model/RowSelection.h"
+#include "ui/resource.h"
 
 namespace {
 
@@ -17,6 +19,20 @@ int CALLBACK CompareRows(LPARAM left, LPARAM right, LPARAM order) {
         reinterpret_cast<const CSCVShchedulerTask*>(right));
 }
 
+// The marks of a sorted column, half as wide as a small icon: ascending, then descending. Without an icon, or
+// without room for them, there are none, and the headers show text only.
+CImageListHandle LoadSortMarks() {
+    const int size = GetSystemMetrics(SM_CXSMICON) / 2;
+    CImageListHandle list(ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 2, 0));
+    for (const int id : {IDI_SORT_ASCENDING, IDI_SORT_DESCENDING}) {
+        const CIconHandle icon = LoadIconOfSize(id, size, size);
+        if (!list || !icon || ImageList_AddIcon(list.Get(), icon.Get()) < 0) {
+            return {};
+        }
+    }
+    return list;
+}
+
 int ScreenResolution() {
     const HDC screen = GetDC(nullptr);
     const int resolution = GetDeviceCaps(screen, LOGPIXELSX);
@@ -26,7 +42,7 @@ int ScreenResolution() {
 
 }  // namespace
 
-void CProjectList::Initialise(CImageListHandle sortMarks) {
+void CProjectList::Initialise() {
     SendMessage(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT);
     const int resolution = ScreenResolution();
     int index = 0;
@@ -41,7 +57,7 @@ void CProjectList::Initialise(CImageListHandle sortMarks) {
         SendMessage(LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&record));
         ++index;
     }
-    m_sortMarks = std::move(sortMarks);
+    m_sortMarks = LoadSortMarks();
     if (m_sortMarks) {
         ::SendMessageW(Header(), HDM_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(m_sortMarks.Get()));
     }
@@ -85,10 +101,12 @@ void CProjectList::Fill() {
     m_bFilling = false;
 }
 
-void CProjectList::Sort(int column, bool ascending, int previous) {
-    if (previous != column) {
-        SetMark(previous, false, false);
+void CProjectList::SetSortColumn(int column, bool ascending) {
+    if (m_nSortColumn != column) {
+        SetMark(m_nSortColumn, false, false);
     }
+    m_nSortColumn = column;
+    m_bAscending = ascending;
     SetMark(column, true, ascending);
     const CRowOrder order(m_tasks, column, ascending, m_clock.Now());
     SendMessage(LVM_SORTITEMS, reinterpret_cast<WPARAM>(&order), reinterpret_cast<LPARAM>(&CompareRows));

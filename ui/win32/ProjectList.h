@@ -21,8 +21,8 @@ public:
     CProjectList(const CSCVShchedulerTaskArray& tasks, const IClock& clock) noexcept
         : m_tasks(tasks), m_clock(clock) {}
 
-    // Sets up styles and columns; the control is bound by then. Without marks the headers show text only.
-    void Initialise(CImageListHandle sortMarks);
+    // Sets up styles and columns; the control is bound by then.
+    void Initialise();
     // How wide the control has to be to show the columns up to this one beside a scroll bar, in pixels. To be
     // called while it has no rows.
     [[nodiscard]] int WidthFor(int lastColumn) const;
@@ -30,10 +30,17 @@ public:
     // meanwhile is no change by the user.
     void Fill();
     [[nodiscard]] bool IsFilling() const noexcept { return m_bFilling; }
-    // Marks the column's header, takes the mark from that of `previous`, and sorts. -1 is no column.
-    void Sort(int column, bool ascending, int previous);
+    // Sorts by the column, marks its header and takes the mark from the one sorted by before. -1 is no
+    // column.
+    void SetSortColumn(int column, bool ascending);
+    // By the column sorted by last, for a list that was filled anew.
+    void SortAgain() { SetSortColumn(m_nSortColumn, m_bAscending); }
+    // As after a click on the column's header: the direction turns with every click, also on another column.
+    void TurnSortColumn(int column) { SetSortColumn(column, !m_bAscending); }
+    [[nodiscard]] int SortColumn() const noexcept { return m_nSortColumn; }
+    [[nodiscard]] bool IsAscending() const noexcept { return m_bAscending; }
 
-    // Null for a row that there is not.
+    // Null for a row that does not exist.
     [[nodiscard]] CSCVShchedulerTask* TaskOfRow(int row) const;
     [[nodiscard]] int RowCount() const;
     // -1 when there is none.
@@ -68,4 +75,6 @@ private:
     const IClock& m_clock;
     CImageListHandle m_sortMarks;
     bool m_bFilling = false;
+    int m_nSortColumn = -1;
+    bool m_bAscending = true;
 };

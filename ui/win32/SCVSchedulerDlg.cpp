@@ -1,23 +1,19 @@
 #include "ui/win32/SCVSchedulerDlg.h"
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
 #include "core/launch/ExtractionProgram.h"
-#include "core/launch/SchedulingPass.h"
 #include "core/platform/Clock.h"
 #include "core/platform/LocalTime.h"
 #include "core/platform/Shell.h"
 #include "framework/ExceptionBoundary.h"
 #include "framework/IconResource.h"
 #include "framework/WinApp.h"
-#include "ui/model/AddProjects.h"
-#include "ui/model/CellText.h"
+#include "ui/model/ProjectColumns.h"
 #include "ui/model/RowSelection.h"
 #include "ui/model/StartUp.h"
 #include "ui/resource.h"
-#include "ui/win32/SortMarks.h"
 #include "ui/win32/StartupRegistration.h"
 #include "util/win32/FileVersion.h"
 #include "util/win32/PopupMenu.h"
@@ -72,9 +68,10 @@ constexpr struct {
 CSCVSchedulerDlg::CSCVSchedulerDlg(const CPlatform& platform, std::wstring taskListPath)
     : CResizingDialog(IDD_MAIN),
       m_platform(platform),
-      m_strTaskListPath(std::move(taskListPath)),
-      m_list(m_tasks, m_platform.clock),
-      m_editor(*this, m_list, m_platform.clock) {}
+      m_session(platform, std::move(taskListPath)),
+      m_list(m_session.Tasks(), m_platform.clock),
+      m_editor(*this, m_list, m_platform.clock),
+      m_commands(*this, m_platform, m_session, m_list, m_editor) {}
 
 CSCVSchedulerDlg::~CSCVSchedulerDlg() {
     if (m_hWnd != nullptr) {
@@ -92,17 +89,17 @@ BOOL CSCVSchedulerDlg::OnInitDialog() {
         return FALSE;
     }
     RegisterControls();
-    m_list.Initialise(LoadSortMarks());
+    m_list.Initialise();
     SetOpeningSize();
     SetDlgItemText(IDC_PROGRAM_PATH, m_platform.shell.RegisteredProgram(kScrivaneKey));
 
     const CWinApp& app = *AfxGetApp();
-    m_nSortColumn = static_cast<int>(app.GetProfileInt(kSection, kSortColumn, 0));
-    m_bAscending = app.GetProfileInt(kSection, kAscending, 1) != 0;
+    m_list.SetSortColumn(static_cast<int>(app.GetProfileInt(kSection, kSortColumn, 0)),
+                         app.GetProfileInt(kSection, kAscending, 1) != 0);
     m_bReady = true;
-    LoadTasks();
-    FillProjectList();
-    SelectFirstRow();
+    m_session.Load();
+    m_commands.FillProjectList();
+    m_commands.SelectFirstRow();
     CheckDlgButton(IDC_RUN_AT_STARTUP, IsStartedWithWindows());
     SetTimer(kTimer, kTimerPeriod);
     DragAcceptFiles(m_hWnd, TRUE);
@@ -159,7 +156,7 @@ void CSCVSchedulerDlg::SetOpeningSize() {
 BOOL CSCVSchedulerDlg::PreTranslateMessage(MSG* message) {
     m_toolTip.RelayEvent(message);
     if (message->message == WM_KEYDOWN && message->wParam == VK_DELETE && message->hwnd == m_list.m_hWnd) {
-        OnDeleteProject();
+        m_commands.OnDeleteProject();
     }
     return CResizingDialog::PreTranslateMessage(message);
 }
@@ -179,7 +176,7 @@ LRESULT CSCVSchedulerDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
             OnHandOver(reinterpret_cast<const COPYDATASTRUCT*>(lParam));
             break;
         case WM_DROPFILES:
-            OnDropFiles(reinterpret_cast<HDROP>(wParam));
+            m_commands.OnDropFiles(reinterpret_cast<HDROP>(wParam));
             return 0;
         case WM_TIMECHANGE:
         case WM_SETTINGCHANGE:
@@ -216,32 +213,8 @@ BOOL CSCVSchedulerDlg::OnCommand(int id, UINT code, HWND control) {
         case ID_EXIT_PROGRAM:
             OnExit();
             return TRUE;
-        case IDC_ADD_PROJECT:
-            OnAddProject();
-            return TRUE;
-        case IDC_EDIT_PROJECT:
-            OnEditProject();
-            return TRUE;
-        case IDC_DELETE_PROJECT:
-            OnDeleteProject();
-            return TRUE;
-        case IDC_RUN_PROJECT:
-            OnRunProject();
-            return TRUE;
-        case IDC_RESET_LAST_RUN:
-            OnResetLastRun();
-            return TRUE;
-        case IDC_RUN_AT_STARTUP:
-            OnRunAtStartup();
-            return TRUE;
-        case IDC_PROGRAM_BROWSE:
-            OnBrowseProgram();
-            return TRUE;
-        case IDC_PROGRAM_RUN:
-            OnRunProgram();
-            return TRUE;
         default:
-            return CResizingDialog::OnCommand(id, code, control);
+            return m_commands.OnCommand(id) ? TRUE : CResizingDialog::OnCommand(id, code, control);
     }
 }
 
@@ -274,8 +247,7 @@ void CSCVSchedulerDlg::OnListNotify(const NMHDR& header) {
             break;
         }
         case LVN_COLUMNCLICK:
-            // The direction turns with every click, also on another column.
-            SetSortColumn(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem, !m_bAscending);
+            m_list.TurnSortColumn(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
             break;
         case NM_CLICK:
             if (m_list.RowAt(reinterpret_cast<const NMITEMACTIVATE&>(header).ptAction) < 0) {
@@ -287,26 +259,9 @@ void CSCVSchedulerDlg::OnListNotify(const NMHDR& header) {
     }
 }
 
-void CSCVSchedulerDlg::FillProjectList() {
-    m_list.Fill();
-    Invalidate();
-    m_editor.Load(-1);
-    SetSortColumn(m_nSortColumn, m_bAscending);
-}
-
-void CSCVSchedulerDlg::SelectFirstRow() {
-    m_list.Select(m_list.RowCount() > 0 ? 0 : -1);
-}
-
-void CSCVSchedulerDlg::SetSortColumn(int column, bool ascending) {
-    m_list.Sort(column, ascending, m_nSortColumn);
-    m_nSortColumn = column;
-    m_bAscending = ascending;
-}
-
 BOOL CSCVSchedulerDlg::ShowAndSelectProject(int showCommand, const std::wstring& projectPath) {
     const BOOL wasVisible = ShowWindow(showCommand);
-    if (const auto row = static_cast<int>(RowAtProjectsPosition(m_tasks, projectPath)); row >= 0) {
+    if (const auto row = static_cast<int>(RowAtProjectsPosition(m_session.Tasks(), projectPath)); row >= 0) {
         m_list.ClearSelection();
         m_editor.Load(-1);
         m_list.Select(row);
@@ -331,73 +286,35 @@ void CSCVSchedulerDlg::OnShowCommand() {
 }
 
 void CSCVSchedulerDlg::OnOK() {
-    SaveTasks();
+    m_session.Save();
     ShowAndSelectProject(SW_HIDE, {});
 }
 
 void CSCVSchedulerDlg::OnCancel() {
-    if (m_bLaunching) {
+    if (m_session.IsLaunching()) {
         return;
     }
-    LoadTasks();
-    FillProjectList();
-    SelectFirstRow();
+    m_session.Load();
+    m_commands.FillProjectList();
+    m_commands.SelectFirstRow();
     ShowAndSelectProject(SW_HIDE, {});
 }
 
 void CSCVSchedulerDlg::OnExit() {
-    SaveTasks();
+    m_session.Save();
     DestroyWindow();
 }
 
-bool CSCVSchedulerDlg::LoadTasks() {
-    const IFileSystem::Status status = m_tasks.TryLoad(m_platform.files, m_strTaskListPath);
-    m_bLoadPending = status == IFileSystem::Status::Busy || status == IFileSystem::Status::Failed;
-    m_bListWasRead = m_bListWasRead || !m_bLoadPending;
-    m_passRecord.ApplyTo(m_tasks);
-    return !m_bLoadPending;
-}
-
-void CSCVSchedulerDlg::SaveTasks() {
-    if (m_tasks.TrySave(m_platform.files, m_strTaskListPath)) {
-        m_passRecord.Clear();
-    }
-}
-
-void CSCVSchedulerDlg::ReloadPendingTasks() {
-    // Projects that were added while the list could not be read at all are no part of it yet.
-    std::vector<std::wstring> added;
-    for (std::ptrdiff_t i = 0; !m_bListWasRead && i < m_tasks.GetSize(); ++i) {
-        added.push_back(m_tasks[i]->m_strProjectPath);
-    }
-    if (LoadTasks()) {
-        AddProjects(m_tasks, added, m_platform.clock.Now());
-        FillProjectList();
-        SelectFirstRow();
-    }
-}
-
 void CSCVSchedulerDlg::OnTimer() {
-    if (m_bLaunching || !m_bReady) {
+    if (m_session.IsLaunching() || !m_bReady) {
         return;
     }
     // Not while a dialog stands before the window: what it is asking about may go with the old tasks.
-    if (m_bLoadPending && IsWindowEnabled()) {
-        ReloadPendingTasks();
+    if (IsWindowEnabled() && m_session.ReadPending()) {
+        m_commands.FillProjectList();
+        m_commands.SelectFirstRow();
     }
-    m_bLaunching = true;
-    std::string error;
-    try {
-        RunSchedulingPass(m_tasks, m_platform, [this](const CSCVShchedulerTask& task) {
-            m_passRecord.Add(task);
-            Invalidate();
-        });
-    } catch (const std::exception& failure) {
-        error = failure.what();
-    }
-    m_bLaunching = false;
-    // Told once, not every two seconds.
-    if (std::exchange(m_strPassError, error) != error && !error.empty()) {
+    if (const std::string error = m_session.RunDueProjects([this] { Invalidate(); }); !error.empty()) {
         AfxReportException(error.c_str());
     }
 }
@@ -431,8 +348,8 @@ void CSCVSchedulerDlg::OnDestroy() {
     m_bReady = false;
     SaveWindowPlacement(kSection);
     const CWinApp& app = *AfxGetApp();
-    app.WriteProfileInt(kSection, kSortColumn, m_nSortColumn);
-    app.WriteProfileInt(kSection, kAscending, m_bAscending ? 1 : 0);
+    app.WriteProfileInt(kSection, kSortColumn, m_list.SortColumn());
+    app.WriteProfileInt(kSection, kAscending, m_list.IsAscending() ? 1 : 0);
     m_toolTip.Destroy();
     m_trayIcon.Remove(m_hWnd);
 }

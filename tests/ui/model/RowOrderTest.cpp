@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "ui/model/CellText.h"
+#include "ui/model/ProjectColumns.h"
 
 TEST(RowOrder, EqualTimesAreNeverEqualAndEqualTextsAre) {
     CSCVShchedulerTaskArray tasks;

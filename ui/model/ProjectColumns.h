@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <variant>
+
+class CSCVShchedulerTask;
+
+// The columns of the project list, from left to right.
+enum ProjectColumn : int {
+    kFileNameColumn,
+    kLastRunTimeColumn,
+    kLastRunResultColumn,
+    kNextRunTimeColumn,
+    kFilePathColumn,
+    kProjectColumnCount,
+};
+
+// What rows are sorted by: an instant, or a text in upper case. The same kind for all tasks of a column.
+using SortKey = std::variant<std::int64_t, std::wstring>;
+
+// Everything that makes a column. It has no default, so that a column without a text or a sort key does not
+// compile.
+struct stProjectColumn {
+    constexpr stProjectColumn(const wchar_t* columnHeader, int widthAt96Dpi,
+                              std::wstring (&textOf)(const CSCVShchedulerTask& task, std::int64_t now),
+                              SortKey (&sortKeyOf)(const CSCVShchedulerTask& task, std::int64_t now)) noexcept
+        : header(columnHeader), width(widthAt96Dpi), text(textOf), sortKey(sortKeyOf) {}
+
+    const wchar_t* header;
+    int width;  // pixels at 96 dpi
+    // Of a task at the instant `now`. Neither throws for what a task holds.
+    std::wstring (&text)(const CSCVShchedulerTask& task, std::int64_t now);
+    SortKey (&sortKey)(const CSCVShchedulerTask& task, std::int64_t now);
+};
+
+// By ProjectColumn.
+extern const std::array<stProjectColumn, kProjectColumnCount> kProjectColumns;
+
+// The column of that index; null for one that there is not, -1 for instance.
+[[nodiscard]] const stProjectColumn* FindProjectColumn(int index) noexcept;
+
+// Longer cells are cut to this many UTF-16 units, whatever room the list view offers.
+inline constexpr std::size_t kLongestCell = 254;
+
+// The text of one cell at the instant `now`, cut to kLongestCell; empty for a column that there is not.
+[[nodiscard]] std::wstring CellText(const CSCVShchedulerTask& task, int column, std::int64_t now);
+
+// When the task runs next, for showing and sorting; 0 when it is disabled or never runs, or when a stored
+// time leads to a date that cannot exist: a list that shows such a task must still draw.
+[[nodiscard]] std::int64_t ShownNextRunTime(const CSCVShchedulerTask& task, std::int64_t now);

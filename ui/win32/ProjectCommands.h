@@ -1,0 +1,50 @@
+#pragma once
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <string>
+#include <vector>
+
+#include "core/platform/Platform.h"
+#include "framework/Dialog.h"
+#include "ui/model/ListSession.h"
+#include "ui/win32/ProjectList.h"
+#include "ui/win32/TaskEditor.h"
+
+// The buttons of the project list and of the extraction program, and what is dropped on the window.
+class CProjectCommands {
+public:
+    // None is owned. The controls are those of `dialog`.
+    CProjectCommands(CDialog& dialog, const CPlatform& platform, CListSession& session, CProjectList& list,
+                     CTaskEditor& editor) noexcept
+        : m_dialog(dialog), m_platform(platform), m_session(session), m_list(list), m_editor(editor) {}
+
+    // True when `id` is one of these buttons.
+    bool OnCommand(int id);
+    // Also for the Delete key.
+    void OnDeleteProject();
+    // Adds the dropped projects. `drop` is what WM_DROPFILES brings and is released.
+    void OnDropFiles(HDROP drop);
+
+    // Shows the tasks anew, sorted, without a selection.
+    void FillProjectList();
+    void SelectFirstRow();
+
+private:
+    void OnAddProject();
+    void OnEditProject();
+    void OnRunProject();
+    void OnResetLastRun();
+    void OnRunAtStartup();
+    void OnBrowseProgram();
+    void OnRunProgram();
+    void AddAndSelect(const std::vector<std::wstring>& projects, bool registersFirst);
+
+    CDialog& m_dialog;
+    CPlatform m_platform;
+    CListSession& m_session;
+    CProjectList& m_list;
+    CTaskEditor& m_editor;
+};
