@@ -116,15 +116,19 @@ void CEditOptions::AddTo(CLI::App& command) {
 
 void CEditOptions::AddCommands(CLI::App& command) {
     for (std::size_t i = 0; i < kCount; ++i) {
-        const TaskCommand& entry = kTaskCommands[i];
-        if (*entry.help == '\0') {
+        const TaskSwitch& entry = kTaskSwitches[i];
+        if (*entry.caption == '\0') {
             continue;
         }
         const std::string name = std::string("--") + entry.name;
-        if (entry.value == TaskCommand::Value::File) {
-            AddChecked(command, name, m_files[i], entry.help, WrongFile)->type_name("FILE")->group(kCommands);
+        if (entry.argument == TaskSwitch::Argument::Required) {
+            const std::string help =
+                std::string(entry.caption) + (entry.hasElement ? ", for --element-name or --element-id" : "");
+            AddChecked(command, name, m_files[i], help.c_str(), WrongFile)
+                ->type_name("FILE")
+                ->group(kCommands);
         } else {
-            command.add_flag(name, m_on[i], entry.help)->group(kCommands);
+            command.add_flag(name, m_on[i], entry.caption)->group(kCommands);
         }
         command.add_flag(std::string("--no-") + entry.name, m_off[i])->group("");
     }
@@ -189,12 +193,12 @@ void CEditOptions::TakeCommands(TaskChanges& changes,
         return file.empty() ? std::wstring() : fullPath(FromUtf8(file));
     };
     for (std::size_t i = 0; i < kCount; ++i) {
-        const bool exports = kTaskCommands[i].flag == &CSCVShchedulerTask::m_bExportResults;
+        const bool exports = kTaskSwitches[i].flag == &TaskFields::m_bExportResults;
         const std::wstring file = full(exports ? m_exportFile : m_files[i]);
         const bool isOn = m_on[i] || !file.empty();
-        RequireOneOf(isOn, m_off[i], kTaskCommands[i].name);
+        RequireOneOf(isOn, m_off[i], kTaskSwitches[i].name);
         if (isOn || m_off[i]) {
-            changes.commands.push_back({&kTaskCommands[i], isOn, file});
+            changes.commands.push_back({&kTaskSwitches[i], isOn, file});
         }
     }
     changes.noExportFile = m_noExportFile;

@@ -25,7 +25,7 @@ public:
     [[nodiscard]] TaskChanges Changes(const std::function<std::wstring(const std::wstring&)>& fullPath) const;
 
 private:
-    static constexpr std::size_t kCount = std::size(kTaskCommands);
+    static constexpr std::size_t kCount = std::size(kTaskSwitches);
 
     void AddCommands(CLI::App& command);
     void TakeRepeat(TaskChanges& changes) const;

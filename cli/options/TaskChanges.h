@@ -5,8 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "core/task/TaskCommands.h"
+#include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskDays.h"
+#include "core/task/TaskSwitches.h"
 
 // What the options of add and set ask for. What is not given stays as it is.
 struct TaskChanges {
@@ -15,7 +16,7 @@ struct TaskChanges {
         std::int32_t unit = 0;   // 1 hours, 0 minutes
     };
     struct Command {
-        const TaskCommand* command;
+        const TaskSwitch* command;
         bool isOn;
         std::wstring argument;  // with isOn: the file, empty for the one that the task has
     };

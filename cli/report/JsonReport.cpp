@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskDays.h"
 #include "util/Utf8.h"
 

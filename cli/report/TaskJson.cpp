@@ -9,8 +9,9 @@
 #include "cli/report/Refusal.h"
 #include "core/list/Storable.h"
 #include "core/task/NewProject.h"
-#include "core/task/TaskCommands.h"
+#include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskDays.h"
+#include "core/task/TaskSwitches.h"
 #include "util/Utf8.h"
 
 namespace {
@@ -24,7 +25,7 @@ std::string TextOf(const std::wstring& text) {
 // The commands that are on: true, or the text of those that have one.
 Json ExportCommands(const Task& task) {
     Json json = Json::object();
-    for (const TaskCommand& command : kTaskCommands) {
+    for (const TaskSwitch& command : kTaskSwitches) {
         if (!command.IsOn(task)) {
             continue;
         }
@@ -33,7 +34,7 @@ Json ExportCommands(const Task& task) {
         } else {
             json[command.name] = TextOf(task.*command.text);
         }
-        if (command.flag == &Task::m_bImportInputValues) {
+        if (command.hasElement) {
             json["element-name"] = TextOf(task.m_strInputElementName);
             json["element-id"] = TextOf(task.m_strInputElementId);
         }
@@ -41,13 +42,13 @@ Json ExportCommands(const Task& task) {
     return json;
 }
 
-void ImportCommand(const TaskCommand& command, const CJsonFields& fields, Task& task) {
+void ImportCommand(const TaskSwitch& command, const CJsonFields& fields, Task& task) {
     const Json* field = fields.Find(command.name);
     if (field == nullptr || *field == false) {
         return;
     }
-    const bool takesText = command.value != TaskCommand::Value::None;
-    const bool takesTrue = command.value != TaskCommand::Value::File;
+    const bool takesText = command.text != nullptr;
+    const bool takesTrue = command.argument != TaskSwitch::Argument::Required;
     const bool hasText = field->is_string() && !field->get_ref<const std::string&>().empty();
     if (!(takesText && hasText) && !(takesTrue && *field == true)) {
         throw CRefusal(
@@ -59,11 +60,11 @@ void ImportCommand(const TaskCommand& command, const CJsonFields& fields, Task& 
 
 void ImportCommands(const Json& json, const std::string& where, Task& task) {
     std::vector<std::string_view> known = {"element-name", "element-id"};
-    for (const TaskCommand& command : kTaskCommands) {
+    for (const TaskSwitch& command : kTaskSwitches) {
         known.emplace_back(command.name);
     }
     const CJsonFields fields(json, where, known);
-    for (const TaskCommand& command : kTaskCommands) {
+    for (const TaskSwitch& command : kTaskSwitches) {
         ImportCommand(command, fields, task);
     }
     const auto name = fields.Text("element-name");
@@ -95,9 +96,7 @@ void ImportDays(const Json& days, const std::string& where, Task& task) {
     for (const Json& name : days) {
         const TaskDay* day = name.is_string() ? FindTaskDay(name.get_ref<const std::string&>()) : nullptr;
         if (day == nullptr) {
-            throw CRefusal(where + " holds " + name.dump() +
-                           ", which is none of Mon, Tue, Wen, Thu, Fri, "
-                           "Sat and Sun");
+            throw CRefusal(where + " holds " + name.dump() + ", which is none of " + TaskDayNames());
         }
         task.*day->flag = 1;
     }

@@ -2,20 +2,23 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <chrono>
 #include <limits>
 #include <map>
 #include <utility>
 
+#include "core/launch/ExtractionProgram.h"
+#include "core/list/PrivateProfile.h"
+#include "core/list/StoredKeys.h"
+#include "core/list/TaskListFile.h"
+#include "core/platform/LocalTime.h"
+#include "core/platform/Shell.h"
 #include "core/schedule/ClockChanges.h"
 #include "core/schedule/NextRuns.h"
 #include "core/schedule/TimeText.h"
-#include "core/launch/ExtractionProgram.h"
-#include "core/platform/LocalTime.h"
-#include "core/list/PrivateProfile.h"
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "core/platform/Shell.h"
-#include "core/list/TaskListFile.h"
+#include "core/task/TaskSwitches.h"
 #include "util/CaseFold.h"
 #include "util/Csv.h"
 #include "util/Path.h"
@@ -91,7 +94,7 @@ std::ptrdiff_t InputValuesFields(const std::wstring& commandLine) {
 
 void TaskChecker::CheckStoredText(const CPrivateProfile& profile) {
     const std::wstring stored =
-        profile.GetString(m_task.m_strIniSection, L"CommandLine").value_or(std::wstring());
+        profile.GetString(m_task.m_strIniSection, kCommandLineKey).value_or(std::wstring());
     const std::wstring commandLine = m_task.BuildCommandLine();
     const auto apostrophes =
         static_cast<std::size_t>(std::count(commandLine.begin(), commandLine.end(), L'\''));
@@ -114,25 +117,19 @@ void TaskChecker::CheckStoredText(const CPrivateProfile& profile) {
 }
 
 void TaskChecker::CheckArguments() {
-    const bool noElement = m_task.m_strInputElementName.empty() && m_task.m_strInputElementId.empty();
-    const struct {
-        std::int32_t flag;
-        bool isMissing;
-        const char* text;
-    } switches[] = {
-        {m_task.m_bAddUrls, m_task.m_strUrlsFile.empty(), "-at (add new URLs from file) has no file"},
-        {m_task.m_bGenerateUrls, m_task.m_strScriptFile.empty(),
-         "-gt (generate new URLs using script) has no script file"},
-        {m_task.m_bImportInputValues, m_task.m_strInputValuesFile.empty(),
-         "-aiv (import input values from file) has no file"},
-        {m_task.m_bImportInputValues, noElement,
-         "-aiv (import input values from file) has neither element name nor id"},
-        {m_task.m_bExportFailedUrls, m_task.m_strFailedUrlsFile.empty(),
-         "-eft (export failed URLs into file) has no file"},
-    };
-    for (const auto& row : switches) {
-        if (row.flag != 0 && row.isMissing) {
-            Add(std::string(row.text) + " and is left out");
+    for (const TaskSwitch& row : kTaskSwitches) {
+        if (m_task.*row.flag == 0 || row.argument != TaskSwitch::Argument::Required) {
+            continue;
+        }
+        std::string caption = row.caption;
+        caption.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(caption.front())));
+        std::string name = "-";
+        name += ToUtf8(row.letters) + " (" + caption + ")";
+        if ((m_task.*row.text).empty()) {
+            Add(name + " has no file and is left out");
+        }
+        if (row.LacksElement(m_task)) {
+            Add(name + " has neither element name nor id and is left out");
         }
     }
 }

@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
-#include "core/task/TaskCommands.h"
 #include "core/list/TaskListFile.h"
+#include "core/task/SCVShchedulerTask.h"
+#include "core/task/TaskSwitches.h"
 #include "util/Utf8.h"
 
 namespace {
@@ -45,23 +46,23 @@ std::string WhyNotStorable(const CSCVShchedulerTask& task) {
     CSCVShchedulerTask read;
     read.ParseCommandLine(commandLine);
     // A double quote inside a text comes back at times, and the extraction program takes it for an end.
-    const auto survives = [&](std::wstring CSCVShchedulerTask::*text) {
+    const auto survives = [&](std::wstring TaskFields::*text) {
         return HalvedApostrophes(read.*text) == task.*text && (task.*text).find(L'"') == std::wstring::npos;
     };
-    if (!survives(&CSCVShchedulerTask::m_strProjectPath)) {
+    if (!survives(&TaskFields::m_strProjectPath)) {
         return Changed("the project", task.m_strProjectPath);
     }
-    for (const TaskCommand& command : kTaskCommands) {
-        const bool isOn = command.IsOn(task);
-        if (isOn && command.text != nullptr && !survives(command.text)) {
-            return Changed(command.name, task.*command.text);
+    for (const TaskSwitch& row : kTaskSwitches) {
+        const bool isOn = row.IsOn(task);
+        if (isOn && row.text != nullptr && !survives(row.text)) {
+            return Changed(row.name, task.*row.text);
         }
-        if (isOn != (read.*command.flag != 0)) {
-            return std::string("the list cannot keep ") + command.name + (isOn ? " on" : " off");
+        if (isOn != (read.*row.flag != 0)) {
+            return std::string("the list cannot keep ") + row.name + (isOn ? " on" : " off");
         }
     }
-    if (task.m_bImportInputValues != 0 && !(survives(&CSCVShchedulerTask::m_strInputElementName) &&
-                                            survives(&CSCVShchedulerTask::m_strInputElementId))) {
+    if (task.m_bImportInputValues != 0 &&
+        !(survives(&TaskFields::m_strInputElementName) && survives(&TaskFields::m_strInputElementId))) {
         return Changed("the input element",
                        task.m_strInputElementName + L"' or '" + task.m_strInputElementId);
     }

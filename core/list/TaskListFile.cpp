@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/list/ProfileFile.h"
+#include "core/list/StoredKeys.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "util/CaseFold.h"
@@ -18,18 +19,21 @@ using Status = IFileSystem::Status;
 
 constexpr std::wstring_view kSectionPrefix = L"SCVShchedulerTask";
 
-// In the order in which they are written. "RepeatOnWen" is how existing files spell it.
-constexpr std::array<std::wstring_view, 17> kKeys = {
-    L"Enable",          L"CommandLine", L"StartTime",   L"UntilTime",   L"LastRunTime",  L"RepeatOnMon",
-    L"RepeatOnTue",     L"RepeatOnWen", L"RepeatOnThu", L"RepeatOnFri", L"RepeatOnSat",  L"RepeatOnSun",
-    L"RepeatOnMonthly", L"EnableEvery", L"EveryValue",  L"EveryUnit",   L"LastRunResult"};
+using StoredValues = std::array<std::wstring, kStoredKeys.size()>;
+
+constexpr auto kKeyNames = [] {
+    std::array<std::wstring_view, kStoredKeys.size()> names{};
+    std::transform(kStoredKeys.begin(), kStoredKeys.end(), names.begin(),
+                   [](const StoredKey& key) { return key.name; });
+    return names;
+}();
 
 // What a buffer of that size receives of a value; empty when it is missing.
 std::wstring_view Cut(const std::optional<std::wstring>& value, std::size_t longest) {
     return value ? std::wstring_view(*value).substr(0, longest) : std::wstring_view();
 }
 
-std::int32_t ToNumber(const std::optional<std::wstring>& value, std::int32_t empty = 0) {
+std::int32_t ToNumber(const std::optional<std::wstring>& value, std::int32_t empty) {
     const std::wstring_view text = Cut(value, kLongestNumber);
     return text.empty() ? empty : ParseStoredNumber(text);
 }
@@ -55,6 +59,35 @@ std::wstring ToText(Number number) {
 // that limit.
 std::wstring FormatTime(std::int64_t instant) {
     return ToText(static_cast<std::uint32_t>(instant));
+}
+
+// What the task writes for a key, as it stands in the file.
+std::wstring StoredValue(const CSCVShchedulerTask& task, const StoredKey& key) {
+    if (key.IsCommandLine()) {
+        return Quote(task.BuildCommandLine());
+    }
+    return key.number != nullptr ? ToText(task.*key.number)
+           : key.time != nullptr ? FormatTime(task.*key.time)
+                                 : Quote(task.*key.text);
+}
+
+StoredValues ValuesOf(const CSCVShchedulerTask& task) {
+    StoredValues values;
+    std::transform(kStoredKeys.begin(), kStoredKeys.end(), values.begin(),
+                   [&](const StoredKey& key) { return StoredValue(task, key); });
+    return values;
+}
+
+void Take(CSCVShchedulerTask& task, const StoredKey& key, const std::optional<std::wstring>& value) {
+    if (key.IsCommandLine()) {
+        task.ParseCommandLine(Cut(value, kLongestText));
+    } else if (key.number != nullptr) {
+        task.*key.number = ToNumber(value, key.missing);
+    } else if (key.time != nullptr) {
+        task.*key.time = ToNumber(value, key.missing);
+    } else {
+        task.*key.text = Cut(value, kLongestText);
+    }
 }
 
 // The number of a task section's name as TaskSectionName writes it; 0 for any other name.
@@ -84,7 +117,7 @@ void RemoveTaskSections(CPrivateProfile& profile, std::int32_t first, std::int32
 // What stands in a section, and what its task as loaded would write there.
 struct StoredTask {
     std::vector<std::optional<std::wstring>> stands;
-    std::array<std::wstring, kKeys.size()> writes;
+    StoredValues writes;
 
     // To write elsewhere what reads as it does here, whose apostrophes are not to be doubled again.
     [[nodiscard]] std::wstring Moved(std::size_t key) const {
@@ -135,37 +168,18 @@ std::int32_t ParseStoredNumber(std::wstring_view text) noexcept {
 
 void CSCVShchedulerTask::ReadFrom(const CPrivateProfile& profile, const std::wstring& file,
                                   const std::wstring& section) {
-    const auto values = profile.GetStrings(section, kKeys);
-    auto value = values.begin();
-    m_bEnable = ToNumber(*value++, 1);
-    ParseCommandLine(Cut(*value++, kLongestText));
-    for (std::int64_t* time : {&m_tStartTime, &m_tUntilTime, &m_tLastRunTime}) {
-        *time = ToNumber(*value++);
+    const auto values = profile.GetStrings(section, kKeyNames);
+    for (std::size_t i = 0; i < kStoredKeys.size(); ++i) {
+        Take(*this, kStoredKeys[i], values[i]);
     }
-    for (std::int32_t* number : {&m_bRepeatOnMon, &m_bRepeatOnTue, &m_bRepeatOnWen, &m_bRepeatOnThu,
-                                 &m_bRepeatOnFri, &m_bRepeatOnSat, &m_bRepeatOnSun, &m_bRepeatOnMonthly,
-                                 &m_bEnableEvery, &m_nEveryValue, &m_nEveryUnit}) {
-        *number = ToNumber(*value++);
-    }
-    m_strLastRunResult = Cut(*value, kLongestText);
     m_strIniFile = file;
     m_strIniSection = section;
 }
 
-CSCVShchedulerTask::CStoredValues CSCVShchedulerTask::StoredValues() const {
-    return {ToText(m_bEnable),          Quote(BuildCommandLine()),  FormatTime(m_tStartTime),
-            FormatTime(m_tUntilTime),   FormatTime(m_tLastRunTime), ToText(m_bRepeatOnMon),
-            ToText(m_bRepeatOnTue),     ToText(m_bRepeatOnWen),     ToText(m_bRepeatOnThu),
-            ToText(m_bRepeatOnFri),     ToText(m_bRepeatOnSat),     ToText(m_bRepeatOnSun),
-            ToText(m_bRepeatOnMonthly), ToText(m_bEnableEvery),     ToText(m_nEveryValue),
-            ToText(m_nEveryUnit),       Quote(m_strLastRunResult)};
-}
-
 void CSCVShchedulerTask::WriteTo(CPrivateProfile& profile, const std::wstring& section) const {
-    CStoredValues values = StoredValues();
-    std::array<CPrivateProfile::Entry, kKeys.size()> entries;
-    for (std::size_t i = 0; i < kKeys.size(); ++i) {
-        entries[i] = {kKeys[i], std::move(values[i])};
+    std::array<CPrivateProfile::Entry, kStoredKeys.size()> entries;
+    for (std::size_t i = 0; i < kStoredKeys.size(); ++i) {
+        entries[i] = {kStoredKeys[i].name, StoredValue(*this, kStoredKeys[i])};
     }
     profile.SetStrings(section, entries);
 }
@@ -255,22 +269,22 @@ bool CSCVShchedulerTaskArray::TryEdit(IFileSystem& files, const std::wstring& fi
         ReadFrom(profile, file);
         std::map<std::wstring, StoredTask> before;
         for (const auto& task : m_tasks) {
-            before[task->m_strIniSection] = {profile.GetStrings(task->m_strIniSection, kKeys),
-                                             task->StoredValues()};
+            before[task->m_strIniSection] = {profile.GetStrings(task->m_strIniSection, kKeyNames),
+                                             ValuesOf(*task)};
         }
         edit();
         const auto count = static_cast<std::int32_t>(GetSize());
         const std::int32_t oldCount = SetCount(profile, count);
         for (std::int32_t i = 0; i < count; ++i) {
             const std::wstring section = TaskSectionName(i + 1);
-            const auto values = GetAt(i)->StoredValues();
+            const auto values = ValuesOf(*GetAt(i));
             const auto old = before.find(GetAt(i)->m_strIniSection);
             std::vector<CPrivateProfile::Entry> entries;
-            for (std::size_t key = 0; key < kKeys.size(); ++key) {
+            for (std::size_t key = 0; key < kKeyNames.size(); ++key) {
                 if (old == before.end() || old->second.writes[key] != values[key]) {
-                    entries.push_back({kKeys[key], values[key]});
+                    entries.push_back({kKeyNames[key], values[key]});
                 } else if (old->first != section) {
-                    entries.push_back({kKeys[key], old->second.Moved(key)});
+                    entries.push_back({kKeyNames[key], old->second.Moved(key)});
                 }
             }
             profile.SetStrings(section, entries);

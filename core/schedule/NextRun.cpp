@@ -6,6 +6,7 @@
 
 #include "core/platform/LocalTime.h"
 #include "core/task/SCVShchedulerTask.h"
+#include "core/task/TaskDays.h"
 
 // A local-time conversion costs far more than all the rest, and this runs for every task on every tick: each
 // path makes only the conversions that it needs, each of them once.
@@ -137,9 +138,7 @@ std::optional<std::int64_t> NextEveryRun(const CSCVShchedulerTask& task, std::in
 }  // namespace
 
 int CSCVShchedulerTask::RepeatsOnWeekday(int dayNumber) const noexcept {
-    const std::int32_t flags[] = {m_bRepeatOnSun, m_bRepeatOnMon, m_bRepeatOnTue, m_bRepeatOnWen,
-                                  m_bRepeatOnThu, m_bRepeatOnFri, m_bRepeatOnSat};
-    return dayNumber >= 1 && dayNumber <= 7 && flags[dayNumber - 1] != 0 ? 1 : 0;
+    return dayNumber >= 1 && dayNumber <= 7 && this->*TaskDayOf(dayNumber - 1).flag != 0 ? 1 : 0;
 }
 
 int CSCVShchedulerTask::HasWeekdayRepeat() const noexcept {

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "core/task/SCVShchedulerTask.h"
+#include "core/task/TaskSwitches.h"
 #include "util/CaseFold.h"
 #include "util/Csv.h"
 
@@ -10,76 +11,38 @@
 
 namespace {
 
-enum class Argument {
-    None,      // the switch is the whole token
-    Required,  // without an argument the switch is left out, although its flag is set
-    Optional,
-    Suffices,  // optional, and writes the switch even when its flag is clear
-};
-
-struct Switch {
-    std::wstring_view name;
-    std::int32_t CSCVShchedulerTask::*flag;
-    Argument kind = Argument::None;
-    std::wstring CSCVShchedulerTask::*argument = nullptr;
-};
-
 using Task = CSCVShchedulerTask;
 
-// In the order in which they are written. Reading knows one more, "-rft", which means nothing, like any other
-// token that is not found here.
-constexpr Switch kSwitches[] = {
-    {L"rt", &Task::m_bResetUrls},
-    {L"dt", &Task::m_bDeleteUrls},
-    {L"dr", &Task::m_bDeleteResults},
-    {L"at", &Task::m_bAddUrls, Argument::Required, &Task::m_strUrlsFile},
-    {L"gt", &Task::m_bGenerateUrls, Argument::Required, &Task::m_strScriptFile},
-    {L"aiv", &Task::m_bImportInputValues, Argument::Required, &Task::m_strInputValuesFile},
-    {L"s", &Task::m_bStart},
-    {L"rs", &Task::m_bRestart},
-    {L"ddr", &Task::m_bDdrSwitch},
-    {L"fr", &Task::m_bApplyFilter, Argument::Optional, &Task::m_strFilterArgument},
-    {L"qe", &Task::m_bExportResults, Argument::Suffices, &Task::m_strExportFile},
-    {L"eft", &Task::m_bExportFailedUrls, Argument::Required, &Task::m_strFailedUrlsFile},
-    {L"ex", &Task::m_bExit},
-};
-
-bool IsInputValues(const Switch& s) {
-    return s.argument == &Task::m_strInputValuesFile;
-}
-
 // Empty when there is nothing to pass on.
-std::wstring ArgumentOf(const Task& task, const Switch& s) {
-    if (s.argument == nullptr) {
+std::wstring ArgumentOf(const Task& task, const TaskSwitch& s) {
+    if (s.text == nullptr || s.LacksElement(task)) {
         return {};
     }
-    const std::wstring& text = task.*s.argument;
-    if (!IsInputValues(s) || text.empty()) {
+    const std::wstring& text = task.*s.text;
+    if (!s.hasElement || text.empty()) {
         return text;
-    }
-    if (task.m_strInputElementName.empty() && task.m_strInputElementId.empty()) {
-        return {};
     }
     return task.m_strInputElementName + L',' + task.m_strInputElementId + L',' + text;
 }
 
-bool IsWritten(const Switch& s, bool flag, bool hasArgument) {
-    switch (s.kind) {
-        case Argument::Required:
+bool IsWritten(const TaskSwitch& s, bool flag, bool hasArgument) {
+    switch (s.argument) {
+        case TaskSwitch::Argument::Required:
             return flag && hasArgument;
-        case Argument::Suffices:
+        case TaskSwitch::Argument::Suffices:
             return flag || hasArgument;
-        case Argument::None:
-        case Argument::Optional:
+        case TaskSwitch::Argument::None:
+        case TaskSwitch::Argument::Optional:
             break;
     }
     return flag;
 }
 
-bool Matches(const Switch& s, std::wstring_view token) {
-    const std::size_t length = s.name.size() + 1;
-    return token.size() >= length && (s.kind != Argument::None || token.size() == length) &&
-           (token[0] == L'-' || token[0] == L'/') && EqualNoCase(token.substr(1, s.name.size()), s.name);
+bool Matches(const TaskSwitch& s, std::wstring_view token) {
+    const std::size_t length = s.letters.size() + 1;
+    return token.size() >= length && (s.text != nullptr || token.size() == length) &&
+           (token[0] == L'-' || token[0] == L'/') &&
+           EqualNoCase(token.substr(1, s.letters.size()), s.letters);
 }
 
 std::wstring_view WithoutOuterQuotes(std::wstring_view text) {
@@ -110,13 +73,13 @@ void TakeInputValues(Task& task, std::wstring_view argument) {
 
 std::wstring CSCVShchedulerTask::BuildCommandLine() const {
     std::wstring text = L'"' + m_strProjectPath + L'"';
-    for (const Switch& s : kSwitches) {
+    for (const TaskSwitch& s : kTaskSwitches) {
         const std::wstring argument = ArgumentOf(*this, s);
         if (!IsWritten(s, this->*s.flag != 0, !argument.empty())) {
             continue;
         }
         text += L" -";
-        text += s.name;
+        text += s.letters;
         if (!argument.empty()) {
             // Nothing escapes a quote inside: the reader knows no escape either.
             text += L'"' + argument + L'"';
@@ -132,22 +95,22 @@ int CSCVShchedulerTask::ParseCommandLine(std::wstring_view text) {
     if (!tokens.IsEmpty()) {
         m_strProjectPath = tokens[0];
     }
-    for (const Switch& s : kSwitches) {
+    for (const TaskSwitch& s : kTaskSwitches) {
         const auto token = std::ranges::find_if(
             tokens, [&s](const std::wstring& candidate) { return Matches(s, candidate); });
         if (token == tokens.end()) {
             continue;
         }
         this->*s.flag = 1;
-        if (s.argument == nullptr) {
+        if (s.text == nullptr) {
             continue;
         }
         const std::wstring_view argument =
-            WithoutOuterQuotes(std::wstring_view(*token).substr(s.name.size() + 1));
-        if (IsInputValues(s)) {
+            WithoutOuterQuotes(std::wstring_view(*token).substr(s.letters.size() + 1));
+        if (s.hasElement) {
             TakeInputValues(*this, argument);
         } else {
-            this->*s.argument = argument;
+            this->*s.text = argument;
         }
     }
     return 1;

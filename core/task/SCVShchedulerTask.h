@@ -1,9 +1,10 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
+
+#include "core/task/TaskFields.h"
 
 class CPrivateProfile;
 class IClock;
@@ -11,8 +12,8 @@ class IFileSystem;
 class IShell;
 
 // One scheduled project: which file to run, with which commands, when, how it repeats and what happened last.
-// Texts are UTF-16; instants are signed seconds since 1970-01-01 UTC; flags are 0 or non-zero.
-class CSCVShchedulerTask {
+// Never copied; what can be copied are its fields.
+class CSCVShchedulerTask : public TaskFields {
 public:
     // Everything empty, zero or at its plain default; for tasks whose fields are all read from somewhere.
     CSCVShchedulerTask() noexcept = default;
@@ -56,55 +57,8 @@ public:
     // program was started, else 0. (core/Launcher.cpp)
     int Run(IShell& shell, const IClock& clock);
 
-    std::int32_t m_bEnable = 1;
-    std::wstring m_strProjectPath;
-    std::wstring m_strUrlsFile;
-    std::wstring m_strScriptFile;
-    std::wstring m_strInputValuesFile;
-    std::wstring m_strInputElementId;
-    std::wstring m_strInputElementName;
-    std::wstring m_strExportFile;
-    std::wstring m_strFailedUrlsFile;
-    std::wstring m_strFilterArgument;
-
-    std::int32_t m_bResetUrls = 0;
-    std::int32_t m_bDeleteUrls = 0;
-    std::int32_t m_bDeleteResults = 0;
-    std::int32_t m_bAddUrls = 0;
-    std::int32_t m_bGenerateUrls = 0;
-    std::int32_t m_bImportInputValues = 0;
-    std::int32_t m_bStart = 0;
-    std::int32_t m_bRestart = 0;
-    std::int32_t m_bDdrSwitch = 0;
-    std::int32_t m_bApplyFilter = 0;
-    std::int32_t m_bExportResults = 0;
-    std::int32_t m_bExportFailedUrls = 0;
-    std::int32_t m_bExit = 0;
-
-    std::int32_t m_bRepeatOnMon = 0;
-    std::int32_t m_bRepeatOnTue = 0;
-    std::int32_t m_bRepeatOnWen = 0;
-    std::int32_t m_bRepeatOnThu = 0;
-    std::int32_t m_bRepeatOnFri = 0;
-    std::int32_t m_bRepeatOnSat = 0;
-    std::int32_t m_bRepeatOnSun = 0;
-    std::int32_t m_bRepeatOnMonthly = 0;
-    std::int32_t m_bEnableEvery = 0;
-    std::int32_t m_nEveryValue = 1;
-    std::int32_t m_nEveryUnit = 1;  // 1 is hours, anything else minutes
-    std::int64_t m_tUntilTime = 0;
-    std::int64_t m_tStartTime = 0;
-    std::int64_t m_tLastRunTime = 0;  // 0 is never
-    std::wstring m_strLastRunResult;
-    // Where the task was last loaded from or saved to; empty for a task that never was.
-    std::wstring m_strIniFile;
-    std::wstring m_strIniSection;
-
 private:
     friend class CSCVShchedulerTaskArray;
-    // What the task writes for each key of its section, as it stands in the file.
-    using CStoredValues = std::array<std::wstring, 17>;
-    [[nodiscard]] CStoredValues StoredValues() const;
     void ReadFrom(const CPrivateProfile& profile, const std::wstring& file, const std::wstring& section);
     void WriteTo(CPrivateProfile& profile, const std::wstring& section) const;
     void ClearCommands() noexcept;

@@ -16,3 +16,12 @@ const TaskDay* FindTaskDay(std::string_view name) {
     });
     return day == std::end(kTaskDays) ? nullptr : day;
 }
+
+std::string TaskDayNames() {
+    std::string names;
+    for (const TaskDay& day : kTaskDays) {
+        names += names.empty() ? "" : &day == std::end(kTaskDays) - 1 ? " and " : ", ";
+        names += day.name;
+    }
+    return names;
+}

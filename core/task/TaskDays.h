@@ -1,21 +1,34 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
-#include "core/task/SCVShchedulerTask.h"
+#include "core/task/TaskFields.h"
 
-// The weekdays under the names that reports and JSON use; "Wen" is what the task list file calls Wednesday.
+// The weekdays, Monday first. "Wen" is what window, list file, reports and JSON call Wednesday.
 struct TaskDay {
     const char* name;
-    std::int32_t CSCVShchedulerTask::*flag;
+    std::wstring_view key;  // in the list file
+    std::int32_t TaskFields::*flag;
 };
 inline constexpr TaskDay kTaskDays[] = {
-    {"Mon", &CSCVShchedulerTask::m_bRepeatOnMon}, {"Tue", &CSCVShchedulerTask::m_bRepeatOnTue},
-    {"Wen", &CSCVShchedulerTask::m_bRepeatOnWen}, {"Thu", &CSCVShchedulerTask::m_bRepeatOnThu},
-    {"Fri", &CSCVShchedulerTask::m_bRepeatOnFri}, {"Sat", &CSCVShchedulerTask::m_bRepeatOnSat},
-    {"Sun", &CSCVShchedulerTask::m_bRepeatOnSun},
+    {"Mon", L"RepeatOnMon", &TaskFields::m_bRepeatOnMon},
+    {"Tue", L"RepeatOnTue", &TaskFields::m_bRepeatOnTue},
+    {"Wen", L"RepeatOnWen", &TaskFields::m_bRepeatOnWen},
+    {"Thu", L"RepeatOnThu", &TaskFields::m_bRepeatOnThu},
+    {"Fri", L"RepeatOnFri", &TaskFields::m_bRepeatOnFri},
+    {"Sat", L"RepeatOnSat", &TaskFields::m_bRepeatOnSat},
+    {"Sun", L"RepeatOnSun", &TaskFields::m_bRepeatOnSun},
 };
+
+// Weekdays count from 0, Sunday, to 6, Saturday.
+[[nodiscard]] constexpr const TaskDay& TaskDayOf(int weekday) {
+    return kTaskDays[(weekday + 6) % 7];
+}
 
 // The day of a name in any case, "Wed" as well as "Wen"; null when there is none.
 [[nodiscard]] const TaskDay* FindTaskDay(std::string_view name);
+
+// "Mon, Tue, Wen, Thu, Fri, Sat and Sun"
+[[nodiscard]] std::string TaskDayNames();

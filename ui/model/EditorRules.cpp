@@ -1,5 +1,7 @@
 #include "ui/model/EditorRules.h"
 
+#include <initializer_list>
+
 namespace {
 
 template <typename Change>
@@ -21,11 +23,6 @@ void ApplyExportFile(const stEditorMembers& members, SelectedTasks tasks) {
     });
 }
 
-struct stDependants {
-    std::int32_t stEditorMembers::*box;
-    std::vector<int> controls;
-};
-
 }  // namespace
 
 bool ApplyEditorChange(int id, const stEditorMembers& members, SelectedTasks tasks) {
@@ -34,13 +31,13 @@ bool ApplyEditorChange(int id, const stEditorMembers& members, SelectedTasks tas
     }
     for (const stFlagControl& control : kFlagControls) {
         if (control.id == id) {
-            ForEach(tasks, [&](CSCVShchedulerTask& task) { task.*control.field = members.*control.member; });
+            ForEach(tasks, [&](CSCVShchedulerTask& task) { task.*control.field = members.*control.field; });
             return control.changesNextRun;
         }
     }
     for (const stTextControl& control : kTextControls) {
         if (control.id == id) {
-            ForEach(tasks, [&](CSCVShchedulerTask& task) { task.*control.field = members.*control.member; });
+            ForEach(tasks, [&](CSCVShchedulerTask& task) { task.*control.field = members.*control.field; });
             return false;
         }
     }
@@ -83,22 +80,21 @@ void ApplyStartNow(std::int64_t now, SelectedTasks tasks) {
 }
 
 std::vector<stControlState> EditorStates(const stEditorMembers& members, bool hasSelection) {
-    static const stDependants kDependants[] = {
-        {&stEditorMembers::m_bExportIntoNewFile, {IDC_EXPORT_FILE, IDC_EXPORT_FILE_BROWSE}},
-        {&stEditorMembers::m_bExportFailedUrls, {IDC_FAILED_URLS_FILE, IDC_FAILED_URLS_FILE_BROWSE}},
-        {&stEditorMembers::m_bAddUrls, {IDC_URLS_FILE, IDC_URLS_FILE_BROWSE}},
-        {&stEditorMembers::m_bGenerateUrls, {IDC_SCRIPT_FILE, IDC_SCRIPT_FILE_BROWSE}},
-        {&stEditorMembers::m_bImportInputValues,
-         {IDC_INPUT_VALUES_FILE, IDC_INPUT_ELEMENT_NAME, IDC_INPUT_ELEMENT_ID, IDC_INPUT_VALUES_FILE_BROWSE}},
-        {&stEditorMembers::m_bEnableEvery,
-         {IDC_EVERY_VALUE, IDC_EVERY_SPIN, IDC_EVERY_UNIT, IDC_UNTIL_LABEL, IDC_UNTIL_TIME}},
-    };
     std::vector<stControlState> states;
-    for (const stDependants& dependants : kDependants) {
-        for (const int id : dependants.controls) {
-            states.push_back({id, members.*dependants.box != 0});
+    const auto add = [&](std::initializer_list<int> ids, std::int32_t flag) {
+        for (const int id : ids) {
+            states.push_back({id, flag != 0});
+        }
+    };
+    for (const stSwitchControls& row : kSwitchControls) {
+        if (row.edit != 0) {
+            const bool isExport = row.flag == &TaskFields::m_bExportResults;
+            add({row.edit, row.browse}, isExport ? members.m_bExportIntoNewFile : members.*row.flag);
         }
     }
+    add({IDC_INPUT_ELEMENT_NAME, IDC_INPUT_ELEMENT_ID}, members.m_bImportInputValues);
+    add({IDC_EVERY_VALUE, IDC_EVERY_SPIN, IDC_EVERY_UNIT, IDC_UNTIL_LABEL, IDC_UNTIL_TIME},
+        members.m_bEnableEvery);
     for (const int id : {IDC_EDIT_PROJECT, IDC_DELETE_PROJECT, IDC_RUN_PROJECT, IDC_RESET_LAST_RUN}) {
         states.push_back({id, hasSelection});
     }

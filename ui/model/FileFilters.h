@@ -1,7 +1,5 @@
 #pragma once
 
-#include "ui/resource.h"
-
 // What the file dialogs offer: pairs of a description and its patterns, every part ended by a bar, the last
 // by two. Extensions stand without their dot and are given to a name typed without one.
 
@@ -27,18 +25,3 @@ inline constexpr const wchar_t* kFailedUrlsFilter =
     L"Web Files (*.htm;*.html)|*.htm;*.html|Text Files (*.txt;*.csv)|*.txt;*.csv||";
 inline constexpr const wchar_t* kInputFilter =
     L"Excel CSV Files (*.csv)|*.csv|Text Files (*.txt)|*.txt|All Files (*.*)|*.*||";
-
-// The editor's buttons that put a chosen file into an edit box. The script's button is not among them: it
-// opens the script editor.
-struct stBrowseButton {
-    int button;
-    int edit;
-    const wchar_t* extension;
-    const wchar_t* filter;
-};
-inline constexpr stBrowseButton kBrowseButtons[] = {
-    {IDC_EXPORT_FILE_BROWSE, IDC_EXPORT_FILE, L"csv", kExportFilter},
-    {IDC_FAILED_URLS_FILE_BROWSE, IDC_FAILED_URLS_FILE, L"htm", kFailedUrlsFilter},
-    {IDC_URLS_FILE_BROWSE, IDC_URLS_FILE, L"csv", kInputFilter},
-    {IDC_INPUT_VALUES_FILE_BROWSE, IDC_INPUT_VALUES_FILE, L"csv", kInputFilter},
-};

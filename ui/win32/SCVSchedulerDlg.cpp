@@ -10,6 +10,7 @@
 #include "framework/ExceptionBoundary.h"
 #include "framework/IconResource.h"
 #include "framework/WinApp.h"
+#include "ui/model/EditorMembers.h"
 #include "ui/model/ProjectColumns.h"
 #include "ui/model/RowSelection.h"
 #include "ui/model/StartUp.h"
@@ -36,12 +37,20 @@ constexpr struct {
     {IDC_RESET_LAST_RUN, IDI_RESET_LAST_RUN},
     {IDC_PROGRAM_BROWSE, IDI_BROWSE},
     {IDC_PROGRAM_RUN, IDI_RUN},
-    {IDC_EXPORT_FILE_BROWSE, IDI_BROWSE},
-    {IDC_FAILED_URLS_FILE_BROWSE, IDI_BROWSE},
-    {IDC_URLS_FILE_BROWSE, IDI_BROWSE},
-    {IDC_INPUT_VALUES_FILE_BROWSE, IDI_BROWSE},
-    {IDC_SCRIPT_FILE_BROWSE, IDI_BROWSE},
 };
+
+// Calls `use` with id and icon of every button that shows an icon.
+template <typename Use>
+void ForEachIconButton(Use use) {
+    for (const auto& item : kIconButtons) {
+        use(item.button, item.icon);
+    }
+    for (const stSwitchControls& row : kSwitchControls) {
+        if (row.browse != 0) {
+            use(row.browse, IDI_BROWSE);
+        }
+    }
+}
 
 constexpr struct {
     int id;
@@ -116,20 +125,19 @@ void CSCVSchedulerDlg::SetIcons() {
     SetIcon(m_icons.back().Get(), true);
     m_icons.push_back(LoadSmallIcon(IDI_PROGRAM));
     SetIcon(m_icons.back().Get(), false);
-    for (const auto& item : kIconButtons) {
-        m_icons.push_back(LoadSmallIcon(item.icon));
-        CWnd(GetDlgItem(item.button))
+    ForEachIconButton([this](int button, int icon) {
+        m_icons.push_back(LoadSmallIcon(icon));
+        CWnd(GetDlgItem(button))
             .SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(m_icons.back().Get()));
-    }
+    });
 }
 
 bool CSCVSchedulerDlg::CreateToolTips() {
     if (!m_toolTip.Create(*this)) {
         return false;
     }
-    for (const auto& item : kIconButtons) {
-        m_toolTip.AddTool(GetDlgItem(item.button), GetDlgItemText(item.button));
-    }
+    ForEachIconButton(
+        [this](int button, int) { m_toolTip.AddTool(GetDlgItem(button), GetDlgItemText(button)); });
     m_toolTip.Activate(true);
     return true;
 }

@@ -74,11 +74,11 @@ void CTaskEditor::Initialise() const {
 
 void CTaskEditor::DoDataExchange(CDataExchange* exchange) {
     for (const stFlagControl& control : kFlagControls) {
-        DDX_Check(exchange, control.id, m_members.*control.member);
+        DDX_Check(exchange, control.id, m_members.*control.field);
     }
     DDX_Check(exchange, IDC_EXPORT_TO_NEW_FILE, m_members.m_bExportIntoNewFile);
     for (const stTextControl& control : kTextControls) {
-        DDX_Text(exchange, control.id, m_members.*control.member);
+        DDX_Text(exchange, control.id, m_members.*control.field);
     }
     DDX_Text(exchange, IDC_EVERY_VALUE, m_members.m_nEveryValue);
     DDX_CBIndex(exchange, IDC_EVERY_UNIT, m_members.m_nEveryUnit);
@@ -87,7 +87,7 @@ void CTaskEditor::DoDataExchange(CDataExchange* exchange) {
         const struct {
             int id;
             std::int64_t instant;
-        } pickers[] = {{IDC_START_DATE, m_members.m_tStartDate},
+        } pickers[] = {{IDC_START_DATE, m_members.m_tStartTime},
                        {IDC_START_TIME, m_members.m_tStartTime},
                        {IDC_UNTIL_TIME, m_members.m_tUntilTime}};
         for (const auto& picker : pickers) {
@@ -155,12 +155,12 @@ bool CTaskEditor::OnButton(int id) {
         EditScript();
         return true;
     }
-    for (const stBrowseButton& browse : kBrowseButtons) {
-        if (browse.button == id) {
-            CFileDialog dialog(true, browse.extension, m_dialog.GetDlgItemText(browse.edit), OFN_HIDEREADONLY,
-                               browse.filter, &m_dialog);
+    for (const stSwitchControls& row : kSwitchControls) {
+        if (row.filter != nullptr && row.browse == id) {
+            CFileDialog dialog(true, row.extension, m_dialog.GetDlgItemText(row.edit), OFN_HIDEREADONLY,
+                               row.filter, &m_dialog);
             if (dialog.DoModal() == IDOK) {
-                m_dialog.SetDlgItemText(browse.edit, dialog.GetPathName());
+                m_dialog.SetDlgItemText(row.edit, dialog.GetPathName());
             }
             return true;
         }

@@ -6,7 +6,7 @@
 #include "tests/support/DialogSteps.h"
 #include "tests/support/MainDialog.h"
 #include "tests/support/TemporaryFolder.h"
-#include "ui/model/FileFilters.h"
+#include "ui/model/EditorMembers.h"
 #include "util/win32/ComApartment.h"
 
 namespace {
@@ -76,10 +76,13 @@ TEST_F(TaskEditor, BoxesEnableWhatHangsOnThemAndButtonsChooseFiles) {
     }
     EXPECT_TRUE(IsEnabled(IDC_EVERY_VALUE));
     const std::wstring longName(33'000, L'x');
-    for (const stBrowseButton& browse : kBrowseButtons) {
+    for (const stSwitchControls& browse : kSwitchControls) {
+        if (browse.filter == nullptr) {
+            continue;
+        }
         Type(browse.edit, longName);
         const FileDialogAnswer answer(L"C:\\chosen.csv");
-        Click(browse.button);
+        Click(browse.browse);
         EXPECT_TRUE(answer.open);
         EXPECT_EQ(answer.fileName, longName) << "the buffer grows with the name that it starts with";
         EXPECT_EQ(answer.filter + L'|', browse.filter);

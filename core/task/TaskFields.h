@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+// What a task consists of. Texts are UTF-16; instants are signed seconds since 1970-01-01 UTC, 0 is not set;
+// a flag is set when it is not 0, whatever other number the list file holds.
+//
+// The 13 commands: each flag puts a switch on the extraction program's command line, each text below it is
+// the argument of one. kTaskSwitches (core/task/TaskSwitches.h) says which belong together.
+struct TaskFields {
+    std::int32_t m_bEnable = 1;     // clear: the scheduling pass leaves the task out
+    std::wstring m_strProjectPath;  // full path; identifies the task in its list, without regard to case
+
+    std::wstring m_strUrlsFile;         // of m_bAddUrls
+    std::wstring m_strScriptFile;       // of m_bGenerateUrls
+    std::wstring m_strInputValuesFile;  // of m_bImportInputValues, as are the next two; Reset keeps all three
+    std::wstring m_strInputElementId;   // a comma in id or name shifts name, id and file when read back
+    std::wstring m_strInputElementName;  // the command needs this or the id
+    std::wstring m_strExportFile;      // of m_bExportResults; writes its switch even when that flag is clear
+    std::wstring m_strFailedUrlsFile;  // of m_bExportFailedUrls
+    std::wstring m_strFilterArgument;  // of m_bApplyFilter; only a parsed command line sets it
+
+    std::int32_t m_bResetUrls = 0;
+    std::int32_t m_bDeleteUrls = 0;
+    std::int32_t m_bDeleteResults = 0;
+    std::int32_t m_bAddUrls = 0;
+    std::int32_t m_bGenerateUrls = 0;
+    std::int32_t m_bImportInputValues = 0;
+    std::int32_t m_bStart = 0;
+    std::int32_t m_bRestart = 0;
+    std::int32_t m_bDdrSwitch = 0;  // only a parsed command line sets it: the window has no box for it
+    std::int32_t m_bApplyFilter = 0;
+    std::int32_t m_bExportResults = 0;
+    std::int32_t m_bExportFailedUrls = 0;
+    std::int32_t m_bExit = 0;
+
+    std::int32_t m_bRepeatOnMon = 0;
+    std::int32_t m_bRepeatOnTue = 0;
+    std::int32_t m_bRepeatOnWen = 0;  // Wednesday, spelled as in the list file
+    std::int32_t m_bRepeatOnThu = 0;
+    std::int32_t m_bRepeatOnFri = 0;
+    std::int32_t m_bRepeatOnSat = 0;
+    std::int32_t m_bRepeatOnSun = 0;
+    std::int32_t m_bRepeatOnMonthly = 0;  // on day 1 of each month, whatever the day of the start time
+    std::int32_t m_bEnableEvery = 0;      // again m_nEveryValue after the last run, until m_tUntilTime
+    std::int32_t m_nEveryValue = 1;       // minutes or hours; below 1 the Every rule is inactive
+    std::int32_t m_nEveryUnit = 1;        // 1 is hours, anything else minutes
+    std::int64_t m_tUntilTime = 0;        // only its local hour and minute count, never its date
+    std::int64_t m_tStartTime = 0;    // first run; its local hour and minute are those of later days' runs
+    std::int64_t m_tLastRunTime = 0;  // of the last launch, successful or not; 0 is never
+    std::wstring m_strLastRunResult;  // "Success" or why the last launch failed; empty before the first
+
+    // Where the task was last loaded from or saved to; empty for a task that never was. The scheduling pass
+    // saves the task's run to exactly that place.
+    std::wstring m_strIniFile;
+    std::wstring m_strIniSection;
+};
