@@ -16,14 +16,6 @@ namespace {
 
 constexpr unsigned kTickMilliseconds = 2000;
 
-// Whether the file holds what the pass has just recorded; a run that it does not hold would come again after
-// a restart.
-bool IsSaved(const CSCVShchedulerTask& task, IFileSystem& files) {
-    CSCVShchedulerTask stored;
-    return stored.LoadFromIni(files, task.m_strIniFile, task.m_strIniSection) != 0 &&
-           stored.m_tLastRunTime == task.m_tLastRunTime;
-}
-
 // True when every launch succeeded and was recorded. `error` is why the pass stopped early; it is told when
 // it differs from the one passed in, so that a watch does not repeat it on every tick.
 bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std::string& error,
@@ -31,13 +23,13 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std:
     bool fine = true;
     std::string stopped;
     try {
-        RunSchedulingPass(tasks, context.platform, [&](CSCVShchedulerTask& task) {
-            tell(task);
-            fine = fine && task.m_strLastRunResult == L"Success";
-            if (!IsSaved(task, context.platform.files)) {
-                context.Complain("the run of ", task.m_strProjectPath, " could not be saved in the list");
-                fine = false;
+        RunSchedulingPass(tasks, context.platform, [&](const PassRun& run) {
+            tell(run.task);
+            fine = fine && run.isStarted && run.isSaved;
+            if (!run.isSaved) {
+                context.Complain("the run of ", run.task.m_strProjectPath, " could not be saved in the list");
             }
+            return true;
         });
     } catch (const std::exception& cause) {
         stopped = cause.what();

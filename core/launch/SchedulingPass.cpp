@@ -8,9 +8,9 @@
 #include "core/task/SCVShchedulerTaskArray.h"
 
 void RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform,
-                       const std::function<void(CSCVShchedulerTask&)>& repaint) {
+                       const std::function<bool(const PassRun&)>& onRun) {
     const std::int64_t now = platform.clock.Now();
-    // A repaint may run code that changes the array: its count is asked for each time.
+    // What is called for a run may change the array: its count is asked for each time.
     for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
         CSCVShchedulerTask& task = *tasks[i];
         if (task.m_bEnable == 0) {
@@ -20,8 +20,10 @@ void RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform
         if (next <= 0 || next > now) {
             continue;
         }
-        task.Run(platform.shell, platform.clock);
-        task.SaveToIni(platform.files, task.m_strIniFile, task.m_strIniSection);
-        repaint(task);
+        const bool isStarted = task.Run(platform.shell, platform.clock) != 0;
+        const bool isSaved{task.TrySaveToIni(platform.files, task.m_strIniFile, task.m_strIniSection)};
+        if (!onRun({task, isStarted, isSaved})) {
+            return;
+        }
     }
 }

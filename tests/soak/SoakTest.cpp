@@ -6,8 +6,8 @@
 #include <random>
 #include <vector>
 
-#include "core/task/SCVShchedulerTaskArray.h"
 #include "core/launch/SchedulingPass.h"
+#include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/soak/ExpectedRuns.h"
 #include "tests/soak/SoakMachine.h"
 #include "tests/support/FakeClock.h"
@@ -127,10 +127,12 @@ protected:
             m_failedLaunches += result != L"Success";
             due.push_back(task.project + result);
         }
-        RunSchedulingPass(*m_array, {m_clock, m_machine.files, m_shell}, [&](const CSCVShchedulerTask& task) {
-            m_record.Add(task);
-            run.push_back(task.m_strProjectPath + task.m_strLastRunResult);
-            EXPECT_EQ(task.m_tLastRunTime, m_now);
+        RunSchedulingPass(*m_array, {m_clock, m_machine.files, m_shell}, [&](const PassRun& made) {
+            m_record.Add(made.task, made.isSaved);
+            run.push_back(made.task.m_strProjectPath + made.task.m_strLastRunResult);
+            EXPECT_EQ(made.task.m_tLastRunTime, m_now);
+            EXPECT_EQ(made.isStarted, made.task.m_strLastRunResult == L"Success");
+            return true;
         });
         ASSERT_EQ(run, due);
         ASSERT_EQ(m_shell.starts, starts);

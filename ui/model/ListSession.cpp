@@ -64,9 +64,10 @@ std::string CListSession::RunDueProjects(const std::function<void()>& onRun) {
     const CFlagGuard launching(m_bLaunching);
     std::string error;
     try {
-        RunSchedulingPass(m_tasks, m_platform, [&](const CSCVShchedulerTask& task) {
-            m_passRecord.Add(task);
+        RunSchedulingPass(m_tasks, m_platform, [&](const PassRun& run) {
+            m_passRecord.Add(run.task, run.isSaved);
             onRun();
+            return true;
         });
     } catch (const std::exception& failure) {
         error = failure.what();

@@ -3,28 +3,39 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 
 class CSCVShchedulerTask;
 class CSCVShchedulerTaskArray;
+class IFileSystem;
 
 // The runs that the scheduling pass has made since the whole list was last saved. Each is saved as it
-// happens, but that can fail while somebody else holds the file, and reading the list again would then bring
+// happens, but that can fail while another program holds the file. Reading the list again would then bring
 // back the older last run and with it the same run a second time.
 class CPassRecord {
 public:
-    // A task without a section in the file cannot be read again and is not kept.
-    void Add(const CSCVShchedulerTask& task);
-    // To be called once the list has been read again: gives the recorded run to every task that the file
-    // knows only by an older one.
+    // `isSaved` tells whether the task's file has the run.
+    void Add(const CSCVShchedulerTask& task, bool isSaved);
+    // To be called once the list has been read again: gives the recorded run to every task that has
+    // only an older one.
     void ApplyTo(const CSCVShchedulerTaskArray& tasks) const;
+    // Saves the tasks whose runs could not be saved, up to the first failure.
+    void SaveTo(IFileSystem& files, const CSCVShchedulerTaskArray& tasks);
+    // Whether a task that has a section has a run that could not be saved.
+    [[nodiscard]] bool HasUnsaved() const noexcept;
     // To be called once the whole list has been saved.
     void Clear() noexcept { m_runs.clear(); }
 
 private:
     struct stRun {
-        std::wstring project;
         std::int64_t time = 0;
         std::wstring result;
+        bool isSaved = false;
     };
-    std::map<std::wstring, stRun> m_runs;  // by section
+    // By section, empty for a task that is in no file yet, and project, in upper case: another process may
+    // have given the section to another project meanwhile.
+    using Key = std::pair<std::wstring, std::wstring>;
+    [[nodiscard]] static Key KeyOf(const CSCVShchedulerTask& task);
+
+    std::map<Key, stRun> m_runs;
 };

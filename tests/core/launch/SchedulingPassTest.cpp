@@ -12,6 +12,34 @@
 #include "tests/support/TaskRules.h"
 
 // Which tasks are launched and saved, and when, the soak sees.
+TEST(SchedulingPass, ReportsEachRunUntilItIsEnded) {
+    constexpr wchar_t kList[] = L"C:\\list.ini";
+    CFakeFileSystem files;
+    FakeShell shell;
+    FakeClock clock(1'000'000);
+    CSCVShchedulerTaskArray tasks;
+    for (const wchar_t* project : {L"C:\\a.scvpr", L"C:\\b.scvpr", L"C:\\c.scvpr", L"C:\\d.scvpr"}) {
+        tasks.AddTask(project, clock.now);
+    }
+    ASSERT_TRUE(tasks.TrySave(files, kList));
+    clock.now += 300;
+    shell.missing = {L"C:\\b.scvpr"};
+    const struct {
+        const wchar_t* label;
+        bool isStarted, isSaved;
+    } expected[] = {
+        {L"a: fine", true, true}, {L"b: no project", false, true}, {L"c: list held", true, false}};
+    std::size_t count = 0;
+    RunSchedulingPass(tasks, {clock, files, shell}, [&](const PassRun& run) {
+        EXPECT_EQ(run.isStarted, expected[count].isStarted) << expected[count].label;
+        EXPECT_EQ(run.isSaved, expected[count].isSaved) << expected[count].label;
+        files.Hold(kList, count == 1 ? CFakeFileSystem::kForever : 0);
+        return ++count < 3;
+    });
+    EXPECT_EQ(count, 3U) << "the last project is left to the next pass";
+    EXPECT_EQ(tasks[3]->m_tLastRunTime, 0);
+}
+
 TEST(SchedulingPass, AnImpossibleDateEndsThePassAndAClockSetBackRepeatsNothing) {
     const auto june = [](int day, int hour) { return FromLocalTime(2026, 6, day, hour, 0, 0); };
     CSCVShchedulerTaskArray tasks;
@@ -27,16 +55,19 @@ TEST(SchedulingPass, AnImpossibleDateEndsThePassAndAClockSetBackRepeatsNothing) 
     FakeShell shell;
     FakeClock clock(june(15, 9));
     const CPlatform platform{clock, files, shell};
-    EXPECT_THROW(RunSchedulingPass(tasks, platform, [](const auto&) {}), std::invalid_argument);
+    EXPECT_THROW(RunSchedulingPass(tasks, platform, [](const auto&) { return true; }), std::invalid_argument);
     EXPECT_EQ(shell.starts.size(), 4U) << "those before it, after a week switched off";
     tasks.RemoveTaskAt(4);
     for (int minute = -60; minute <= 60; ++minute) {
         clock.now = june(15, 9) + minute * 60;
-        RunSchedulingPass(tasks, platform, [](const auto&) {});
+        RunSchedulingPass(tasks, platform, [](const auto&) { return true; });
         EXPECT_EQ(shell.starts.size(), minute < 60 ? 4U : 5U) << minute;
     }
     // A repaint may run code that changes the list.
     clock.now = june(17, 9);
-    RunSchedulingPass(tasks, platform, [&](const auto&) { tasks.RemoveAllTasks(); });
+    RunSchedulingPass(tasks, platform, [&](const auto&) {
+        tasks.RemoveAllTasks();
+        return true;
+    });
     EXPECT_EQ(shell.starts.size(), 6U);
 }
