@@ -10,6 +10,7 @@
 //                                       it, and whether it shows a menu or is being moved or sized
 //   ["text", WINDOW]                    what a control says
 //   ["rename", WINDOW, TEXT]            gives a window another title
+//   ["resize", WINDOW, RECTANGLE]       puts a window there, as far as it lets itself be put
 //   ["send", WINDOW, MESSAGE, W, L]     the result of a message with numbers only
 //   ["fill", WINDOW, MESSAGE, W, BYTES, AT, TO]   {"result", "bytes"}: of a message whose lParam points to a
 //   structure of
@@ -48,6 +49,8 @@ bool Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam, DWORD_PTR& re
 json Describe(HWND window) {
     RECT rect{};
     GetWindowRect(window, &rect);
+    RECT client{};
+    GetClientRect(window, &client);
     POINT origin{};
     ClientToScreen(window, &origin);
     wchar_t title[256] = {};
@@ -56,17 +59,20 @@ json Describe(HWND window) {
     GetClassNameW(window, kind, ARRAYSIZE(kind));
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    return {{"handle", FromWindow(window)},
-            {"x11", reinterpret_cast<std::intptr_t>(GetPropW(window, L"__wine_x11_whole_window"))},
-            {"title", ToUtf8(title)},
-            {"class", ToUtf8(kind)},
-            {"parent", FromWindow(GetParent(window))},
-            {"id", GetDlgCtrlID(window)},
-            {"process", process},
-            {"place", {rect.left, rect.top, rect.right, rect.bottom}},
-            {"origin", {origin.x, origin.y}},
-            {"shown", IsWindowVisible(window) != FALSE},
-            {"enabled", IsWindowEnabled(window) != FALSE}};
+    return {
+        {"handle", FromWindow(window)},
+        {"x11", reinterpret_cast<std::intptr_t>(GetPropW(window, L"__wine_x11_whole_window"))},
+        {"title", ToUtf8(title)},
+        {"class", ToUtf8(kind)},
+        {"parent", FromWindow(GetParent(window))},
+        {"id", GetDlgCtrlID(window)},
+        {"process", process},
+        {"place", {rect.left, rect.top, rect.right, rect.bottom}},
+        {"origin", {origin.x, origin.y}},
+        {"client",
+         {origin.x, origin.y, origin.x + client.right - client.left, origin.y + client.bottom - client.top}},
+        {"shown", IsWindowVisible(window) != FALSE},
+        {"enabled", IsWindowEnabled(window) != FALSE}};
 }
 
 BOOL CALLBACK AddDescription(HWND window, LPARAM list) {
@@ -111,6 +117,13 @@ json Text(HWND window) {
 json Rename(HWND window, const std::string& title) {
     DWORD_PTR result = 0;
     return Send(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(FromUtf8(title).c_str()), result);
+}
+
+json Resize(HWND window, const json& place) {
+    const int left = place.at(0);
+    const int top = place.at(1);
+    return SetWindowPos(window, nullptr, left, top, place.at(2).get<int>() - left,
+                        place.at(3).get<int>() - top, SWP_NOZORDER | SWP_NOACTIVATE) != FALSE;
 }
 
 json SendNumbers(HWND window, const json& request) {
@@ -188,6 +201,9 @@ json Reply(const json& request) {
     }
     if (verb == "rename") {
         return Rename(window, request.at(2));
+    }
+    if (verb == "resize") {
+        return Resize(window, request.at(2));
     }
     if (verb == "fill") {
         return Fill(window, request);

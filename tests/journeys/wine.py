@@ -1,6 +1,7 @@
 """A display, a Wine prefix on it and the programs that run there."""
 
 import atexit
+import ctypes
 import os
 import re
 import signal
@@ -49,6 +50,21 @@ class Display:
     def process(self):
         return self._server.pid
 
+    def set_work_area(self, place):
+        """Tells programs that start from now on where windows may be, as a desktop with a task bar does."""
+        x11 = ctypes.CDLL("libX11.so.6")
+        x11.XOpenDisplay.restype = ctypes.c_void_p
+        for function in (x11.XDefaultRootWindow, x11.XInternAtom):
+            function.restype = ctypes.c_ulong
+        # Stays open: with its last client the server forgets the property.
+        display = ctypes.c_void_p(x11.XOpenDisplay(None))
+        cardinal, replace = ctypes.c_ulong(6), 0
+        left, top, right, bottom = place
+        x11.XChangeProperty(display, ctypes.c_ulong(x11.XDefaultRootWindow(display)),
+                            ctypes.c_ulong(x11.XInternAtom(display, b"_NET_WORKAREA", 0)), cardinal, 32, replace,
+                            (ctypes.c_ulong * 4)(left, top, right - left, bottom - top), 4)
+        x11.XFlush(display)
+
     def keep(self):
         """Leaves it there when this program ends."""
         atexit.unregister(self.stop)
@@ -61,18 +77,19 @@ class Display:
 class Wine:
     """A fresh prefix below build/wine, with a server that stays until stop().
 
-    With a display its programs share one desktop with a task bar, which fills the screen; without one they have no
-    windows. What runs does so through scripts/wine.sh, in the root of the checkout.
+    With a display its programs share one desktop with a task bar, which fills the screen, or with has_task_bar=False
+    the screen as it is; without a display they have no windows. What runs does so through scripts/wine.sh, in the root
+    of the checkout.
     """
 
-    def __init__(self, arch, name, display=None, dpi=96):
+    def __init__(self, arch, name, display=None, dpi=96, has_task_bar=True):
         self.arch = arch
         self.prefix = ROOT / "build/wine" / name
         self.drive_c = self.prefix / "drive_c"
         arguments = ["wine_start", arch, str(self.prefix)]
         settings = {}
         if display:
-            arguments.append("desktop")
+            arguments += ["desktop"] if has_task_bar else []
             settings = {"display_pid": str(display.process), "wine_screen": f"{display.width}x{display.height}",
                         "wine_dpi": str(dpi)}
         atexit.register(self.stop)
@@ -135,6 +152,15 @@ class Wine:
     def keep(self):
         """Leaves the server and what runs there when this program ends."""
         atexit.unregister(self.stop)
+
+    def restart(self, dpi):
+        """Ends what runs and starts a server for the display of now, scaled for so many dots per inch."""
+        self.stop()
+        self.run("reg.exe", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", dpi, "/f",
+                 env={"DISPLAY": ""})
+        for command in ("-k", "-w", "-p"):  # the scale is read when a server starts
+            subprocess.call(self._shell(["wine_server", self.arch, command]), cwd=ROOT, stdin=subprocess.DEVNULL,
+                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def stop(self):
         subprocess.call(self._shell(["wine_stop"]), cwd=ROOT, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
