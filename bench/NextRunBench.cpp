@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "bench/Judge.h"
+#include "core/launch/SchedulingPass.h"
 #include "core/platform/LocalTime.h"
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "core/launch/SchedulingPass.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"
@@ -161,7 +161,8 @@ bool JudgeAll() {
         FakeShell shell;
         const double pass = Best(
             [&] {
-                RunSchedulingPass(list.tasks, {list.clock, list.files, shell}, [](const auto&) { return true; });
+                RunSchedulingPass(list.tasks, {list.clock, list.files, shell},
+                                  [](const auto&) { return true; });
             },
             3);
         if (!shell.starts.empty()) {

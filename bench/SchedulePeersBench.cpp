@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "core/platform/LocalTime.h"
 #include "core/schedule/NextRuns.h"
 #include "core/schedule/TimeText.h"
-#include "core/platform/LocalTime.h"
 #include "tests/support/TaskRules.h"
 
 namespace {

@@ -8,9 +8,9 @@
 
 #include "bench/Judge.h"
 #include "core/list/PrivateProfile.h"
-#include "core/task/SCVShchedulerTaskArray.h"
 #include "core/list/TaskListFile.h"
 #include "core/platform/win32/WindowsFileSystem.h"
+#include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/support/TemporaryFolder.h"
 
 // How much faster a task list is saved and loaded than through the system's private-profile functions, which

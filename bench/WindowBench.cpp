@@ -16,8 +16,8 @@
 #include "tests/support/FakeShell.h"
 #include "tests/support/ProcessUse.h"
 #include "tests/support/TestApp.h"
-#include "ui/win32/SCVSchedulerDlg.h"
 #include "ui/resource.h"
+#include "ui/win32/SCVSchedulerDlg.h"
 
 // What the window costs with long lists, and what an idle one costs as time goes by. Exit 1 when a bound is
 // missed. Needs a display.

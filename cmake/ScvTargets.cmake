@@ -38,6 +38,11 @@ if(WIN32)
   endif()
 endif()
 
+# Of a build that only compiles; the platform files that project() reads set their own.
+if(SCV_COMPILE_ONLY)
+  set(CMAKE_CXX_LINK_EXECUTABLE "${CMAKE_COMMAND} -E touch <TARGET>")
+endif()
+
 # scv_sources(VARIABLE sources...): those of the sources that this build compiles. The folder says what a source is:
 # below win32/ it is Windows' own; below native/ it stands in for such a source where the portable part is tested without
 # Windows; all others never include <windows.h> and are compiled everywhere.
@@ -51,13 +56,32 @@ function(scv_sources variable)
   set(${variable} ${sources} PARENT_SCOPE)
 endfunction()
 
+# scv_verify_headers(TARGET SCOPE headers...): the target all_verify_interface_header_sets compiles each of them alone.
+# Windows builds take only Windows' own, as the native ones see the others.
+function(scv_verify_headers target scope)
+  set(headers ${ARGN})
+  if(WIN32)
+    list(FILTER headers INCLUDE REGEX "/(win32|framework|tests)/")
+  else()
+    list(FILTER headers EXCLUDE REGEX "/(win32|framework|tests)/")
+  endif()
+  target_sources(${target} ${scope} FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${headers})
+  set_target_properties(${target} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+endfunction()
+
 # scv_library(NAME SOURCES sources... [LINKS libraries...]): a static library of the sources that this build compiles.
 function(scv_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   scv_sources(sources ${arg_SOURCES})
   add_library(${name} STATIC ${sources})
-  target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE scv_options)
-  target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${arg_LINKS} scv_options)
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS *.h)
+  scv_verify_headers(${name} PUBLIC ${headers})
+  # What the native builds compile clang-tidy reads there.
+  if(WIN32 AND SCV_COMPILE_ONLY)
+    list(FILTER sources EXCLUDE REGEX "win32/")
+    set_source_files_properties(${sources} PROPERTIES HEADER_FILE_ONLY ON)
+  endif()
 endfunction()
 
 # scv_executable(NAME SOURCES sources... [LINKS libraries...] [WINDOWED] [DESCRIPTION text]): on Windows with the common
@@ -81,4 +105,28 @@ function(scv_executable name)
       target_link_options(${name} PRIVATE -s)
     endif()
   endif()
+endfunction()
+
+# scv_test_unity(TARGET sources...): compiles the tests of a folder at once, each in a namespace of its own, so that helpers
+# of equal names do not collide. What they include is precompiled, and so stands before all namespaces.
+function(scv_test_unity target)
+  set(tests ${ARGN})
+  list(FILTER tests EXCLUDE REGEX "^support/|\\.rc$")
+  set(headers)
+  foreach(test IN LISTS tests)
+    file(STRINGS ${test} includes REGEX "^#include ")
+    list(APPEND headers ${includes})
+    string(REGEX REPLACE "/.*" "" folder ${test})
+    set_property(SOURCE ${test} PROPERTY UNITY_GROUP ${folder})
+  endforeach()
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${tests})
+  list(TRANSFORM headers REPLACE "^#include (<[^>]+>|\"[^\"]+\").*" "\\1")
+  list(TRANSFORM headers REPLACE "^\"(.+)\"$" "${PROJECT_SOURCE_DIR}/\\1")
+  if(WIN32)
+    list(PREPEND headers <winsock2.h> <windows.h>)  # in this order, and before Windows' other headers
+  endif()
+  list(REMOVE_DUPLICATES headers)
+  target_precompile_headers(${target} PRIVATE ${headers})
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP UNITY_BUILD_UNIQUE_ID scv_unity_id
+    UNITY_BUILD_CODE_BEFORE_INCLUDE "namespace scv_unity_id {" UNITY_BUILD_CODE_AFTER_INCLUDE "}  // namespace scv_unity_id")
 endfunction()

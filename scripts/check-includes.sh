@@ -1,61 +1,67 @@
 #!/bin/bash
 # No include against the table of folders, none that is not written from the root, no portable file that includes one of
-# Windows' headers or of ours that do, and no source that no preset compiles. Prints each breach and exits with 1 when there
-# is one. Wants all presets configured but windows-x86, which compiles what windows-x64 does.
+# Windows' headers or of ours that do, no header without a guard and no source that is in no CMakeLists.txt. Prints each
+# breach and exits with 1 when there is one.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
-# What each folder may include beside itself. No arrow runs upward and none in a circle.
-everything="util core framework layout script ui cli tests"
-declare -A may=(
-    [util]=""
-    [core]="util"
-    [framework]="util"
-    [layout]="framework util"
-    [script]="layout framework util"
-    [ui]="util core framework layout script"
-    [cli]="core util"
-    [tests]="$everything"
-    [bench]="$everything"
-    [fuzz]="$everything"
-)
-
-breaches=0
-breach() {
-    say "$*"
-    breaches=$((breaches + 1))
+# shellcheck disable=SC2016 # awk's own variables
+check='
+function breach(text) { print text; status = 1 }
+function allow(folder, targets) { may[folder] = " " folder " " targets " " }
+BEGIN {
+    # What each folder may include beside itself. No arrow runs upward and none in a circle.
+    everything = "util core framework layout script ui cli tests"
+    allow("util", "")
+    allow("core", "util")
+    allow("framework", "util")
+    allow("layout", "framework util")
+    allow("script", "layout framework util")
+    allow("ui", "util core framework layout script")
+    allow("cli", "core util")
+    allow("tests", everything)
+    allow("bench", everything)
+    allow("fuzz", everything)
 }
-
-include='^[[:space:]]*#[[:space:]]*include[[:space:]]*'
-while IFS= read -r file; do
-    folder=${file%%/*}
-    while IFS=: read -r line name; do
-        target=${name%%/*}
-        if [ "$target" = "$name" ] || [ -z "${may[$target]+known}" ]; then
-            breach "$file:$line: \"$name\" is not written from the root of the checkout"
-        elif [ "$target" != "$folder" ] && [[ " ${may[$folder]} " != *" $target "* ]]; then
-            breach "$file:$line: $folder/ may not include $target/"
-        fi
-    done < <(sed -nE "s|$include\"([^\"]*)\".*|\1|p;" "$file" | paste -d: <(grep -nE "$include\"" "$file" | cut -d: -f1) -)
-    while IFS=: read -r line name; do
-        [ -z "${may[${name%%/*}]+known}" ] || [ ! -e "$name" ] ||
-            breach "$file:$line: <$name> is ours and is included with quotation marks"
-    done < <(sed -nE "s|$include<([^>]*)>.*|\1|p;" "$file" | paste -d: <(grep -nE "$include<" "$file" | cut -d: -f1) -)
-done < <(our_files '*.h' '*.cpp')
-
-# Windows' own are the files below a folder win32/ and framework/; all others are portable. Tests, benchmarks and fuzz
-# targets may include both where the build compiles them for Windows only.
-while IFS= read -r file; do
-    case $file in
-    */win32/* | framework/* | tests/* | bench/* | fuzz/*) continue ;;
-    esac
-    if grep -qiE "$include(<(windows|winbase|winuser|winreg|shellapi|shlobj|shlwapi|winsock2?)\.h>|\"([^\"]*/win32|framework)/)" "$file"; then
-        breach "$file is portable by its folder and includes a header of Windows"
-    fi
-done < <(our_files '*.h' '*.cpp')
+FNR == 1 {
+    folder = FILENAME
+    sub("/.*", "", folder)
+    # Windows own are the files below a folder win32/ and framework/; all others are portable. Tests, benchmarks and fuzz
+    # targets may include both where the build compiles them for Windows only.
+    portable = FILENAME !~ "/win32/" && folder !~ "^(framework|tests|bench|fuzz)$"
+}
+/^#pragma once$/ { guarded[FILENAME] = 1 }
+match($0, /^[ \t]*#[ \t]*include[ \t]*/) {
+    name = substr($0, RSTART + RLENGTH + 1)
+    ours = substr($0, RSTART + RLENGTH, 1) == "\""
+    sub("[\">].*", "", name)
+    target = name
+    sub("/.*", "", target)
+    where = FILENAME ":" FNR ": "
+    if (!ours && target in may && target != name)
+        breach(where "<" name "> is ours and is included with quotation marks")
+    if (ours && (target == name || !(target in may)))
+        breach(where "\"" name "\" is not written from the root of the checkout")
+    else if (ours && index(may[folder], " " target " ") == 0)
+        breach(where folder "/ may not include " target "/")
+    windows = ours ? "/win32/|^framework/" : "^(windows|winbase|winuser|winreg|shellapi|shlobj|shlwapi|winsock2?)[.]h$"
+    if (portable && tolower(name) ~ windows)
+        breach(where "a portable file, by its folder, includes a header of Windows")
+}
+END {
+    for (i = 1; i < ARGC; i++)
+        if (ARGV[i] ~ /\.h$/ && !(ARGV[i] in guarded))
+            breach(ARGV[i] " has no #pragma once")
+    exit status
+}'
+status=0
+our_files '*.h' '*.cpp' | tr '\n' '\0' | xargs -0 awk "$check" || status=1
 
 # A source that nothing compiles is checked by nobody.
 while IFS= read -r file; do
-    breach "$file is compiled by no preset"
-done < <(comm -13 <(built_sources native native-release native-fuzz windows-x64) <(our_files '*.cpp'))
-
-exit $((breaches > 0))
+    rest=${file#*/}
+    grep -qF "${rest%.cpp}" "${file%%/*}/CMakeLists.txt" || {
+        say "$file is not in the CMakeLists.txt of its folder"
+        status=1
+    }
+done < <(our_files '*.cpp')
+exit "$status"

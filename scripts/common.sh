@@ -20,24 +20,6 @@ our_files() {
     done | LC_ALL=C sort
 }
 
-# configured PRESET...: ends the script when one of them is not.
-configured() {
-    local preset
-    for preset in "$@"; do
-        [ -e "build/$preset/compile_commands.json" ] ||
-            fail "The build $preset is not configured: cmake --preset $preset"
-    done
-}
-
-# built_sources PRESET...: our sources that those builds compile, one a line, sorted.
-built_sources() {
-    local preset
-    configured "$@"
-    for preset in "$@"; do
-        sed -nE "s|.*\"file\": \"$SCV_ROOT/([^\"]*)\".*|\1|p" "build/$preset/compile_commands.json"
-    done | { grep -vE '^build/|\.rc$' || true; } | LC_ALL=C sort -u
-}
-
 say() { printf '%s\n' "$*"; }
 fail() {
     printf '%s\n' "$*" >&2

@@ -1,7 +1,7 @@
-#include "core/platform/Clock.h"
 #include "core/launch/ExtractionProgram.h"
-#include "core/task/SCVShchedulerTask.h"
+#include "core/platform/Clock.h"
 #include "core/platform/Shell.h"
+#include "core/task/SCVShchedulerTask.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/platform/FileSystem.h"
 #include "core/list/PrivateProfile.h"
+#include "core/platform/FileSystem.h"
 
 // Private-profile files as a whole: read at once, replaced in one step. A file that somebody holds is tried
 // again for about a second before a call gives up.

@@ -6,8 +6,8 @@
 
 #include "script/win32/ActiveScriptSite.h"
 #include "script/win32/IScriptController.h"
-#include "util/win32/ComHandle.h"
 #include "util/Csv.h"
+#include "util/win32/ComHandle.h"
 
 // Runs scripts in an Active Scripting engine directly. Errors of a script are shown by the site; an operation
 // that fails otherwise only says so. Where it differs from the Script Control (Reset, GetParamCount) it does

@@ -1,8 +1,8 @@
 #include "script/win32/ComError.h"
 
+#include "util/Utf8.h"
 #include "util/win32/ComHandle.h"
 #include "util/win32/SystemError.h"
-#include "util/Utf8.h"
 
 CComError::CComError(HRESULT result, std::wstring source, const std::wstring& description)
     : std::runtime_error(

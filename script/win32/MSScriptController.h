@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
+#include "script/ScriptErrorInfo.h"
 #include "script/win32/IScriptController.h"
 #include "script/win32/ScriptControl.h"
-#include "script/ScriptErrorInfo.h"
 #include "util/win32/ComHandle.h"
 
 // Runs scripts in the Windows Script Control. AddCode, Run and Reset show the user why they failed; a failing

@@ -1,7 +1,7 @@
 #include "script/win32/ScriptControllerFactory.h"
 
-#include "script/win32/MSScriptController.h"
 #include "script/ScriptLanguages.h"
+#include "script/win32/MSScriptController.h"
 
 std::unique_ptr<IScriptController> CScriptControllerFactory::CreateController() {
     auto controller = std::make_unique<CMSScriptController>();

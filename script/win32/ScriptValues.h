@@ -1,7 +1,7 @@
 #pragma once
 
-#include "util/win32/ComHandle.h"
 #include "util/StringArray.h"
+#include "util/win32/ComHandle.h"
 
 // The texts as a one-dimensional array of VARIANTs, from index 0.
 [[nodiscard]] CSafeArray ArrayOfTexts(const CStringArray& texts);

@@ -5,9 +5,9 @@
 #include <ctime>
 #include <string>
 
+#include "util/Utf8.h"
 #include "util/win32/Handle.h"
 #include "util/win32/ProcessHardening.h"
-#include "util/Utf8.h"
 
 namespace {
 

@@ -1,13 +1,30 @@
 #include "tests/support/ChildProcess.h"
 
-#include <windows.h>
-
+#include <atomic>
+#include <cstdio>
 #include <stdexcept>
+#include <system_error>
 
 #include "tests/support/TemporaryFolder.h"
-#include "util/win32/Handle.h"
-#include "util/win32/ModulePath.h"
 #include "util/Path.h"
+#include "util/win32/ModulePath.h"
+
+CKernelHandle StartChild(std::wstring commandLine, DWORD flags, STARTUPINFOW start) {
+    static std::atomic<int> again = 0;
+    start.cb = sizeof(start);
+    PROCESS_INFORMATION process{};
+    for (int attempt = 0; CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, flags, nullptr,
+                                         nullptr, &start, &process) == FALSE;
+         ++attempt) {
+        const DWORD error = GetLastError();
+        if (error != ERROR_INTERNAL_ERROR || attempt == 10) {
+            throw std::system_error(static_cast<int>(error), std::system_category(), "CreateProcessW");
+        }
+        std::printf("started again after error 1359, time %d in this program\n", ++again);
+    }
+    CloseHandle(process.hThread);
+    return CKernelHandle(process.hProcess);
+}
 
 // Files, as a full pipe would block the child.
 static CFileHandle OpenForChild(const std::wstring& path) {
@@ -21,19 +38,11 @@ ChildResult RunChild(const std::wstring& executable, const std::wstring& words) 
     CFileHandle out = OpenForChild(folder.Path(L"out"));
     CFileHandle err = OpenForChild(folder.Path(L"err"));
     const std::wstring path = std::filesystem::path(GetFolderPath(GetModulePath())) / executable;
-    std::wstring commandLine = L"\"" + path + L"\" " + words;
     STARTUPINFOW start{};
-    start.cb = sizeof(start);
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdOutput = out.Get();
     start.hStdError = err.Get();
-    PROCESS_INFORMATION process{};
-    if (CreateProcessW(path.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                       &process) == FALSE) {
-        throw std::runtime_error("the child process cannot be started");
-    }
-    const CKernelHandle child(process.hProcess);
-    const CKernelHandle thread(process.hThread);
+    const CKernelHandle child = StartChild(L"\"" + path + L"\" " + words, 0, start);
     if (WaitForSingleObject(child.Get(), 60'000) != WAIT_OBJECT_0) {
         TerminateProcess(child.Get(), 1);
         throw std::runtime_error("the child process had to be ended");

@@ -1,6 +1,18 @@
 #pragma once
 
+#include <windows.h>
+
 #include <string>
+
+#include "util/win32/Handle.h"
+
+// Starts a command line as CreateProcessW does, with its flags; inherits the handles that can be inherited.
+// Returns the process. Throws std::system_error with the system's code. Thread-safe.
+//
+// Under Wine a start in some thousands fails with ERROR_INTERNAL_ERROR (1359), because the new process dies
+// before it is up; on exactly that error, and ten times at most, it is started again, which the test's output
+// then counts.
+[[nodiscard]] CKernelHandle StartChild(std::wstring commandLine, DWORD flags, STARTUPINFOW start = {});
 
 struct ChildResult {
     unsigned exitCode;
@@ -9,5 +21,5 @@ struct ChildResult {
 };
 
 // Runs an executable, named by its path from the test's own folder, with the rest of its command line, for a
-// minute at most. Raises std::runtime_error when it cannot be started or had to be ended. Thread-safe.
+// minute at most. Throws std::runtime_error when it cannot be started or had to be ended. Thread-safe.
 [[nodiscard]] ChildResult RunChild(const std::wstring& executable, const std::wstring& words);

@@ -19,8 +19,8 @@
 #include "tests/support/FileDialogAnswer.h"
 #include "tests/support/MessageRecorder.h"
 #include "tests/support/TestApp.h"
-#include "ui/win32/SCVSchedulerDlg.h"
 #include "ui/resource.h"
+#include "ui/win32/SCVSchedulerDlg.h"
 #include "util/win32/Registry.h"
 
 // The main dialog, hidden, over files in memory, a shell that starts nothing, a clock that stands and a

@@ -3,21 +3,16 @@
 #include <cstdio>
 #include <string>
 
+#include "tests/support/ChildProcess.h"
+
 // Runs a program, whose command line is our own without our name, as its debugger, for only then does the
 // system tell of a handle that is closed twice or is none. Says each on its error output, and ends with what
 // the program ended with or, when there were any, with 98.
 int wmain(int, wchar_t** arguments) {
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION information{};
     std::wstring line = GetCommandLineW();
     const std::size_t at = line.find(arguments[1]);
     line.erase(0, line[at - 1] == L'"' ? at - 1 : at);
-    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, DEBUG_ONLY_THIS_PROCESS, nullptr,
-                       nullptr, &startup, &information) == 0) {
-        std::fprintf(stderr, "The program cannot be started: %ls\n", line.c_str());
-        return 99;
-    }
+    const CKernelHandle child = StartChild(line, DEBUG_ONLY_THIS_PROCESS);
     int invalid = 0;
     DEBUG_EVENT event{};
     while (WaitForDebugEvent(&event, INFINITE) != 0) {

@@ -5,8 +5,8 @@
 #include <set>
 #include <string>
 
-#include "util/win32/ModulePath.h"
 #include "util/Path.h"
+#include "util/win32/ModulePath.h"
 
 namespace {
 
@@ -54,6 +54,8 @@ TEST_P(Executable, IsHardenedAndNeedsNothingButWindows) {
 }
 
 // Relative to the test program.
-INSTANTIATE_TEST_SUITE_P(All, Executable, testing::Values(SCV_EXECUTABLES));
+INSTANTIATE_TEST_SUITE_P(All, Executable,
+                         testing::Values(L"scv_tests.exe", L"standin.exe", L"savechild.exe",
+                                         L"../cli/scvsched.exe", L"../ui/SCVScheduler.exe"));
 
 }  // namespace

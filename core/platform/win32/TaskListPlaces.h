@@ -1,7 +1,7 @@
 #pragma once
 
-#include "core/platform/FileSystem.h"
 #include "core/list/TaskListPath.h"
+#include "core/platform/FileSystem.h"
 
 // The machine's files as places for a task list.
 class CTaskListPlaces final : public ITaskListPlaces {

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "core/platform/LocalTime.h"
 #include "core/list/ProfileFile.h"
+#include "core/platform/LocalTime.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"

@@ -12,7 +12,7 @@
 
 // The calendar rules where clocks change. Natively each zone is set in turn; Windows cannot switch zones
 // within a process, so there the program is started once per zone, which SCV_TEST_ZONE names
-// (scripts/zone-tests.sh, which leaves out those that Wine has wrong).
+// (cmake/ScvTests.cmake, which leaves out those that Wine has wrong).
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include <memory>
 #include <thread>
 
+#include "script/ScriptLanguages.h"
 #include "script/win32/ActiveScriptController.h"
 #include "script/win32/ComError.h"
 #include "script/win32/MSScriptController.h"
 #include "script/win32/ScriptControllerFactory.h"
-#include "script/ScriptLanguages.h"
 #include "tests/support/MessageRecorder.h"
 #include "util/win32/ComApartment.h"
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "layout/AnchorGeometry.h"
-#include "script/win32/ScriptDlg.h"
 #include "script/resource.h"
+#include "script/win32/ScriptDlg.h"
 #include "tests/support/DialogLayoutTest.h"
 #include "tests/support/TestApp.h"
 

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "script/win32/ResourceScriptTexts.h"
 #include "script/resource.h"
+#include "script/win32/ResourceScriptTexts.h"
 #include "tests/support/DialogSteps.h"
 
 namespace {

@@ -8,10 +8,10 @@
 #include <thread>
 #include <vector>
 
-#include "script/win32/ActiveScriptController.h"
-#include "script/win32/ResourceScriptTexts.h"
 #include "script/ScriptGenerator.h"
 #include "script/ScriptLanguages.h"
+#include "script/win32/ActiveScriptController.h"
+#include "script/win32/ResourceScriptTexts.h"
 #include "tests/support/MessageRecorder.h"
 #include "util/win32/ComApartment.h"
 

@@ -13,11 +13,12 @@
 #include "core/list/ProfileFile.h"
 #include "core/list/TaskListFile.h"
 #include "tests/savechild/GenerationList.h"
+#include "tests/support/ChildProcess.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/TemporaryFolder.h"
+#include "util/Path.h"
 #include "util/win32/Handle.h"
 #include "util/win32/ModulePath.h"
-#include "util/Path.h"
 
 namespace {
 
@@ -91,15 +92,8 @@ TEST_F(WindowsFileSystem, AWholeListIsLeftWhenAProgramIsKilledWhileItSaves) {
     files.Remove(path);
     for (int round = 0; round < rounds && !HasFailure(); ++round) {
         const auto before = std::filesystem::file_size(path, ignored);
-        std::wstring words = L"savechild \"" + path + L"\" " + std::to_wstring(generation + 1);
-        STARTUPINFOW start{};
-        start.cb = sizeof(start);
-        PROCESS_INFORMATION process{};
-        ASSERT_TRUE(CreateProcessW(program.c_str(), words.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW,
-                                   nullptr, nullptr, &start, &process))
-            << GetLastError();
-        const CKernelHandle child(process.hProcess);
-        const CKernelHandle thread(process.hThread);
+        const CKernelHandle child = StartChild(
+            L"\"" + program + L"\" \"" + path + L"\" " + std::to_wstring(generation + 1), DETACHED_PROCESS);
         // It has saved once the file's size has changed; only then is it worth killing.
         for (int tries = 0; tries < 20'000 && std::filesystem::file_size(path, ignored) == before; ++tries) {
             Sleep(1);

@@ -1,15 +1,15 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "core/task/SCVShchedulerTask.h"
 #include "core/platform/Shell.h"
+#include "core/task/SCVShchedulerTask.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/TemporaryFolder.h"
+#include "util/Path.h"
+#include "util/Utf8.h"
 #include "util/win32/Handle.h"
 #include "util/win32/ModulePath.h"
-#include "util/Path.h"
 #include "util/win32/Registry.h"
-#include "util/Utf8.h"
 
 // The command line of a project's one start, by what the stand-in program wrote down: time, process, command
 // line. It is ended.

@@ -1,0 +1,21 @@
+# Checks of the sources, as tests of the native build.
+function(scv_check name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "COMMAND;PROPERTIES")
+  add_test(NAME check.${name} COMMAND ${arg_COMMAND} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+  set_tests_properties(check.${name} PROPERTIES LABELS check TIMEOUT 3600 ${arg_PROPERTIES})
+endfunction()
+
+scv_check(format COMMAND ${scripts}/check-format.sh PROPERTIES LABELS "check;quick")
+scv_check(includes COMMAND ${scripts}/check-includes.sh PROPERTIES LABELS "check;quick")
+scv_check(scripts COMMAND sh -c "shellcheck *.sh scripts/*.sh .ci/run" PROPERTIES LABELS "check;quick")
+scv_check(cppcheck COMMAND ${scripts}/check-cppcheck.sh PROPERTIES COST 200)
+foreach(preset tidy tidy-windows)
+  scv_check(${preset} COMMAND ${CMAKE_COMMAND} --workflow --preset ${preset} PROPERTIES COST 400)
+endforeach()
+foreach(preset native windows-x64)
+  scv_check(headers-${preset} COMMAND ${CMAKE_COMMAND} --build build/${preset} --target all_verify_interface_header_sets
+    PROPERTIES COST 200)
+endforeach()
+# The same sources give the same bytes, wherever and whenever.
+add_test(NAME package.same-bytes COMMAND ${scripts}/package.sh --check WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+set_tests_properties(package.same-bytes PROPERTIES LABELS package COST 300 TIMEOUT 1500)

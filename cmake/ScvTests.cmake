@@ -1,0 +1,95 @@
+# What CTest runs of a build. Labels: quick (native, no display, seconds), wine, gui (mouse and keyboard on a desktop), package, check
+# (of the sources), fuzz. ./test.sh runs the tests of all builds in one go.
+include(GoogleTest)
+
+set(scripts ${PROJECT_SOURCE_DIR}/scripts)
+# A test that is skipped, or that is not there, has not passed.
+set(not_passed "\\[  SKIPPED \\]|Running 0 tests")
+
+if(SCV_VALGRIND)
+  # Left out: a million conversions, which would take a minute. Some of glibc's functions for AVX2 read past the end of a
+  # block, which is no fault where valgrind does not know them.
+  add_test(NAME valgrind COMMAND valgrind -q --error-exitcode=9 --leak-check=full --show-leak-kinds=definite
+    --errors-for-leak-kinds=definite $<TARGET_FILE:scv_tests> --gtest_filter=-ZoneTest.AYearHasEachOccurrenceOnceAndMissesNone)
+  set_tests_properties(valgrind PROPERTIES COST 300 TIMEOUT 1500 FAIL_REGULAR_EXPRESSION ${not_passed}
+    ENVIRONMENT "SCV_TEST_TIMEOUT=600;GLIBC_TUNABLES=glibc.cpu.hwcaps=-AVX2")
+  return()
+endif()
+
+if(NOT WIN32)
+  gtest_discover_tests(scv_tests TEST_PREFIX native. DISCOVERY_MODE PRE_TEST
+    PROPERTIES LABELS quick TIMEOUT 300 FAIL_REGULAR_EXPRESSION ${not_passed})
+  add_test(NAME native.soak COMMAND scv_tests --gtest_filter=Soak.*)
+  set_tests_properties(native.soak PROPERTIES COST 100 TIMEOUT 1500 FAIL_REGULAR_EXPRESSION ${not_passed}
+    ENVIRONMENT "SCV_SOAK=whole;SCV_TEST_TIMEOUT=600")
+  include(ScvChecks)
+  return()
+endif()
+
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  set(arch x64)
+  set(kind x64)  # of the package: not the one that ships
+else()
+  set(arch x86)
+endif()
+# The emulator prints an exit code other than 0, since PASS_REGULAR_EXPRESSION would hide it, and nothing when the program has
+# not run. With warn+heap Wine lays patterns round and into blocks, and reports one that was overwritten or freed twice.
+set(run_under_wine LABELS wine FIXTURES_REQUIRED ${arch}.prefix RESOURCE_LOCK ${arch}.prefix TIMEOUT 1500
+  PASS_REGULAR_EXPRESSION "\\[  PASSED  \\] [1-9]"
+  FAIL_REGULAR_EXPRESSION "${not_passed}|:heap:|invalid handle|Exit code [0-9]")
+if(NOT CMAKE_HOST_WIN32)
+  set(fixture ${scripts}/wine-tests.sh)
+  set_target_properties(scv_tests scv_zone_tests underdebugger PROPERTIES CROSSCOMPILING_EMULATOR "${fixture};run;${arch}")
+  add_test(NAME ${arch}.prefix COMMAND ${fixture} start ${arch})
+  add_test(NAME ${arch}.prefix-end COMMAND ${fixture} stop ${arch})
+  set_tests_properties(${arch}.prefix PROPERTIES FIXTURES_SETUP ${arch}.prefix COST 1000 TIMEOUT 300 LABELS wine)
+  set_tests_properties(${arch}.prefix-end PROPERTIES FIXTURES_CLEANUP ${arch}.prefix TIMEOUT 60 LABELS wine)
+endif()
+
+gtest_discover_tests(scv_tests TEST_PREFIX ${arch}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 300
+  PROPERTIES ${run_under_wine} ENVIRONMENT WINEDEBUG=-all,err+heap,warn+heap)
+
+# Each zone in a process of its own; those that Wine has wrong are left out.
+foreach(zone UTC Asia/Kolkata Asia/Kathmandu Europe/Berlin Europe/London America/New_York America/Havana America/St_Johns
+    Australia/Sydney Pacific/Chatham)
+  add_test(NAME ${arch}.zone.${zone} COMMAND scv_zone_tests --gtest_filter=-Soak.*)
+  set_tests_properties(${arch}.zone.${zone} PROPERTIES ${run_under_wine} ENVIRONMENT "TZ=${zone};SCV_TEST_ZONE=${zone}")
+endforeach()
+
+if(arch STREQUAL x64)
+  # The tests of all that holds handles once more, under a debugger: only then does Wine report one that is closed twice.
+  # No test that throws can be among them, for an exception that a debugger has seen ends or hangs the program there.
+  set(suites Registry FileTests TextFile WindowsFileSystem WindowsShell PrivateProfileApi Scvsched ProcessHardening ScriptDlg
+    ScriptFunctionDlg ProjectList SCVSchedulerDlg)
+  list(LENGTH suites count)
+  list(JOIN suites ".*:" filter)
+  add_test(NAME ${arch}.handles COMMAND underdebugger $<TARGET_FILE:scv_tests> --gtest_filter=${filter}.*)
+  set_tests_properties(${arch}.handles PROPERTIES ${run_under_wine} COST 200 ENVIRONMENT SCV_KILL_ROUNDS=10
+    PASS_REGULAR_EXPRESSION "from ${count} test suites ran[^\\[]*\\[  PASSED  \\] [1-9]")
+
+  # Wine reads TZ when a process starts.
+  add_test(NAME ${arch}.soak COMMAND scv_zone_tests --gtest_filter=Soak.*)
+  set_tests_properties(${arch}.soak PROPERTIES ${run_under_wine} COST 100
+    ENVIRONMENT "TZ=Europe/Berlin;SCV_SOAK=whole;SCV_TEST_TIMEOUT=600")
+endif()
+
+if(CMAKE_HOST_WIN32)
+  return()
+endif()
+# The shipped program on a desktop, each suite with displays and prefixes of its own.
+file(GLOB journeys CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/journeys/test_*.py)
+foreach(suite IN LISTS journeys)
+  string(REGEX REPLACE ".*/test_(.*)\\.py" "${arch}.gui.\\1" name ${suite})
+  add_test(NAME ${name} COMMAND ${suite})
+  set_tests_properties(${name} PROPERTIES LABELS gui COST 500 TIMEOUT 1500 ENVIRONMENT SCV_ARCH=${arch}
+    FAIL_REGULAR_EXPRESSION "skipped=|Ran 0 tests")
+endforeach()
+add_test(NAME ${arch}.package COMMAND ${scripts}/package.sh ${kind})
+set_tests_properties(${arch}.package PROPERTIES LABELS package FIXTURES_SETUP ${arch}.package TIMEOUT 600 COST 600
+  RESOURCE_LOCK ${arch}.build)
+add_test(NAME ${arch}.installer COMMAND ${scripts}/installer-journeys.sh ${arch})
+set_tests_properties(${arch}.installer PROPERTIES LABELS package FIXTURES_REQUIRED ${arch}.package COST 500 TIMEOUT 1500)
+if(arch STREQUAL x64)
+  add_test(NAME ${arch}.guide COMMAND ${scripts}/guide.sh --check)
+  set_tests_properties(${arch}.guide PROPERTIES LABELS wine TIMEOUT 600 RESOURCE_LOCK ${arch}.build)
+endif()
