@@ -45,7 +45,7 @@ struct Window {
             task.m_bRepeatOnMonthly = i % 3 == 1;
             task.m_bEnableEvery = i % 3 == 2;
         }
-        const bool isSaved = tasks.TrySave(files, kList);
+        const bool isSaved{tasks.TrySave(files, kList)};
         dialog.emplace(CPlatform{clock, files, shell}, kList);
         // A window that is not there is quick at everything.
         if (!isSaved || !dialog->Create(IDD_MAIN) || List(LVM_GETITEMCOUNT) != count) {

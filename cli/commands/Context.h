@@ -9,6 +9,7 @@
 
 #include "cli/options/Arguments.h"
 #include "cli/report/Text.h"
+#include "core/platform/FileSystem.h"
 #include "core/platform/Platform.h"
 
 class CSCVShchedulerTaskArray;
@@ -26,9 +27,15 @@ struct Context {
     std::function<std::string()> tryClaimLaunching;
     // The same for editing the list.
     std::function<std::string()> tryClaimEditing;
+    // Moves a list of an earlier version to where the list is, unless there is one.
+    std::function<void()> settleList;
     // True as soon as the user wants to end, false after the time.
     std::function<bool(unsigned ms)> waitForStop;
 
+    // Why a file call failed, in the system's words, with the path.
+    [[nodiscard]] std::wstring Reason(const FileResult& result) const {
+        return DescribeFailure(platform.files, result);
+    }
     // One line on `err`, at once. The parts are UTF-8 or UTF-16.
     template <typename... Parts>
     void Complain(const Parts&... parts) const {

@@ -105,11 +105,13 @@ void EditList(const Job& job,
     const Context& context = job.context;
     CChangeReport report;
     const auto write = [&] { context.out << report.Write(context.list, job.now, job.arguments.json); };
-    if (!job.tasks.TryEdit(context.platform.files, context.list, [&] { edit(job.tasks, report); })) {
+    if (const FileResult saved =
+            job.tasks.TryEdit(context.platform.files, context.list, [&] { edit(job.tasks, report); });
+        !saved) {
         if (report.HasLaunches()) {
             write();  // a project that was launched runs all the same
         }
-        throw CRefusal(Join("the task list ", context.list, " could not be saved"), kFindings);
+        throw CRefusal(Join("the task list could not be saved: ", context.Reason(saved)), kFindings);
     }
     write();
 }

@@ -66,8 +66,9 @@ int ExportList(const Job& job) {
         job.context.out << text;
     } else if (EqualNoCase(file, job.context.list)) {
         throw CRefusal(Join(file, " is the task list itself"));
-    } else if (!ReplaceFileBytes(job.context.platform.files, file, text)) {
-        throw CRefusal(Join(file, " cannot be written"));
+    } else if (const FileResult written = ReplaceFileBytes(job.context.platform.files, file, text);
+               !written) {
+        throw CRefusal(Join("the tasks cannot be written: ", job.context.Reason(written)));
     }
     return kFine;
 }
@@ -76,10 +77,11 @@ std::string ReadImport(const std::wstring& file, const Context& context) {
     std::string bytes;
     if (file.empty()) {
         bytes.assign(std::istreambuf_iterator<char>(context.in), {});
-    } else if (const auto status = context.platform.files.Read(file, bytes);
-               status != IFileSystem::Status::Ok) {
-        throw CRefusal(
-            Join(file, status == IFileSystem::Status::Missing ? " does not exist" : " cannot be read"));
+    } else if (const FileResult read = context.platform.files.Read(file, bytes);
+               read == FileResult::Status::Missing) {
+        throw CRefusal(Join(file, " does not exist"));
+    } else if (!read) {
+        throw CRefusal(Join("the tasks cannot be read: ", context.Reason(read)));
     }
     const TextEncoding encoding = DetectEncoding(bytes);
     bytes.erase(0, ByteOrderMark(encoding).size());

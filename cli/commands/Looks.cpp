@@ -48,7 +48,7 @@ int CheckList(const Job& job) {
     // The tasks alone do not show what loading them has cut or left out.
     const ProfileRead read = ReadProfile(context.platform.files, context.list);
     if (!read.profile) {
-        throw CRefusal(Join("the task list ", context.list, " cannot be read"), kNoList);
+        throw CRefusal(Join("the task list cannot be read: ", context.Reason(read.result)), kNoList);
     }
     const std::vector<Finding> findings =
         FindProblems(*read.profile, job.tasks, context.platform.shell, job.now);

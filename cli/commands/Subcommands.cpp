@@ -92,12 +92,15 @@ constexpr Subcommand kSubcommands[] = {
 };
 
 // Throws CRefusal when somebody else uses the tasks, or when no change could be recorded.
-void TryClaim(Claim claim, const Context& context) {
+void ClaimAndSettleList(Claim claim, const Context& context) {
     std::string why;
     if (claim == Claim::Launching) {
         why = context.tryClaimLaunching();
     } else if (claim == Claim::Editing) {
         why = context.tryClaimEditing();
+        if (why.empty()) {
+            context.settleList();
+        }
     }
     if (why.empty() && claim != Claim::None && context.platform.files.IsReadOnly(context.list)) {
         why = Join("the task list ", context.list, " is read-only, so nothing could be recorded");
@@ -109,13 +112,13 @@ void TryClaim(Claim claim, const Context& context) {
 
 // Throws CRefusal when there is no list and the subcommand needs one.
 void LoadList(const Subcommand& subcommand, const Context& context, CSCVShchedulerTaskArray& tasks) {
-    const auto status = tasks.TryLoad(context.platform.files, context.list);
-    if (status == IFileSystem::Status::Missing) {
+    const FileResult loaded = tasks.TryLoad(context.platform.files, context.list);
+    if (loaded == FileResult::Status::Missing) {
         if (!subcommand.makesList) {
             throw CRefusal(Join("the task list ", context.list, " does not exist"), kNoList);
         }
-    } else if (status != IFileSystem::Status::Ok) {
-        throw CRefusal(Join("the task list ", context.list, " cannot be read"), kNoList);
+    } else if (!loaded) {
+        throw CRefusal(Join("the task list cannot be read: ", context.Reason(loaded)), kNoList);
     }
 }
 
@@ -131,7 +134,7 @@ int RunSubcommand(const Arguments& arguments, const Context& context) {
         // Before anything is claimed: the input may be what another scvsched is about to export.
         const std::string input =
             subcommand.takes == Takes::InFile ? ReadImport(arguments.file, context) : std::string();
-        TryClaim(subcommand.claim, context);
+        ClaimAndSettleList(subcommand.claim, context);
         CSCVShchedulerTaskArray tasks;
         LoadList(subcommand, context, tasks);
         const std::int64_t now = arguments.at.value_or(context.platform.clock.Now());

@@ -14,7 +14,6 @@
 #include "core/platform/Clock.h"
 #include "core/platform/LocalTime.h"
 #include "core/platform/Shell.h"
-#include "core/platform/win32/TaskListPlaces.h"
 #include "core/platform/win32/WindowsFileSystem.h"
 #include "util/Path.h"
 #include "util/Utf8.h"
@@ -44,11 +43,10 @@ std::wstring DefaultList() {
 // Makes the folder of that list and moves an older list there, as the window program does at its start. An
 // edit that made a new list instead would hide the older one.
 void SettleDefaultList(IFileSystem& files) {
-    CTaskListPlaces places(files);
     (void)SettleTaskListPath(
         {GetFolderPath(GetModulePath()) + L"SCVScheduler.HLP", GetKnownFolder(CSIDL_APPDATA),
          GetKnownFolder(CSIDL_LOCAL_APPDATA), L"SCVScheduler", L"SCVScheduler"},
-        places);
+        files);
 }
 
 int Run(int argc, wchar_t** argv) {
@@ -76,12 +74,10 @@ int Run(int argc, wchar_t** argv) {
     CWindowsFileSystem files;
     CWindowsShell shell;
     CInstances instances;
-    const auto tryClaimEditing = [&] {
-        std::string why = instances.TryClaimEditing();
-        if (why.empty() && arguments.list.empty()) {
+    const auto settleList = [&] {
+        if (arguments.list.empty()) {
             SettleDefaultList(files);
         }
-        return why;
     };
     return RunSubcommand(arguments, {.platform = {clock, files, shell},
                                      .list = arguments.list.empty() ? DefaultList() : arguments.list,
@@ -90,7 +86,8 @@ int Run(int argc, wchar_t** argv) {
                                      .err = std::cerr,
                                      .width = CConsole::Width(),
                                      .tryClaimLaunching = [&] { return instances.TryClaimLaunching(); },
-                                     .tryClaimEditing = tryClaimEditing,
+                                     .tryClaimEditing = [&] { return instances.TryClaimEditing(); },
+                                     .settleList = settleList,
                                      .waitForStop = CConsole::WaitForStop});
 }
 

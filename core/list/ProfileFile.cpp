@@ -1,11 +1,13 @@
 #include "core/list/ProfileFile.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace {
 
-using Status = IFileSystem::Status;
+using Status = FileResult::Status;
+using FilePtr = std::unique_ptr<IFileSystem::IFile>;
 
 constexpr unsigned kTries = 11;
 constexpr unsigned kLockMilliseconds = 10'000;
@@ -13,85 +15,91 @@ constexpr unsigned kLongestLockPause = 16;
 
 // Together the pauses outlast a hold of one second, which is what virus scanners and backups take.
 template <typename Call>
-Status TryAgainWhileBusy(IFileSystem& files, Call call) {
-    Status status = call();
-    for (unsigned tries = 1; tries < kTries && status == Status::Busy; ++tries) {
-        files.Pause(25 * tries);
-        status = call();
+FileResult TryAgainWhileBusy(IFileSystem& files, Call call) {
+    FileResult result = call();
+    for (unsigned tries = 1; tries < kTries && result == Status::Busy && files.Pause(25 * tries); ++tries) {
+        result = call();
     }
-    return status;
+    return result;
 }
 
-Status Read(IFileSystem& files, const std::wstring& path, std::string& bytes) {
+FileResult Read(IFileSystem& files, const std::wstring& path, std::string& bytes) {
     return TryAgainWhileBusy(files, [&] { return files.Read(path, bytes); });
 }
 
-// Null when the lock cannot be had. Short pauses to the end: processes that save often let go of it only for
-// moments.
-std::unique_ptr<IFileSystem::IFile> Lock(IFileSystem& files, const std::wstring& path) {
-    std::unique_ptr<IFileSystem::IFile> lock;
+// Short pauses to the end: processes that save often let go of the lock only for moments.
+FileResult TakeLock(IFileSystem& files, const std::wstring& path, FilePtr& lock) {
     unsigned failures = 0;
     unsigned waited = 0;
-    for (unsigned pause = 1; waited < kLockMilliseconds; pause = std::min(2 * pause, kLongestLockPause)) {
-        const Status status = files.CreateLock(path, lock);
+    for (unsigned pause = 1;; pause = std::min(2 * pause, kLongestLockPause)) {
+        FileResult result = files.CreateLock(path, lock);
         // While another process is letting go of the lock a refusal can look like one for good, so that
         // counts from the third on.
-        if (status == Status::Ok || status == Status::Missing ||
-            (status == Status::Failed && ++failures == 3)) {
-            break;
+        const bool isFinal = result != Status::Busy && (result != Status::Failed || ++failures == 3);
+        if (isFinal || waited >= kLockMilliseconds || !files.Pause(pause)) {
+            return result;
         }
-        files.Pause(pause);
         waited += pause;
     }
-    return lock;
 }
 
-bool WriteFlushed(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
-    std::unique_ptr<IFileSystem::IFile> file;
-    return TryAgainWhileBusy(files, [&] { return files.Create(path, file); }) == Status::Ok &&
-           file->Write(bytes) && file->Flush() && file->Close();
+FileResult WriteFlushed(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
+    FilePtr file;
+    FileResult result = TryAgainWhileBusy(files, [&] { return files.Create(path, file); });
+    if (result) {
+        result = file->Write(bytes);
+    }
+    if (result) {
+        result = file->Flush();
+    }
+    return result ? file->Close() : result;
 }
 
 }  // namespace
 
 ProfileRead ReadProfile(IFileSystem& files, const std::wstring& path) {
     std::string bytes;
-    const Status status = Read(files, path, bytes);
-    if (status != Status::Ok) {
-        return {status, std::nullopt};
+    FileResult result = Read(files, path, bytes);
+    if (!result) {
+        return {std::move(result), std::nullopt};
     }
-    return {status, CPrivateProfile(std::move(bytes))};
+    return {std::move(result), CPrivateProfile(std::move(bytes))};
 }
 
-bool EditProfile(IFileSystem& files, const std::wstring& path,
-                 const std::function<void(CPrivateProfile&)>& edit) {
+FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
+                              const std::function<void(CPrivateProfile&)>& edit) {
     if (path.empty()) {
-        return false;
+        return {.status = Status::Missing};
     }
-    const auto lock = Lock(files, path + L".lock");
-    if (!lock) {
-        return false;
+    FilePtr lock;
+    if (FileResult locked = TakeLock(files, path + L".lock", lock); !locked) {
+        return locked;
     }
     std::string old;
-    const Status status = Read(files, path, old);
-    if (status != Status::Ok && status != Status::Missing) {
-        return false;
+    FileResult read = Read(files, path, old);
+    if (!read && read != Status::Missing) {
+        return read;
     }
     CPrivateProfile profile(old);
     edit(profile);
     const std::string bytes = profile.Serialise();
-    if (status == Status::Ok && bytes == old) {
-        return true;
+    if (read && bytes == old) {
+        return {};
     }
-    return !files.IsReadOnly(path) && ReplaceFileBytes(files, path, bytes);
+    if (files.IsReadOnly(path)) {
+        return {Status::ReadOnly, 0, path};
+    }
+    return ReplaceFileBytes(files, path, bytes);
 }
 
-bool ReplaceFileBytes(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
+FileResult ReplaceFileBytes(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
     const std::wstring fresh = path + L".tmp";
-    if (WriteFlushed(files, fresh, bytes) &&
-        TryAgainWhileBusy(files, [&] { return files.Replace(fresh, path); }) == Status::Ok) {
-        return true;
+    FileResult result = WriteFlushed(files, fresh, bytes);
+    if (result) {
+        result = TryAgainWhileBusy(files, [&] { return files.Replace(fresh, path); });
     }
-    files.Remove(fresh);
-    return false;
+    if (!result) {
+        files.Remove(fresh);
+    }
+    return result;
 }

@@ -8,28 +8,30 @@
 #include "core/list/PrivateProfile.h"
 #include "core/platform/FileSystem.h"
 
-// Private-profile files as a whole: read at once, replaced in one step. A file that somebody holds is tried
-// again for about a second before a call gives up.
+// Private-profile files as a whole: read at once, replaced in one step. Where the file system lets the caller
+// wait, a file that somebody holds is tried again for about a second; elsewhere each call is one try.
 
 struct ProfileRead {
     // Missing when there is surely no such file; Busy or Failed when it is there and cannot be read.
-    IFileSystem::Status status = IFileSystem::Status::Failed;
+    FileResult result;
     // Set when Ok.
     std::optional<CPrivateProfile> profile;
 };
 
 [[nodiscard]] ProfileRead ReadProfile(IFileSystem& files, const std::wstring& path);
 
-// Reads the file afresh (a missing one is empty), lets `edit` change it and puts the result into its place,
-// all under a lock (path + ".lock", waited for for some seconds) that other processes respect. Whatever
-// fails, at any moment, the file is the whole old or the whole new one.
+// Takes the lock of the file (path + ".lock"; where waiting is allowed, for some seconds) and holds it while
+// it reads the file afresh (a missing one is empty), lets `edit` change it and puts the result into its
+// place. Other processes respect the lock. Whatever fails, at any moment, the file is the whole old or the
+// whole new one.
 //
-// False, and the old file stays, when the path is empty, when the file is there and cannot be read, is
-// read-only or cannot be replaced. A text that `edit` leaves as it was counts as saved. What `edit` raises
-// passes through.
-[[nodiscard]] bool EditProfile(IFileSystem& files, const std::wstring& path,
-                               const std::function<void(CPrivateProfile&)>& edit);
+// When the result is not Ok the old file stays: the path is empty, somebody has the lock, the file is there
+// and cannot be read, is read-only or cannot be replaced. A text that `edit` leaves as it was counts as
+// saved. What `edit` throws passes through.
+[[nodiscard]] FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
+                                            const std::function<void(CPrivateProfile&)>& edit);
 
-// Puts a file with these bytes into the place of `path` in one step, whatever stood there. False when that
-// failed: then nothing has changed.
-[[nodiscard]] bool ReplaceFileBytes(IFileSystem& files, const std::wstring& path, std::string_view bytes);
+// Puts a file with these bytes into the place of `path` in one step, whatever stood there. When that fails
+// nothing has changed.
+[[nodiscard]] FileResult ReplaceFileBytes(IFileSystem& files, const std::wstring& path,
+                                          std::string_view bytes);

@@ -199,33 +199,32 @@ int CSCVShchedulerTask::SaveToIni(IFileSystem& files, const std::wstring& file, 
     return 1;
 }
 
-bool CSCVShchedulerTask::TrySaveToIni(IFileSystem& files, const std::wstring& file,
-                                      const std::wstring& section) {
-    if (file.empty()) {
-        return false;
+FileResult CSCVShchedulerTask::TrySaveToIni(IFileSystem& files, const std::wstring& file,
+                                            const std::wstring& section) {
+    FileResult result =
+        LockAndEditProfile(files, file, [&](CPrivateProfile& profile) { WriteTo(profile, section); });
+    if (!file.empty()) {
+        m_strIniFile = file;
+        m_strIniSection = section;
     }
-    const bool saved = EditProfile(files, file, [&](CPrivateProfile& profile) { WriteTo(profile, section); });
-    m_strIniFile = file;
-    m_strIniSection = section;
-    return saved;
+    return result;
 }
 
 int CSCVShchedulerTaskArray::Load(IFileSystem& files, const std::wstring& file) {
-    return TryLoad(files, file) == Status::Ok ? 1 : 0;
+    return TryLoad(files, file) ? 1 : 0;
 }
 
-IFileSystem::Status CSCVShchedulerTaskArray::TryLoad(IFileSystem& files, const std::wstring& file) {
-    const ProfileRead read = ReadProfile(files, file);
-    if (!read.profile && read.status != Status::Missing) {
-        m_strUnreadFile = file;
-    } else if (EqualNoCase(m_strUnreadFile, file)) {
-        m_strUnreadFile.clear();
+FileResult CSCVShchedulerTaskArray::TryLoad(IFileSystem& files, const std::wstring& file) {
+    ProfileRead read = ReadProfile(files, file);
+    if (!read.profile && read.result != Status::Missing) {
+        m_unread = read.result;
+    } else if (EqualNoCase(m_unread.path, file)) {
+        m_unread = {};
     }
-    if (!read.profile) {
-        return read.status;
+    if (read.profile) {
+        ReadFrom(*read.profile, file);
     }
-    ReadFrom(*read.profile, file);
-    return read.status;
+    return std::move(read.result);
 }
 
 void CSCVShchedulerTaskArray::ReadFrom(const CPrivateProfile& profile, const std::wstring& file) {
@@ -245,27 +244,27 @@ int CSCVShchedulerTaskArray::Save(IFileSystem& files, const std::wstring& file) 
     return 1;
 }
 
-bool CSCVShchedulerTaskArray::TrySave(IFileSystem& files, const std::wstring& file) {
-    if (!m_strUnreadFile.empty() && EqualNoCase(m_strUnreadFile, file)) {
-        return false;
+FileResult CSCVShchedulerTaskArray::TrySave(IFileSystem& files, const std::wstring& file) {
+    if (!m_unread && EqualNoCase(m_unread.path, file)) {
+        return m_unread;
     }
     const auto count = static_cast<std::int32_t>(GetSize());
-    const bool saved = EditProfile(files, file, [&](CPrivateProfile& profile) {
+    FileResult result = LockAndEditProfile(files, file, [&](CPrivateProfile& profile) {
         const std::int32_t oldCount = SetCount(profile, count);
         for (std::int32_t i = 0; i < count; ++i) {
             GetAt(i)->WriteTo(profile, TaskSectionName(i + 1));
         }
         RemoveTaskSections(profile, count + 1, oldCount);
     });
-    if (saved) {
+    if (result) {
         RecordPlaces(file);
     }
-    return saved;
+    return result;
 }
 
-bool CSCVShchedulerTaskArray::TryEdit(IFileSystem& files, const std::wstring& file,
-                                      const std::function<void()>& edit) {
-    const bool saved = EditProfile(files, file, [&](CPrivateProfile& profile) {
+FileResult CSCVShchedulerTaskArray::TryEdit(IFileSystem& files, const std::wstring& file,
+                                            const std::function<void()>& edit) {
+    FileResult result = LockAndEditProfile(files, file, [&](CPrivateProfile& profile) {
         ReadFrom(profile, file);
         std::map<std::wstring, StoredTask> before;
         for (const auto& task : m_tasks) {
@@ -291,10 +290,10 @@ bool CSCVShchedulerTaskArray::TryEdit(IFileSystem& files, const std::wstring& fi
         }
         RemoveTaskSections(profile, count + 1, oldCount);
     });
-    if (saved) {
+    if (result) {
         RecordPlaces(file);
     }
-    return saved;
+    return result;
 }
 
 // Only after a save: a task that recorded a section which the file does not hold yet would, saved after its

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "core/list/ProfileFile.h"
+#include "core/platform/FileSystem.h"
 #include "util/Path.h"
 
 namespace {
@@ -15,25 +17,30 @@ std::wstring ListBesideExecutable(std::wstring path) {
     return path;
 }
 
-void MoveOldList(const std::wstring& from, const std::wstring& to, ITaskListPlaces& places) {
-    if (places.Exists(from) && !places.Exists(to) && places.Copy(from, to)) {
-        places.Delete(from);
+// What is left half copied would be taken for the list from then on, so the new one comes in one step.
+void MoveOldList(const std::wstring& from, const std::wstring& to, IFileSystem& files) {
+    if (!files.Exists(from) || files.Exists(to)) {
+        return;
+    }
+    std::string bytes;
+    if (files.Read(from, bytes) && ReplaceFileBytes(files, to, bytes)) {
+        files.Remove(from);
     }
 }
 
 }  // namespace
 
-std::wstring SettleTaskListPath(const stTaskListNames& names, ITaskListPlaces& places) {
+std::wstring SettleTaskListPath(const stTaskListNames& names, IFileSystem& files) {
     const std::wstring file = L"\\" + names.executable + L".ini";
     const std::wstring beside = ListBesideExecutable(names.helpFile);
     std::wstring path =
         names.localFolder.empty() ? beside : names.localFolder + L"\\" + names.application + file;
-    if (!places.Exists(path)) {
-        places.CreateFolder(GetFolderPath(path));
+    if (!files.Exists(path)) {
+        files.CreateFolder(GetFolderPath(path));
     }
     if (!names.roamingFolder.empty()) {
-        MoveOldList(names.roamingFolder + L"\\Scrivane" + file, path, places);
+        MoveOldList(names.roamingFolder + L"\\Scrivane" + file, path, files);
     }
-    MoveOldList(beside, path, places);
+    MoveOldList(beside, path, files);
     return path;
 }

@@ -7,6 +7,7 @@
 #include "core/task/TaskFields.h"
 
 class CPrivateProfile;
+struct FileResult;
 class IClock;
 class IFileSystem;
 class IShell;
@@ -49,9 +50,9 @@ public:
     // An empty file name writes and records nothing. Always 1: a failed write leaves the old file whole and
     // is not reported.
     int SaveToIni(IFileSystem& files, const std::wstring& file, const std::wstring& section);
-    // As SaveToIni, for callers who want to know whether the file now holds the task.
-    [[nodiscard]] bool TrySaveToIni(IFileSystem& files, const std::wstring& file,
-                                    const std::wstring& section);
+    // As SaveToIni; Ok when the file now holds the task.
+    [[nodiscard]] FileResult TrySaveToIni(IFileSystem& files, const std::wstring& file,
+                                          const std::wstring& section);
 
     // Starts the extraction program on the project, and records time and result; does not save. 1 when the
     // program was started, else 0. (core/Launcher.cpp)

@@ -42,26 +42,24 @@ public:
     // cannot be read now; else 1. A file that could not be read is not saved over until a Load of it has
     // succeeded or found it gone. (core/TaskListFile.cpp)
     int Load(IFileSystem& files, const std::wstring& file);
-    // As Load, for callers who want to tell a missing file (Missing) from one that is there and unreadable
-    // (Busy, Failed).
-    IFileSystem::Status TryLoad(IFileSystem& files, const std::wstring& file);
+    // As Load; Missing when there is no such file, Busy or Failed when it is there and cannot be read.
+    FileResult TryLoad(IFileSystem& files, const std::wstring& file);
     // Writes all tasks, removes the sections of tasks that are gone, in one step, and records in each task
     // where it now is. Always 1; when it fails file and records stay as they were.
     int Save(IFileSystem& files, const std::wstring& file);
-    // As Save, for callers who want to know whether the file now holds the tasks.
-    [[nodiscard]] bool TrySave(IFileSystem& files, const std::wstring& file);
+    // As Save; Ok when the file now holds the tasks. For a list that could not be read, why it could not.
+    [[nodiscard]] FileResult TrySave(IFileSystem& files, const std::wstring& file);
     // Takes the place of Load, `edit` and Save in one step: no other program can change the file in between.
     // The array then holds the tasks of the file (none when it is missing) as `edit` has left them. Unlike
     // Save it writes only the keys that `edit` has changed, so that apostrophes elsewhere are not doubled.
-    // False, with the file as it was, when it cannot be read or written. What `edit` raises passes through,
-    // and then the file is as it was.
-    [[nodiscard]] bool TryEdit(IFileSystem& files, const std::wstring& file,
-                               const std::function<void()>& edit);
+    // When it cannot be read or written, and when `edit` throws, which passes through, the file is as it was.
+    [[nodiscard]] FileResult TryEdit(IFileSystem& files, const std::wstring& file,
+                                     const std::function<void()>& edit);
 
 private:
     void ReadFrom(const CPrivateProfile& profile, const std::wstring& file);
     void RecordPlaces(const std::wstring& file);
 
     std::vector<std::unique_ptr<CSCVShchedulerTask>> m_tasks;
-    std::wstring m_strUnreadFile;  // the list whose Load failed although it exists
+    FileResult m_unread;  // why the list could not be loaded although it exists; else Ok
 };

@@ -57,6 +57,7 @@ protected:
     std::istringstream in;
     std::ostringstream out, err;
     std::string whyNotLaunch, whyNotEdit;
+    int settled = 0;  // how often the list was moved to its place
     int ticks = 1;
     std::function<void()> onTick = [] {};
     const Context context{.platform = platform,
@@ -67,6 +68,7 @@ protected:
                           .width = 80,
                           .tryClaimLaunching = [this] { return whyNotLaunch; },
                           .tryClaimEditing = [this] { return whyNotEdit; },
+                          .settleList = [this] { ++settled; },
                           .waitForStop =
                               [this](unsigned milliseconds) {
                                   EXPECT_EQ(milliseconds, 2000U);

@@ -12,5 +12,5 @@ inline bool SaveGeneration(unsigned generation, IFileSystem& files, const std::w
         tasks.AddTask(L"C:\\projects\\" + std::to_wstring(i) + L".scvpr", 1711850400);
         tasks[i]->m_strLastRunResult = std::to_wstring(generation);
     }
-    return tasks.TrySave(files, path);
+    return bool{tasks.TrySave(files, path)};
 }

@@ -76,7 +76,7 @@ protected:
     }
 
     void Save() {
-        const bool isSaved = m_array->TrySave(m_machine.files, m_machine.list);
+        const bool isSaved{m_array->TrySave(m_machine.files, m_machine.list)};
         ASSERT_TRUE(isSaved || m_isBroken);
         if (isSaved) {
             m_record.Clear();

@@ -10,8 +10,9 @@
 
 // Files in memory, for tests. Any call can be made to fail, and the power can be cut.
 //
-// Calls are counted from 1 in the order in which they are made: IsReadOnly, Read, CreateLock, Create, Write,
-// Flush, Close, Replace and Remove count; Pause and destructors do not. Paths compare exactly.
+// Calls are counted from 1 in the order in which they are made: Exists, IsReadOnly, Read, CreateLock, Create,
+// CreateFolder, Write, Flush, Close, Replace and Remove count; Pause and destructors do not. Paths compare
+// exactly.
 class CFakeFileSystem : public IFileSystem {
 public:
     static constexpr int kForever = std::numeric_limits<int>::max();
@@ -20,6 +21,7 @@ public:
     [[nodiscard]] const std::string& Bytes(const std::wstring& path) const { return m_files.at(path).bytes; }
     [[nodiscard]] bool Has(const std::wstring& path) const { return m_files.contains(path); }
     [[nodiscard]] std::size_t FileCount() const { return m_files.size(); }
+    [[nodiscard]] bool HasFolder(const std::wstring& path) const { return m_folders.contains(path); }
     // A file that is safely on the medium.
     void Put(const std::wstring& path, const std::string& bytes) { m_files[path] = {bytes, bytes.size()}; }
     void PutFolder(const std::wstring& path) { m_folders.insert(path); }
@@ -27,6 +29,8 @@ public:
 
     // The next `tries` calls that open or replace this path find it busy.
     void Hold(const std::wstring& path, int tries) { m_held[path] = tries; }
+    // From now on no call may wait, as on the thread of a window.
+    void ForbidWaiting() { m_mayWait = false; }
     // Writing more than so many bytes at once fails and leaves what fitted.
     void SetCapacity(std::size_t bytes) { m_capacity = bytes; }
     // Calls first to last fail without effect, a Write after half of its bytes.
@@ -44,48 +48,63 @@ public:
     [[nodiscard]] int Replacements() const { return m_replacements; }
     [[nodiscard]] unsigned PausedMilliseconds() const { return m_paused; }
 
+    [[nodiscard]] bool Exists(const std::wstring& path) override { return Works() && Has(path); }
     [[nodiscard]] bool IsReadOnly(const std::wstring& path) override {
         return Works() && m_readOnly.contains(path);
     }
-    [[nodiscard]] Status Read(const std::wstring& path, std::string& bytes) override {
+    [[nodiscard]] FileResult Read(const std::wstring& path, std::string& bytes) override {
         const Status status = Answer(path);
         // A file that cannot be opened leaves the caller's bytes alone; one that fails midway has given half.
         if (status != Status::Busy && Has(path)) {
             bytes = Bytes(path).substr(0, status == Status::Ok ? std::string::npos : Bytes(path).size() / 2);
         }
-        return Has(path) || status == Status::Failed ? status : Status::Missing;
+        return Result(Has(path) || status == Status::Failed ? status : Status::Missing, path);
     }
-    [[nodiscard]] Status CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override {
+    [[nodiscard]] FileResult CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override {
         const Status status = m_locks.contains(path) ? Status::Busy : Answer(path);
         if (status == Status::Ok) {
             m_locks.insert(path);
             file = std::make_unique<CFile>(*this, path);
         }
-        return status;
+        return Result(status, path);
     }
-    [[nodiscard]] Status Create(const std::wstring& path, std::unique_ptr<IFile>& file) override {
+    [[nodiscard]] FileResult Create(const std::wstring& path, std::unique_ptr<IFile>& file) override {
         const Status status = Answer(path);
         if (status == Status::Ok) {
             m_files[path] = {};
             file = std::make_unique<CFile>(*this, path);
         }
-        return status;
+        return Result(status, path);
     }
-    [[nodiscard]] Status Replace(const std::wstring& from, const std::wstring& to) override {
+    void CreateFolder(const std::wstring& folder) override {
+        if (Works()) {
+            m_folders.insert(folder);
+        }
+    }
+    [[nodiscard]] FileResult Replace(const std::wstring& from, const std::wstring& to) override {
         const Status status = Answer(to);
         if (status == Status::Ok) {
             m_files[to] = m_files.extract(from).mapped();
             m_readOnly.erase(to);
             ++m_replacements;
         }
-        return status;
+        return Result(status, to);
     }
     void Remove(const std::wstring& path) override {
         if (Works()) {
             m_files.erase(path);
         }
     }
-    void Pause(unsigned milliseconds) override { m_paused += milliseconds; }
+    [[nodiscard]] bool Pause(unsigned milliseconds) override {
+        m_paused += m_mayWait ? milliseconds : 0;
+        return m_mayWait;
+    }
+    // As the system words it.
+    [[nodiscard]] std::wstring ErrorText(std::uint32_t error) override {
+        return error == kNotFound ? L"File not found"
+               : error == kInUse  ? L"Sharing violation"
+                                  : L"Access denied";
+    }
 
 private:
     struct File {
@@ -97,24 +116,43 @@ private:
         CFile(CFakeFileSystem& files, std::wstring path) : m_system(files), m_path(std::move(path)) {}
         ~CFile() override { m_system.m_locks.erase(m_path); }
 
-        [[nodiscard]] bool Write(std::string_view bytes) override {
+        [[nodiscard]] FileResult Write(std::string_view bytes) override {
             const bool works = m_system.Works();
             const std::size_t fitting = std::min(bytes.size(), m_system.m_capacity);
             m_system.m_files[m_path].bytes += bytes.substr(0, works ? fitting : fitting / 2);
-            return works && fitting == bytes.size();
+            return OpenResult(works && fitting == bytes.size());
         }
-        [[nodiscard]] bool Flush() override {
+        [[nodiscard]] FileResult Flush() override {
             const bool works = m_system.Works();
             m_system.m_files[m_path].flushed = works ? m_system.Bytes(m_path).size() : 0;
-            return works;
+            return OpenResult(works);
         }
-        [[nodiscard]] bool Close() override { return m_system.Works(); }
+        [[nodiscard]] FileResult Close() override { return OpenResult(m_system.Works()); }
 
     private:
+        [[nodiscard]] FileResult OpenResult(bool works) const {
+            return Result(works ? Status::Ok : Status::Failed, m_path);
+        }
+
         CFakeFileSystem& m_system;
         std::wstring m_path;
     };
 
+    static constexpr std::uint32_t kNotFound = 2, kDenied = 5, kInUse = 32;
+
+    // With the code that the system has for it and, but for Ok, the path.
+    static FileResult Result(Status status, const std::wstring& path) {
+        switch (status) {
+            case Status::Ok:
+                return {};
+            case Status::Missing:
+                return {status, kNotFound, path};
+            case Status::Busy:
+                return {status, kInUse, path};
+            default:
+                return {status, kDenied, path};
+        }
+    }
     // Counts a call.
     bool Works() {
         ++m_calls;
@@ -140,4 +178,5 @@ private:
     int m_calls = 0, m_replacements = 0;
     int m_firstFailure = kForever, m_lastFailure = kForever;
     unsigned m_paused = 0;
+    bool m_mayWait = true;
 };

@@ -28,8 +28,8 @@ CListSession::CListSession(const CPlatform& platform, std::wstring file)
     : m_platform(platform), m_strFile(std::move(file)) {}
 
 void CListSession::Load() {
-    const IFileSystem::Status status = m_tasks.TryLoad(m_platform.files, m_strFile);
-    m_bReadPending = status == IFileSystem::Status::Busy || status == IFileSystem::Status::Failed;
+    const FileResult loaded = m_tasks.TryLoad(m_platform.files, m_strFile);
+    m_bReadPending = !loaded && loaded != FileResult::Status::Missing;
     m_bWasRead = m_bWasRead || !m_bReadPending;
     m_passRecord.ApplyTo(m_tasks);
 }

@@ -3,7 +3,6 @@
 #include <shlobj.h>
 
 #include "core/list/TaskListPath.h"
-#include "core/platform/win32/TaskListPlaces.h"
 #include "ui/model/StartUp.h"
 #include "util/win32/KnownFolder.h"
 
@@ -46,11 +45,10 @@ BOOL CSCVSchedulerApp::InitInstance() {
         }
     }
 
-    CTaskListPlaces places(m_platform.files);
     m_dialog = std::make_unique<CSCVSchedulerDlg>(
         m_platform, SettleTaskListPath({m_strHelpFilePath, GetKnownFolder(CSIDL_APPDATA),
                                         GetKnownFolder(CSIDL_LOCAL_APPDATA), m_strAppName, m_strExeName},
-                                       places));
+                                       m_platform.files));
     if (!m_dialog->Create(IDD_MAIN)) {
         return FALSE;
     }

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "util/win32/FileTests.h"
 #include "util/win32/Handle.h"
+#include "util/win32/SystemError.h"
 
 namespace {
 
@@ -31,9 +33,9 @@ Status StatusOfDenied(const std::wstring& systemPath) {
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Status::Failed : Status::Busy;
 }
 
-// What the last error says about a file that could not be opened or replaced.
-Status StatusOfLastError(const std::wstring& systemPath) {
-    switch (GetLastError()) {
+// What an error says about a file that could not be opened or replaced.
+Status StatusOf(DWORD error, const std::wstring& systemPath) {
+    switch (error) {
         case ERROR_FILE_NOT_FOUND:
         case ERROR_PATH_NOT_FOUND:
         case ERROR_INVALID_NAME:
@@ -49,65 +51,90 @@ Status StatusOfLastError(const std::wstring& systemPath) {
     }
 }
 
+// To be called before anything else can change the last error.
+FileResult LastFailure(const std::wstring& path) {
+    const DWORD error = GetLastError();
+    return {StatusOf(error, ToSystemPath(path)), error, path};
+}
+
+// A call on an open file: another try would fare no better.
+FileResult ResultOfOpen(bool succeeded, const std::wstring& path) {
+    const DWORD error = succeeded ? 0 : GetLastError();
+    return succeeded ? FileResult() : FileResult{Status::Failed, error, path};
+}
+
 class CWindowsFile final : public IFileSystem::IFile {
 public:
-    explicit CWindowsFile(CFileHandle file) : m_file(std::move(file)) {}
+    CWindowsFile(CFileHandle file, std::wstring path) : m_file(std::move(file)), m_path(std::move(path)) {}
 
-    [[nodiscard]] bool Write(std::string_view bytes) override {
+    [[nodiscard]] FileResult Write(std::string_view bytes) override {
         while (!bytes.empty()) {
             // In pieces: one huge write to a network drive can exceed what its server takes.
             const auto wanted = static_cast<DWORD>(std::min(bytes.size(), std::size_t{16} << 20));
             DWORD written = 0;
-            if (!WriteFile(m_file.Get(), bytes.data(), wanted, &written, nullptr) || written == 0) {
-                return false;
+            if (!WriteFile(m_file.Get(), bytes.data(), wanted, &written, nullptr)) {
+                return ResultOfOpen(false, m_path);
+            }
+            if (written == 0) {
+                return {Status::Failed, ERROR_DISK_FULL, m_path};
             }
             bytes.remove_prefix(written);
         }
-        return true;
+        return {};
     }
-    [[nodiscard]] bool Flush() override { return FlushFileBuffers(m_file.Get()) != FALSE; }
-    [[nodiscard]] bool Close() override { return m_file.Close(); }
+    [[nodiscard]] FileResult Flush() override {
+        return ResultOfOpen(FlushFileBuffers(m_file.Get()) != FALSE, m_path);
+    }
+    [[nodiscard]] FileResult Close() override { return ResultOfOpen(m_file.Close(), m_path); }
 
 private:
     CFileHandle m_file;
+    std::wstring m_path;
 };
 
 // Sets `file` when Ok.
-Status Open(const std::wstring& path, DWORD access, DWORD share, DWORD disposition, DWORD flags,
-            CFileHandle& file) {
+FileResult Open(const std::wstring& path, DWORD access, DWORD share, DWORD disposition, DWORD flags,
+                CFileHandle& file) {
     const std::wstring systemPath = ToSystemPath(path);
     file = CFileHandle(CreateFileW(systemPath.c_str(), access, share, nullptr, disposition,
                                    flags | FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file ? Status::Ok : StatusOfLastError(systemPath);
+    return file ? FileResult() : LastFailure(path);
 }
 
-Status OpenToWrite(const std::wstring& path, DWORD access, DWORD disposition, DWORD flags,
-                   std::unique_ptr<IFileSystem::IFile>& file) {
+FileResult OpenToWrite(const std::wstring& path, DWORD access, DWORD disposition, DWORD flags,
+                       std::unique_ptr<IFileSystem::IFile>& file) {
     CFileHandle handle;
-    const Status status = Open(path, access, 0, disposition, flags, handle);
-    if (status == Status::Ok) {
-        file = std::make_unique<CWindowsFile>(std::move(handle));
+    FileResult result = Open(path, access, 0, disposition, flags, handle);
+    if (result) {
+        file = std::make_unique<CWindowsFile>(std::move(handle), path);
     }
-    return status;
+    return result;
 }
 
 }  // namespace
+
+bool CWindowsFileSystem::Exists(const std::wstring& path) {
+    return FileExists(ToSystemPath(path)) != 0;
+}
 
 bool CWindowsFileSystem::IsReadOnly(const std::wstring& path) {
     const DWORD attributes = GetFileAttributesW(ToSystemPath(path).c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
-CWindowsFileSystem::Status CWindowsFileSystem::Read(const std::wstring& path, std::string& bytes) {
+FileResult CWindowsFileSystem::Read(const std::wstring& path, std::string& bytes) {
     CFileHandle file;
-    const Status status = Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                               OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, file);
-    if (status != Status::Ok) {
-        return status;
+    FileResult opened = Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                             OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, file);
+    if (!opened) {
+        return opened;
     }
     LARGE_INTEGER size{};
-    if (!GetFileSizeEx(file.Get(), &size) || size.QuadPart > static_cast<LONGLONG>(kLargestFile)) {
-        return Status::Failed;
+    if (!GetFileSizeEx(file.Get(), &size)) {
+        return ResultOfOpen(false, path);
+    }
+    if (size.QuadPart > static_cast<LONGLONG>(kLargestFile)) {
+        return {Status::Failed, ERROR_FILE_TOO_LARGE, path};
     }
     bytes.resize(static_cast<std::size_t>(size.QuadPart));
     std::size_t done = 0;
@@ -115,39 +142,52 @@ CWindowsFileSystem::Status CWindowsFileSystem::Read(const std::wstring& path, st
     do {
         if (!ReadFile(file.Get(), bytes.data() + done, static_cast<DWORD>(bytes.size() - done), &read,
                       nullptr)) {
-            return GetLastError() == ERROR_LOCK_VIOLATION ? Status::Busy : Status::Failed;
+            return LastFailure(path);
         }
         done += read;
     } while (read != 0 && done < bytes.size());
     bytes.resize(done);
-    return Status::Ok;
+    return {};
 }
 
-CWindowsFileSystem::Status CWindowsFileSystem::CreateLock(const std::wstring& path,
-                                                          std::unique_ptr<IFile>& file) {
+FileResult CWindowsFileSystem::CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) {
     // The system removes the file with its last handle, so a process that is killed leaves no lock; a file
     // that a power cut left behind is simply opened.
     return OpenToWrite(path, GENERIC_WRITE | DELETE, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, file);
 }
 
-CWindowsFileSystem::Status CWindowsFileSystem::Create(const std::wstring& path,
-                                                      std::unique_ptr<IFile>& file) {
+FileResult CWindowsFileSystem::Create(const std::wstring& path, std::unique_ptr<IFile>& file) {
     return OpenToWrite(path, GENERIC_WRITE, CREATE_ALWAYS, 0, file);
 }
 
-CWindowsFileSystem::Status CWindowsFileSystem::Replace(const std::wstring& from, const std::wstring& to) {
+void CWindowsFileSystem::CreateFolder(const std::wstring& folder) {
+    CreateDirectoryW(ToSystemPath(folder).c_str(), nullptr);
+}
+
+FileResult CWindowsFileSystem::Replace(const std::wstring& from, const std::wstring& to) {
     // Not ReplaceFileW, which has moments in which nothing bears the name.
-    const std::wstring target = ToSystemPath(to);
-    return MoveFileExW(ToSystemPath(from).c_str(), target.c_str(),
+    return MoveFileExW(ToSystemPath(from).c_str(), ToSystemPath(to).c_str(),
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
-               ? Status::Ok
-               : StatusOfLastError(target);
+               ? FileResult()
+               : LastFailure(to);
 }
 
 void CWindowsFileSystem::Remove(const std::wstring& path) {
     DeleteFileW(ToSystemPath(path).c_str());
 }
 
-void CWindowsFileSystem::Pause(unsigned milliseconds) {
+bool CWindowsFileSystem::Pause(unsigned milliseconds) {
+    if (m_waiting == Waiting::Never) {
+        return false;
+    }
     Sleep(milliseconds);
+    return true;
+}
+
+std::wstring CWindowsFileSystem::ErrorText(std::uint32_t error) {
+    std::wstring text = SystemErrorText(error);
+    if (text.ends_with(L'.')) {
+        text.pop_back();
+    }
+    return text;
 }

@@ -8,14 +8,25 @@
 // than MAX_PATH.
 class CWindowsFileSystem final : public IFileSystem {
 public:
+    // Whether a call on a busy file may wait for it: a thread with a window may not.
+    enum class Waiting { Allowed, Never };
+
+    explicit CWindowsFileSystem(Waiting waiting = Waiting::Allowed) noexcept : m_waiting(waiting) {}
+
     // A file larger than this many bytes is Failed to Read.
     static constexpr std::uint64_t kLargestFile = std::uint64_t{256} << 20;
 
+    [[nodiscard]] bool Exists(const std::wstring& path) override;
     [[nodiscard]] bool IsReadOnly(const std::wstring& path) override;
-    [[nodiscard]] Status Read(const std::wstring& path, std::string& bytes) override;
-    [[nodiscard]] Status CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override;
-    [[nodiscard]] Status Create(const std::wstring& path, std::unique_ptr<IFile>& file) override;
-    [[nodiscard]] Status Replace(const std::wstring& from, const std::wstring& to) override;
+    [[nodiscard]] FileResult Read(const std::wstring& path, std::string& bytes) override;
+    [[nodiscard]] FileResult CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override;
+    [[nodiscard]] FileResult Create(const std::wstring& path, std::unique_ptr<IFile>& file) override;
+    void CreateFolder(const std::wstring& folder) override;
+    [[nodiscard]] FileResult Replace(const std::wstring& from, const std::wstring& to) override;
     void Remove(const std::wstring& path) override;
-    void Pause(unsigned milliseconds) override;
+    [[nodiscard]] bool Pause(unsigned milliseconds) override;
+    [[nodiscard]] std::wstring ErrorText(std::uint32_t error) override;
+
+private:
+    Waiting m_waiting;
 };

@@ -70,7 +70,7 @@ TEST_F(Passes, UnwritableOrUsedListsAreNotLaunched) {
     EXPECT_EQ(err.str(), "scvsched: the task list C:\\l.ini does not exist\n");
     files.PutFolder(kList);
     EXPECT_EQ(Run("check"), kNoList);
-    EXPECT_EQ(err.str(), "scvsched: the task list C:\\l.ini cannot be read\n");
+    EXPECT_EQ(err.str(), "scvsched: the task list cannot be read: Access denied: C:\\l.ini\n");
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ void SetNew(CPrivateProfile& profile) {
 // A disk with the old list on it.
 struct Disk : CFakeFileSystem {
     Disk() { Put(kPath, kOld); }
-    bool Save() { return EditProfile(*this, kPath, SetNew); }
+    FileResult Save() { return LockAndEditProfile(*this, kPath, SetNew); }
 };
 
 // Whatever went wrong, the list is whole, and the next save works and leaves nothing but the list.
@@ -31,7 +31,7 @@ TEST(ProfileFile, EachCallMayFailOrBeTheLastOneBeforeThePowerGoes) {
             SCOPED_TRACE(testing::Message() << "call " << call << (losesPower ? " and all after it" : ""));
             Disk disk;
             disk.FailCalls(call, losesPower ? Disk::kForever : call);
-            const bool saved = disk.Save();
+            const bool saved{disk.Save()};
             isFailing = disk.Calls() >= call;
             if (losesPower) {
                 disk.RestorePower();
@@ -50,10 +50,10 @@ TEST(ProfileFile, EachCallMayFailOrBeTheLastOneBeforeThePowerGoes) {
 TEST(ProfileFile, AHoldOfASecondIsOutlasted) {
     Disk disk;
     disk.Hold(kPath, 10);
-    EXPECT_EQ(ReadProfile(disk, kPath).status, IFileSystem::Status::Ok);
+    EXPECT_EQ(ReadProfile(disk, kPath).result, IFileSystem::Status::Ok);
     EXPECT_GE(disk.PausedMilliseconds(), 1000U);
     disk.Hold(kPath + L".tmp", 10);
-    EXPECT_TRUE(EditProfile(disk, kPath, [&](CPrivateProfile& profile) {
+    EXPECT_TRUE(LockAndEditProfile(disk, kPath, [&](CPrivateProfile& profile) {
         SetNew(profile);
         disk.Hold(kPath, 10);
     }));
@@ -68,7 +68,7 @@ TEST(ProfileFile, WhoeverHoldsTheLockSavesAlone) {
         SetNew(profile);
         throw std::runtime_error("edit");
     };
-    EXPECT_THROW((void)EditProfile(disk, kPath, fail), std::runtime_error);
+    EXPECT_THROW((void)LockAndEditProfile(disk, kPath, fail), std::runtime_error);
     ASSERT_EQ(disk.CreateLock(kPath + L".lock", lock), IFileSystem::Status::Ok);
     EXPECT_FALSE(disk.Save());
     EXPECT_GE(disk.PausedMilliseconds(), 5000U);
@@ -79,11 +79,11 @@ TEST(ProfileFile, WhoeverHoldsTheLockSavesAlone) {
 
 TEST(ProfileFile, AMissingFileIsMadeAndAnUnchangedOneIsLeftAlone) {
     CFakeFileSystem files;
-    EXPECT_TRUE(EditProfile(files, kPath, [](CPrivateProfile&) {}));
-    EXPECT_TRUE(EditProfile(files, kPath, SetNew));
-    EXPECT_TRUE(EditProfile(files, kPath, SetNew));
+    EXPECT_TRUE(LockAndEditProfile(files, kPath, [](CPrivateProfile&) {}));
+    EXPECT_TRUE(LockAndEditProfile(files, kPath, SetNew));
+    EXPECT_TRUE(LockAndEditProfile(files, kPath, SetNew));
     EXPECT_EQ(files.Replacements(), 2);
-    EXPECT_FALSE(EditProfile(files, L"", SetNew));
+    EXPECT_FALSE(LockAndEditProfile(files, L"", SetNew));
 }
 
 }  // namespace

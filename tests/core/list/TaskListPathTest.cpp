@@ -4,21 +4,11 @@
 
 #include <map>
 
+#include "tests/support/FakeFileSystem.h"
+
 namespace {
 
 using Files = std::map<std::wstring, std::string>;
-
-struct Places final : ITaskListPlaces {
-    [[nodiscard]] bool Exists(const std::wstring& path) override { return files.contains(path); }
-    void CreateFolder(const std::wstring& path) override { folder = path; }
-    [[nodiscard]] bool Copy(const std::wstring& from, const std::wstring& to) override {
-        return files.at(from) != "no copy" && files.insert_or_assign(to, files.at(from)).second;
-    }
-    void Delete(const std::wstring& path) override { files.erase(path); }
-
-    Files files;
-    std::wstring folder;
-};
 
 const std::wstring kLocal = L"L:\\App\\Sched.ini";
 const std::wstring kRoaming = L"R:\\Scrivane\\Sched.ini";
@@ -26,23 +16,33 @@ const std::wstring kBeside = L"C:\\ini\\Sched.ini";
 
 TEST(TaskListPath, AnOldListMovesTheRoamingOneFirst) {
     const struct {
+        const char* label;
         Files before, after;
         const wchar_t* localFolder = L"L:";
+        bool isCopyFailing = false;
     } cases[] = {
-        {{{kBeside, "b"}}, {{kLocal, "b"}}},
-        {{{kRoaming, "r"}, {kBeside, "b"}}, {{kLocal, "r"}, {kBeside, "b"}}},
-        {{{kLocal, "l"}, {kRoaming, "r"}}, {{kLocal, "l"}, {kRoaming, "r"}}},  // is never replaced
-        {{{kRoaming, "no copy"}}, {{kRoaming, "no copy"}}},
-        {{{kRoaming, "r"}}, {{kBeside, "r"}}, L""},
+        {"beside the program", {{kBeside, "b"}}, {{kLocal, "b"}}},
+        {"both", {{kRoaming, "r"}, {kBeside, "b"}}, {{kLocal, "r"}, {kBeside, "b"}}},
+        {"a list is never replaced", {{kLocal, "l"}, {kRoaming, "r"}}, {{kLocal, "l"}, {kRoaming, "r"}}},
+        {"no copy", {{kRoaming, "r"}}, {{kRoaming, "r"}}, L"L:", true},
+        {"no local folder", {{kRoaming, "r"}}, {{kBeside, "r"}}, L""},
     };
-    for (const auto& [before, after, localFolder] : cases) {
-        Places places;
-        places.files = before;
-        const std::wstring path = *localFolder == 0 ? kBeside : kLocal;
-        EXPECT_EQ(SettleTaskListPath({L"C:\\HLP\\Sched.HLP", L"R:", localFolder, L"App", L"Sched"}, places),
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.label);
+        CFakeFileSystem files;
+        for (const auto& [path, bytes] : c.before) {
+            files.Put(path, bytes);
+        }
+        files.SetCapacity(c.isCopyFailing ? 0 : CFakeFileSystem::kForever);
+        const std::wstring path = *c.localFolder == 0 ? kBeside : kLocal;
+        EXPECT_EQ(SettleTaskListPath({L"C:\\HLP\\Sched.HLP", L"R:", c.localFolder, L"App", L"Sched"}, files),
                   path);
-        EXPECT_EQ(places.files, after);
-        EXPECT_EQ(places.folder, before.contains(path) ? L"" : path.substr(0, path.size() - 9));
+        EXPECT_EQ(files.FileCount(), c.after.size());
+        for (const auto& [after, bytes] : c.after) {
+            EXPECT_EQ(files.Bytes(after), bytes);
+        }
+        EXPECT_EQ(files.HasFolder(path.substr(0, path.size() - std::size("Sched.ini") + 1)),
+                  !c.before.contains(path));
     }
 }
 

@@ -57,13 +57,14 @@ TEST_F(WindowsFileSystem, ASaveReplacesTheFileWholeOrNotAtAllAndLeavesNothingBes
     // What a power cut left behind is no lock, and no obstacle.
     (void)folder.File(L"a.ini.lock", "");
     (void)folder.File(L"a.ini.tmp", "half a list that is longer than the new one");
-    EXPECT_TRUE(EditProfile(files, path, [&](CPrivateProfile& profile) {
+    EXPECT_TRUE(LockAndEditProfile(files, path, [&](CPrivateProfile& profile) {
         EXPECT_EQ(files.CreateLock(path + L".lock", file), Status::Busy) << "one at a time";
         SetNew(profile);
     }));
     EXPECT_EQ(BytesOf(path), kNew);
     SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY);
-    EXPECT_FALSE(EditProfile(files, path, [](CPrivateProfile& profile) { profile.RemoveSection(L"a"); }));
+    EXPECT_FALSE(
+        LockAndEditProfile(files, path, [](CPrivateProfile& profile) { profile.RemoveSection(L"a"); }));
     EXPECT_EQ(BytesOf(path), kNew);
     SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
@@ -74,7 +75,7 @@ TEST_F(WindowsFileSystem, PathsMayBeLongerThanWindowsTakesAsTheyStand) {
     const std::wstring deep = folder.Path(name);
     ASSERT_TRUE(CreateDirectoryW((L"\\\\?\\" + deep).c_str(), nullptr));
     const std::wstring list = deep + L"/../" + name + L'\\' + std::wstring(99, L'a');
-    EXPECT_TRUE(EditProfile(files, list, SetNew));
+    EXPECT_TRUE(LockAndEditProfile(files, list, SetNew));
     EXPECT_EQ(files.Read(list, bytes), Status::Ok);
     EXPECT_EQ(bytes, kNew);
     files.Remove(list);
