@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "bench/Judge.h"
+#include "core/launch/LaunchClaim.h"
 #include "core/launch/SchedulingPass.h"
 #include "core/platform/LocalTime.h"
 #include "core/task/SCVShchedulerTaskArray.h"
@@ -102,6 +103,7 @@ struct List {
     CSCVShchedulerTaskArray tasks;
     FakeClock clock{June(8, 10)};
     CFakeFileSystem files;
+    CLaunchClaim claim{files, L"C:\\list.ini"};
 
     void Fill(int count, const Rules& rules) {
         for (int i = 0; i < count; ++i) {
@@ -161,7 +163,7 @@ bool JudgeAll() {
         FakeShell shell;
         const double pass = Best(
             [&] {
-                RunSchedulingPass(list.tasks, {list.clock, list.files, shell},
+                RunSchedulingPass(list.tasks, {list.clock, list.files, shell}, list.claim,
                                   [](const auto&) { return true; });
             },
             3);
@@ -178,7 +180,8 @@ bool JudgeAll() {
             due.Fill(1, {.start = now});  // the last one is the first to be launched
             CTimingShell timing;
             const auto begin = std::chrono::steady_clock::now();
-            RunSchedulingPass(due.tasks, {due.clock, due.files, timing}, [](const auto&) { return true; });
+            RunSchedulingPass(due.tasks, {due.clock, due.files, timing}, due.claim,
+                              [](const auto&) { return true; });
             first = std::min(first, std::chrono::duration<double, std::milli>(timing.opened - begin).count());
         }
         judge("ms to the first launch, 1,000 tasks", first, 1.0);

@@ -8,6 +8,7 @@
 #include "cli/report/ChangeReport.h"
 #include "cli/report/JsonReport.h"
 #include "cli/report/Refusal.h"
+#include "core/launch/LaunchClaim.h"
 #include "core/launch/SchedulingPass.h"
 #include "core/platform/Clock.h"
 #include "core/task/SCVShchedulerTaskArray.h"
@@ -18,12 +19,12 @@ constexpr unsigned kTickMilliseconds = 2000;
 
 // True when every launch succeeded and was recorded. `error` is why the pass stopped early; it is told when
 // it differs from the one passed in, so that a watch does not repeat it on every tick.
-bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std::string& error,
-                    const std::function<void(CSCVShchedulerTask&)>& tell) {
+bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, CLaunchClaim& claim,
+                    std::string& error, const std::function<void(CSCVShchedulerTask&)>& tell) {
     bool fine = true;
     std::string stopped;
     try {
-        RunSchedulingPass(tasks, context.platform, [&](const PassRun& run) {
+        RunSchedulingPass(tasks, context.platform, claim, [&](const PassRun& run) {
             tell(run.task);
             fine = fine && run.isStarted && run.isSaved;
             if (!run.isSaved) {
@@ -47,9 +48,10 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, std:
 int RunPass(const Job& job) {
     const Context& context = job.context;
     const bool json = job.arguments.json;
+    CLaunchClaim claim(context.platform.files, context.list);
     std::string error;
     CChangeReport report;
-    const bool fine = LaunchDueTasks(job.tasks, context, error, [&](CSCVShchedulerTask& task) {
+    const bool fine = LaunchDueTasks(job.tasks, context, claim, error, [&](CSCVShchedulerTask& task) {
         if (json) {
             report.Add(kLaunched, task);
         } else {
@@ -64,12 +66,13 @@ int RunPass(const Job& job) {
 
 int Watch(const Job& job) {
     const Context& context = job.context;
+    CLaunchClaim claim(context.platform.files, context.list);
     std::string error;
     do {
         if (const std::string why = context.tryClaimLaunching(); !why.empty()) {
             throw CRefusal(why, kFindings);
         }
-        (void)LaunchDueTasks(job.tasks, context, error, [&](CSCVShchedulerTask& task) {
+        (void)LaunchDueTasks(job.tasks, context, claim, error, [&](CSCVShchedulerTask& task) {
             context.out << (job.arguments.json
                                 ? ChangeAsJson(kLaunched, task, context.platform.clock.Now()).dump()
                                 : LaunchAsText(task))

@@ -3,27 +3,84 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/launch/LaunchClaim.h"
 #include "core/platform/Clock.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 
-void RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform,
-                       const std::function<bool(const PassRun&)>& onRun) {
+namespace {
+
+bool IsDue(const CSCVShchedulerTask& task, std::int64_t now) {
+    if (task.m_bEnable == 0) {
+        return false;
+    }
+    const std::int64_t next = task.GetNextRunTime(now);
+    return next > 0 && next <= now;
+}
+
+// Takes the claim for one pass. It is kept when a run of that pass could not be saved: until the file has it,
+// no other scheduler can know of it.
+class CPassClaim {
+public:
+    CPassClaim(CLaunchClaim& claim, CSCVShchedulerTaskArray& tasks, IFileSystem& files)
+        : m_claim(claim), m_tasks(tasks), m_files(files), m_isKept(claim.IsTaken()) {}
+    CPassClaim(const CPassClaim&) = delete;
+    CPassClaim& operator=(const CPassClaim&) = delete;
+    ~CPassClaim() {
+        if (!m_isKept) {
+            m_claim.Release();
+        }
+    }
+
+    // Once a pass: takes the claim, then learns what others have run until then. Nobody can launch anything
+    // from there on, so that the tasks stay up to date for the whole pass.
+    [[nodiscard]] FileResult TryTake() {
+        if (m_isReady) {
+            return {};
+        }
+        FileResult result = m_claim.TryTake();
+        if (result) {
+            result = m_tasks.TakeOverRuns(m_files, m_claim.List());
+        }
+        m_isReady = result || result == FileResult::Status::Missing;
+        return m_isReady ? FileResult() : result;
+    }
+    void Keep() noexcept { m_isKept = true; }
+
+private:
+    CLaunchClaim& m_claim;
+    CSCVShchedulerTaskArray& m_tasks;
+    IFileSystem& m_files;
+    bool m_isKept;
+    bool m_isReady = false;
+};
+
+}  // namespace
+
+FileResult RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform, CLaunchClaim& claim,
+                             const std::function<bool(const PassRun&)>& onRun) {
     const std::int64_t now = platform.clock.Now();
+    CPassClaim passClaim(claim, tasks, platform.files);
     // What is called for a run may change the array: its count is asked for each time.
     for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
         CSCVShchedulerTask& task = *tasks[i];
-        if (task.m_bEnable == 0) {
+        if (!IsDue(task, now)) {
             continue;
         }
-        const std::int64_t next = task.GetNextRunTime(now);
-        if (next <= 0 || next > now) {
-            continue;
+        if (FileResult result = passClaim.TryTake(); !result) {
+            return result;
+        }
+        if (!IsDue(task, now)) {
+            continue;  // another scheduler has run it meanwhile
         }
         const bool isStarted = task.Run(platform.shell, platform.clock) != 0;
-        const bool isSaved{task.TrySaveToIni(platform.files, task.m_strIniFile, task.m_strIniSection)};
+        const bool isSaved{tasks.TrySaveRun(platform.files, task)};
+        if (!isSaved && !task.m_strIniSection.empty()) {
+            passClaim.Keep();
+        }
         if (!onRun({task, isStarted, isSaved})) {
-            return;
+            break;
         }
     }
+    return {};
 }

@@ -2,8 +2,10 @@
 
 #include <functional>
 
+#include "core/platform/FileSystem.h"
 #include "core/platform/Platform.h"
 
+class CLaunchClaim;
 class CSCVShchedulerTask;
 class CSCVShchedulerTaskArray;
 
@@ -19,5 +21,11 @@ struct PassRun {
 // `onRun` is called after each launch has been saved; false ends the pass. It may change the array.
 // Throws what GetNextRunTime throws; the tasks before the one that threw have been launched and saved by
 // then.
-void RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform,
-                       const std::function<bool(const PassRun&)>& onRun);
+//
+// The first due task takes the claim and, unless nobody has changed the list file, the runs that other
+// schedulers of the list have saved: what they have run is not launched again. When another scheduler has the
+// claim (Busy), or has changed a file that cannot be read now, everything due is left to the next pass, and
+// the result says why. The claim is released at the end; but when the run of a task of the file could not be
+// saved it is kept, and released by whoever gets the run saved.
+FileResult RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform, CLaunchClaim& claim,
+                             const std::function<bool(const PassRun&)>& onRun);

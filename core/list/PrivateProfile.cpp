@@ -246,6 +246,10 @@ std::int32_t CPrivateProfile::GetInt(std::wstring_view section, std::wstring_vie
     return static_cast<std::int32_t>(negative ? 0U - number : number);
 }
 
+bool CPrivateProfile::IsEmpty() const {
+    return m_added.empty() && m_bytes.size() == ByteOrderMark(m_encoding).size();
+}
+
 bool CPrivateProfile::HasSection(std::wstring_view section) const {
     return Find(section).has_value();
 }

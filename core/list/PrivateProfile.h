@@ -44,6 +44,8 @@ public:
     // octal, binary ones after 0x, 0o, 0b), modulo 2^32. `missing` for a key that is missing or empty.
     [[nodiscard]] std::int32_t GetInt(std::wstring_view section, std::wstring_view key,
                                       std::int32_t missing) const;
+    // No text but a byte-order mark.
+    [[nodiscard]] bool IsEmpty() const;
     [[nodiscard]] bool HasSection(std::wstring_view section) const;
     // Calls `visit` with the name of each section in the order of the text, repeated ones included. `visit`
     // may not change the text.

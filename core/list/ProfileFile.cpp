@@ -27,22 +27,6 @@ FileResult Read(IFileSystem& files, const std::wstring& path, std::string& bytes
     return TryAgainWhileBusy(files, [&] { return files.Read(path, bytes); });
 }
 
-// Short pauses to the end: processes that save often let go of the lock only for moments.
-FileResult TakeLock(IFileSystem& files, const std::wstring& path, FilePtr& lock) {
-    unsigned failures = 0;
-    unsigned waited = 0;
-    for (unsigned pause = 1;; pause = std::min(2 * pause, kLongestLockPause)) {
-        FileResult result = files.CreateLock(path, lock);
-        // While another process is letting go of the lock a refusal can look like one for good, so that
-        // counts from the third on.
-        const bool isFinal = result != Status::Busy && (result != Status::Failed || ++failures == 3);
-        if (isFinal || waited >= kLockMilliseconds || !files.Pause(pause)) {
-            return result;
-        }
-        waited += pause;
-    }
-}
-
 FileResult WriteFlushed(IFileSystem& files, const std::wstring& path, std::string_view bytes) {
     FilePtr file;
     FileResult result = TryAgainWhileBusy(files, [&] { return files.Create(path, file); });
@@ -66,8 +50,28 @@ ProfileRead ReadProfile(IFileSystem& files, const std::wstring& path) {
     return {std::move(result), CPrivateProfile(std::move(bytes))};
 }
 
+// Short pauses to the end: processes that save often let go of the lock only for moments.
+FileResult TakeLock(IFileSystem& files, const std::wstring& path, FilePtr& lock) {
+    unsigned failures = 0;
+    unsigned waited = 0;
+    for (unsigned pause = 1;; pause = std::min(2 * pause, kLongestLockPause)) {
+        FileResult result = files.CreateLock(path, lock);
+        // While another process is letting go of the lock a refusal can look like one for good, so that
+        // counts from the third on.
+        const bool isAgain = result == Status::Failed && ++failures < 3;
+        if ((!isAgain && result != Status::Busy) || waited >= kLockMilliseconds) {
+            return result;
+        }
+        if (!files.Pause(pause) && !isAgain) {
+            return result;
+        }
+        waited += pause;
+    }
+}
+
 FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
-                              const std::function<void(CPrivateProfile&)>& edit) {
+                              const std::function<void(CPrivateProfile&)>& edit,
+                              std::optional<FileStamp>* stamp) {
     if (path.empty()) {
         return {.status = Status::Missing};
     }
@@ -83,13 +87,15 @@ FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
     CPrivateProfile profile(old);
     edit(profile);
     const std::string bytes = profile.Serialise();
-    if (read && bytes == old) {
-        return {};
+    FileResult saved;
+    if (!read || bytes != old) {
+        saved = files.IsReadOnly(path) ? FileResult{Status::ReadOnly, 0, path}
+                                       : ReplaceFileBytes(files, path, bytes);
     }
-    if (files.IsReadOnly(path)) {
-        return {Status::ReadOnly, 0, path};
+    if (saved && stamp != nullptr) {
+        *stamp = files.Stamp(path);
     }
-    return ReplaceFileBytes(files, path, bytes);
+    return saved;
 }
 
 FileResult ReplaceFileBytes(IFileSystem& files, const std::wstring& path, std::string_view bytes) {

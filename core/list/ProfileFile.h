@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,8 +29,15 @@ struct ProfileRead {
 // When the result is not Ok the old file stays: the path is empty, somebody has the lock, the file is there
 // and cannot be read, is read-only or cannot be replaced. A text that `edit` leaves as it was counts as
 // saved. What `edit` throws passes through.
+//
+// `stamp` receives the stamp of the file as it was saved; no other program has changed it before that.
 [[nodiscard]] FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
-                                            const std::function<void(CPrivateProfile&)>& edit);
+                                            const std::function<void(CPrivateProfile&)>& edit,
+                                            std::optional<FileStamp>* stamp = nullptr);
+
+// Takes a lock file, see IFileSystem::CreateLock; where waiting is allowed, for some seconds.
+[[nodiscard]] FileResult TakeLock(IFileSystem& files, const std::wstring& path,
+                                  std::unique_ptr<IFileSystem::IFile>& lock);
 
 // Puts a file with these bytes into the place of `path` in one step, whatever stood there. When that fails
 // nothing has changed.

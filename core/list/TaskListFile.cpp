@@ -166,6 +166,10 @@ std::int32_t ParseStoredNumber(std::wstring_view text) noexcept {
     return static_cast<std::int32_t>(negative ? -number : std::min(number, kHighest));
 }
 
+std::int64_t StoredInstant(std::int64_t instant) {
+    return ParseStoredNumber(FormatTime(instant));
+}
+
 void CSCVShchedulerTask::ReadFrom(const CPrivateProfile& profile, const std::wstring& file,
                                   const std::wstring& section) {
     const auto values = profile.GetStrings(section, kKeyNames);
@@ -174,6 +178,7 @@ void CSCVShchedulerTask::ReadFrom(const CPrivateProfile& profile, const std::wst
     }
     m_strIniFile = file;
     m_strIniSection = section;
+    m_tStoredRunTime = m_tLastRunTime;
 }
 
 void CSCVShchedulerTask::WriteTo(CPrivateProfile& profile, const std::wstring& section) const {
@@ -207,6 +212,9 @@ FileResult CSCVShchedulerTask::TrySaveToIni(IFileSystem& files, const std::wstri
         m_strIniFile = file;
         m_strIniSection = section;
     }
+    if (result) {
+        m_tStoredRunTime = StoredInstant(m_tLastRunTime);
+    }
     return result;
 }
 
@@ -215,6 +223,7 @@ int CSCVShchedulerTaskArray::Load(IFileSystem& files, const std::wstring& file) 
 }
 
 FileResult CSCVShchedulerTaskArray::TryLoad(IFileSystem& files, const std::wstring& file) {
+    const auto stamp = files.Stamp(file);
     ProfileRead read = ReadProfile(files, file);
     if (!read.profile && read.result != Status::Missing) {
         m_unread = read.result;
@@ -223,12 +232,14 @@ FileResult CSCVShchedulerTaskArray::TryLoad(IFileSystem& files, const std::wstri
     }
     if (read.profile) {
         ReadFrom(*read.profile, file);
+        m_stamp = stamp;
     }
     return std::move(read.result);
 }
 
 void CSCVShchedulerTaskArray::ReadFrom(const CPrivateProfile& profile, const std::wstring& file) {
     RemoveAllTasks();
+    m_isForeign = !profile.IsEmpty() && !profile.HasSection(kTaskListSection);
     const std::int32_t count = profile.GetInt(kTaskListSection, kTaskCountKey, 0);
     for (const std::int32_t number : FindTaskSections(profile, 1, count)) {
         auto task = std::make_unique<CSCVShchedulerTask>();
@@ -249,15 +260,21 @@ FileResult CSCVShchedulerTaskArray::TrySave(IFileSystem& files, const std::wstri
         return m_unread;
     }
     const auto count = static_cast<std::int32_t>(GetSize());
-    FileResult result = LockAndEditProfile(files, file, [&](CPrivateProfile& profile) {
+    const auto write = [&](CPrivateProfile& profile) {
+        if (const auto stamp = files.Stamp(file); stamp && stamp != m_stamp) {
+            TakeOverRuns(profile);  // else the older ones here would be written over them
+        }
         const std::int32_t oldCount = SetCount(profile, count);
         for (std::int32_t i = 0; i < count; ++i) {
             GetAt(i)->WriteTo(profile, TaskSectionName(i + 1));
         }
         RemoveTaskSections(profile, count + 1, oldCount);
-    });
+    };
+    std::optional<FileStamp> stamp;
+    FileResult result = LockAndEditProfile(files, file, write, &stamp);
     if (result) {
         RecordPlaces(file);
+        m_stamp = stamp;
     }
     return result;
 }
@@ -302,5 +319,6 @@ void CSCVShchedulerTaskArray::RecordPlaces(const std::wstring& file) {
     for (std::size_t i = 0; i < m_tasks.size(); ++i) {
         m_tasks[i]->m_strIniFile = file;
         m_tasks[i]->m_strIniSection = TaskSectionName(static_cast<std::int32_t>(i + 1));
+        m_tasks[i]->m_tStoredRunTime = StoredInstant(m_tasks[i]->m_tLastRunTime);
     }
 }

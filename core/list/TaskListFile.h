@@ -23,6 +23,9 @@ inline constexpr std::size_t kLongestNumber = 254;
 [[nodiscard]] std::vector<std::int32_t> FindTaskSections(const CPrivateProfile& profile, std::int32_t first,
                                                          std::int32_t last);
 
+// What is read back of an instant that is written: from 2038-01-19 03:14:08 UTC on that limit.
+[[nodiscard]] std::int64_t StoredInstant(std::int64_t instant);
+
 // A decimal number as the C run-time reads it: leading blanks, a sign, digits up to the first other
 // character. 0 without digits; what exceeds 32 bits becomes the limit.
 [[nodiscard]] std::int32_t ParseStoredNumber(std::wstring_view text) noexcept;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,15 @@ struct FileResult {
 
     [[nodiscard]] explicit operator bool() const noexcept { return status == Status::Ok; }
     [[nodiscard]] bool operator==(Status other) const noexcept { return status == other; }
+};
+
+// Identifies what a file holds: it differs once another program has replaced or written the file.
+struct FileStamp {
+    std::uint64_t file = 0;      // the system's number of the file
+    std::uint64_t size = 0;      // bytes
+    std::uint64_t modified = 0;  // in the system's units
+
+    [[nodiscard]] bool operator==(const FileStamp&) const = default;
 };
 
 // The file calls that a task list needs, one virtual function a call, so that a test can fail each of them in
@@ -54,6 +64,8 @@ public:
     [[nodiscard]] virtual bool Exists(const std::wstring& path) = 0;
     // True when the file may not be changed (its read-only attribute).
     [[nodiscard]] virtual bool IsReadOnly(const std::wstring& path) = 0;
+    // Can be had of a file that another program holds, too; nothing when there is no such file.
+    [[nodiscard]] virtual std::optional<FileStamp> Stamp(const std::wstring& path) = 0;
     // The whole file. A folder or a file too large to be taken into memory is Failed.
     [[nodiscard]] virtual FileResult Read(const std::wstring& path, std::string& bytes) = 0;
     // A file that only its holder may have open, created when missing and free again once closed, also when

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,10 +57,30 @@ public:
     [[nodiscard]] FileResult TryEdit(IFileSystem& files, const std::wstring& file,
                                      const std::function<void()>& edit);
 
+    // True when the file that was last loaded or edited has a text and no task list section, so that it is
+    // most likely no task list at all.
+    [[nodiscard]] bool IsForeign() const noexcept { return m_isForeign; }
+
+    // For a list that other schedulers run as well (core/list/SharedList.cpp): learns the runs that they have
+    // saved since it was last read or saved here, and where they have put its tasks. Does not read a file
+    // that nobody has changed since, so that it may be in use then.
+    FileResult TakeOverRuns(IFileSystem& files, const std::wstring& file);
+    // Saves one task to its section.
+    [[nodiscard]] FileResult TrySaveRun(IFileSystem& files, CSCVShchedulerTask& task);
+    // Copies of the other's tasks take the place of the tasks.
+    void CopyFrom(const CSCVShchedulerTaskArray& other);
+    // The file now holds `saved`, an earlier copy of this array: each task learns its place in it. One that
+    // is not in it learns that it is in no file.
+    void AdoptPlaces(const CSCVShchedulerTaskArray& saved);
+
 private:
+    void TakeOverRuns(const CPrivateProfile& profile);
     void ReadFrom(const CPrivateProfile& profile, const std::wstring& file);
     void RecordPlaces(const std::wstring& file);
 
     std::vector<std::unique_ptr<CSCVShchedulerTask>> m_tasks;
+    // Of the file when these tasks last knew all runs that it holds.
+    std::optional<FileStamp> m_stamp;
+    bool m_isForeign = false;
     FileResult m_unread;  // why the list could not be loaded although it exists; else Ok
 };

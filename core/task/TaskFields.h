@@ -55,4 +55,6 @@ struct TaskFields {
     // saves the task's run to exactly that place.
     std::wstring m_strIniFile;
     std::wstring m_strIniSection;
+    // The last run that the file held then; a later one in the file is another program's.
+    std::int64_t m_tStoredRunTime = 0;
 };

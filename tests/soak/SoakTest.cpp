@@ -6,6 +6,7 @@
 #include <random>
 #include <vector>
 
+#include "core/launch/LaunchClaim.h"
 #include "core/launch/SchedulingPass.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/soak/ExpectedRuns.h"
@@ -127,7 +128,8 @@ protected:
             m_failedLaunches += result != L"Success";
             due.push_back(task.project + result);
         }
-        RunSchedulingPass(*m_array, {m_clock, m_machine.files, m_shell}, [&](const PassRun& made) {
+        CLaunchClaim claim(m_machine.files, m_machine.list);
+        RunSchedulingPass(*m_array, {m_clock, m_machine.files, m_shell}, claim, [&](const PassRun& made) {
             m_record.Add(made.task, made.isSaved);
             run.push_back(made.task.m_strProjectPath + made.task.m_strLastRunResult);
             EXPECT_EQ(made.task.m_tLastRunTime, m_now);

@@ -11,8 +11,8 @@
 // Files in memory, for tests. Any call can be made to fail, and the power can be cut.
 //
 // Calls are counted from 1 in the order in which they are made: Exists, IsReadOnly, Read, CreateLock, Create,
-// CreateFolder, Write, Flush, Close, Replace and Remove count; Pause and destructors do not. Paths compare
-// exactly.
+// CreateFolder, Write, Flush, Close, Replace and Remove count; Stamp, Pause and destructors do not. Paths
+// compare exactly.
 class CFakeFileSystem : public IFileSystem {
 public:
     static constexpr int kForever = std::numeric_limits<int>::max();
@@ -23,7 +23,9 @@ public:
     [[nodiscard]] std::size_t FileCount() const { return m_files.size(); }
     [[nodiscard]] bool HasFolder(const std::wstring& path) const { return m_folders.contains(path); }
     // A file that is safely on the medium.
-    void Put(const std::wstring& path, const std::string& bytes) { m_files[path] = {bytes, bytes.size()}; }
+    void Put(const std::wstring& path, const std::string& bytes) {
+        m_files[path] = {bytes, bytes.size(), ++m_created};
+    }
     void PutFolder(const std::wstring& path) { m_folders.insert(path); }
     void SetReadOnly(const std::wstring& path) { m_readOnly.insert(path); }
 
@@ -52,6 +54,10 @@ public:
     [[nodiscard]] bool IsReadOnly(const std::wstring& path) override {
         return Works() && m_readOnly.contains(path);
     }
+    [[nodiscard]] std::optional<FileStamp> Stamp(const std::wstring& path) override {
+        const auto file = m_files.find(path);
+        return file != m_files.end() ? std::optional(FileStamp{file->second.number}) : std::nullopt;
+    }
     [[nodiscard]] FileResult Read(const std::wstring& path, std::string& bytes) override {
         const Status status = Answer(path);
         // A file that cannot be opened leaves the caller's bytes alone; one that fails midway has given half.
@@ -71,7 +77,7 @@ public:
     [[nodiscard]] FileResult Create(const std::wstring& path, std::unique_ptr<IFile>& file) override {
         const Status status = Answer(path);
         if (status == Status::Ok) {
-            m_files[path] = {};
+            m_files[path] = {{}, 0, ++m_created};
             file = std::make_unique<CFile>(*this, path);
         }
         return Result(status, path);
@@ -110,6 +116,7 @@ private:
     struct File {
         std::string bytes;
         std::size_t flushed = 0;  // so many of them survive a power cut
+        std::uint64_t number = 0;
     };
     class CFile final : public IFile {
     public:
@@ -178,5 +185,6 @@ private:
     int m_calls = 0, m_replacements = 0;
     int m_firstFailure = kForever, m_lastFailure = kForever;
     unsigned m_paused = 0;
+    std::uint64_t m_created = 0;
     bool m_mayWait = true;
 };

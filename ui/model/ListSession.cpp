@@ -25,7 +25,7 @@ private:
 }  // namespace
 
 CListSession::CListSession(const CPlatform& platform, std::wstring file)
-    : m_platform(platform), m_strFile(std::move(file)) {}
+    : m_platform(platform), m_strFile(std::move(file)), m_claim(platform.files, m_strFile) {}
 
 void CListSession::Load() {
     const FileResult loaded = m_tasks.TryLoad(m_platform.files, m_strFile);
@@ -54,6 +54,7 @@ bool CListSession::ReadPending() {
 void CListSession::Save() {
     if (m_tasks.TrySave(m_platform.files, m_strFile)) {
         m_passRecord.Clear();
+        m_claim.Release();
     }
 }
 
@@ -64,7 +65,7 @@ std::string CListSession::RunDueProjects(const std::function<void()>& onRun) {
     const CFlagGuard launching(m_bLaunching);
     std::string error;
     try {
-        RunSchedulingPass(m_tasks, m_platform, [&](const PassRun& run) {
+        RunSchedulingPass(m_tasks, m_platform, m_claim, [&](const PassRun& run) {
             m_passRecord.Add(run.task, run.isSaved);
             onRun();
             return true;

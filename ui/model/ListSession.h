@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "core/launch/LaunchClaim.h"
 #include "core/platform/Platform.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "ui/model/PassRecord.h"
@@ -43,6 +44,7 @@ private:
     std::wstring m_strFile;
     CSCVShchedulerTaskArray m_tasks;
     CPassRecord m_passRecord;
+    CLaunchClaim m_claim;
     bool m_bWasRead = false;      // the tasks come from the file, or there was none
     bool m_bReadPending = false;  // the file is there and could not be read
     bool m_bLaunching = false;

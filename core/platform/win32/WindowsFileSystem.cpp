@@ -122,6 +122,20 @@ bool CWindowsFileSystem::IsReadOnly(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
+std::optional<FileStamp> CWindowsFileSystem::Stamp(const std::wstring& path) {
+    // No access to the contents is asked for, so that nobody's sharing mode stands against it.
+    CFileHandle file;
+    BY_HANDLE_FILE_INFORMATION found{};
+    if (!Open(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING, 0, file) ||
+        GetFileInformationByHandle(file.Get(), &found) == FALSE) {
+        return std::nullopt;
+    }
+    const auto join = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+    return FileStamp{join(found.nFileIndexHigh, found.nFileIndexLow),
+                     join(found.nFileSizeHigh, found.nFileSizeLow),
+                     join(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime)};
+}
+
 FileResult CWindowsFileSystem::Read(const std::wstring& path, std::string& bytes) {
     CFileHandle file;
     FileResult opened = Open(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "core/launch/LaunchClaim.h"
 #include "core/platform/LocalTime.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/support/FakeClock.h"
@@ -30,7 +31,8 @@ TEST(SchedulingPass, ReportsEachRunUntilItIsEnded) {
     } expected[] = {
         {L"a: fine", true, true}, {L"b: no project", false, true}, {L"c: list held", true, false}};
     std::size_t count = 0;
-    RunSchedulingPass(tasks, {clock, files, shell}, [&](const PassRun& run) {
+    CLaunchClaim claim(files, kList);
+    RunSchedulingPass(tasks, {clock, files, shell}, claim, [&](const PassRun& run) {
         EXPECT_EQ(run.isStarted, expected[count].isStarted) << expected[count].label;
         EXPECT_EQ(run.isSaved, expected[count].isSaved) << expected[count].label;
         files.Hold(kList, count == 1 ? CFakeFileSystem::kForever : 0);
@@ -55,17 +57,19 @@ TEST(SchedulingPass, AnImpossibleDateEndsThePassAndAClockSetBackRepeatsNothing) 
     FakeShell shell;
     FakeClock clock(june(15, 9));
     const CPlatform platform{clock, files, shell};
-    EXPECT_THROW(RunSchedulingPass(tasks, platform, [](const auto&) { return true; }), std::invalid_argument);
+    CLaunchClaim claim(files, L"C:\\list.ini");
+    EXPECT_THROW(RunSchedulingPass(tasks, platform, claim, [](const auto&) { return true; }),
+                 std::invalid_argument);
     EXPECT_EQ(shell.starts.size(), 4U) << "those before it, after a week switched off";
     tasks.RemoveTaskAt(4);
     for (int minute = -60; minute <= 60; ++minute) {
         clock.now = june(15, 9) + minute * 60;
-        RunSchedulingPass(tasks, platform, [](const auto&) { return true; });
+        RunSchedulingPass(tasks, platform, claim, [](const auto&) { return true; });
         EXPECT_EQ(shell.starts.size(), minute < 60 ? 4U : 5U) << minute;
     }
     // A repaint may run code that changes the list.
     clock.now = june(17, 9);
-    RunSchedulingPass(tasks, platform, [&](const auto&) {
+    RunSchedulingPass(tasks, platform, claim, [&](const auto&) {
         tasks.RemoveAllTasks();
         return true;
     });

@@ -119,6 +119,27 @@ TEST(TaskListFile, WhichSectionsALoadTakes) {
     }
 }
 
+TEST(TaskListFile, ForeignFilesAreRecognised) {
+    const struct {
+        const char* label;
+        std::string bytes;
+        bool isForeign;
+    } cases[] = {
+        {"empty", "", false},
+        {"byte-order mark alone", "\xff\xfe", false},
+        {"no tasks", Count("0"), false},
+        {"other spelling", "[scvSHCHEDULERtasklist]", false},
+        {"a text", "Dear reader,\r\n", true},
+        {"another program's settings", "[Window]\r\nx=1\r\n", true},
+        {"tasks that nothing counts", Section(1), true},
+    };
+    for (const auto& c : cases) {
+        List list(c.bytes);
+        EXPECT_EQ(list.tasks.Load(list.files, kPath), 1) << c.label;
+        EXPECT_EQ(list.tasks.IsForeign(), c.isForeign) << c.label;
+    }
+}
+
 TEST(TaskListFile, ASaveRenumbersAndRemovesWhatIsStale) {
     List list("; mine\r\n" + Count("5") + Section(1) + Section(2) + Section(3) + "[Other]\r\nk=v\r\n" +
               Section(4) + Section(5) + Section(6));

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "core/platform/FileSystem.h"
+
+// The claim to launch a list's due projects: of all programs that share the list, also in other sessions of
+// the user, one at a time has it. It is a lock file beside the list (path + ".launch"), so that the system
+// releases it when its process dies. One object a scheduler and list.
+class CLaunchClaim {
+public:
+    // `files` outlives the object. `list` is the path of the task list file.
+    CLaunchClaim(IFileSystem& files, std::wstring list);
+
+    [[nodiscard]] const std::wstring& List() const noexcept { return m_list; }
+    // Takes the claim unless this object has it already; where waiting is allowed it waits for some seconds.
+    // Busy when another program has it. Ok also where nobody can have it, because the list's folder takes no
+    // files or is gone: what is due has to run there, too.
+    [[nodiscard]] FileResult TryTake();
+    void Release() noexcept { m_lock.reset(); }
+    [[nodiscard]] bool IsTaken() const noexcept { return m_lock != nullptr; }
+
+private:
+    IFileSystem& m_files;
+    std::wstring m_list;
+    std::unique_ptr<IFileSystem::IFile> m_lock;
+};

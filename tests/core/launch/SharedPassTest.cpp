@@ -1,0 +1,122 @@
+// Several schedulers run one list.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "core/launch/LaunchClaim.h"
+#include "core/launch/SchedulingPass.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "tests/support/FakeClock.h"
+#include "tests/support/FakeFileSystem.h"
+#include "tests/support/FakeShell.h"
+
+namespace {
+
+using Status = FileResult::Status;
+
+const std::wstring kList = L"C:\\list.ini";
+
+class SharedPass : public testing::Test {
+protected:
+    // A program that has the list in memory.
+    struct Scheduler {
+        explicit Scheduler(SharedPass& test) : machine(test), claim(test.files, kList) {
+            tasks.Load(machine.files, kList);
+        }
+        FileResult Pass() {
+            return RunSchedulingPass(tasks, {machine.clock, machine.files, machine.shell}, claim,
+                                     [](const PassRun&) { return true; });
+        }
+        SharedPass& machine;
+        CLaunchClaim claim;
+        CSCVShchedulerTaskArray tasks;
+    };
+
+    void SetUp() override {
+        CSCVShchedulerTaskArray tasks;
+        tasks.AddTask(L"C:\\a.scvpr", clock.now);
+        tasks.AddTask(L"C:\\it's.scvpr", clock.now);
+        ASSERT_TRUE(tasks.TrySave(files, kList));
+        clock.now += 300;
+    }
+    [[nodiscard]] std::size_t Starts() const { return shell.starts.size(); }
+
+    FakeClock clock{1'000'000};
+    CFakeFileSystem files;
+    FakeShell shell;
+};
+
+TEST_F(SharedPass, TakesOverWhatAnotherHasRun) {
+    Scheduler first(*this);
+    Scheduler second(*this);
+    EXPECT_TRUE(first.Pass());
+    clock.now += 2;
+    EXPECT_TRUE(second.Pass());
+    EXPECT_EQ(Starts(), 2U) << "each project once";
+    EXPECT_EQ(second.tasks[0]->m_tLastRunTime, clock.now - 2);
+    EXPECT_EQ(second.tasks[0]->m_strLastRunResult, L"Success");
+    second.tasks[0]->m_tLastRunTime = 0;  // the user's reset
+    EXPECT_TRUE(second.Pass());
+    EXPECT_EQ(Starts(), 3U) << "nobody has run it since";
+    first.tasks[1]->m_bRepeatOnMonthly = 1;  // accepted in a program that does not know of that run yet
+    EXPECT_TRUE(first.tasks.TrySave(files, kList));
+    EXPECT_EQ(first.tasks[0]->m_tLastRunTime, clock.now);
+    EXPECT_EQ(Scheduler(*this).tasks[0]->m_tLastRunTime, clock.now) << "a save writes no older run";
+}
+
+TEST_F(SharedPass, LeavesWhatIsClaimedToTheNextPass) {
+    Scheduler first(*this);
+    Scheduler second(*this);
+    shell.whileOpening = [&] { EXPECT_EQ(second.Pass(), Status::Busy); };
+    EXPECT_TRUE(first.Pass());
+    EXPECT_EQ(Starts(), 2U);
+    EXPECT_FALSE(first.claim.IsTaken());
+    shell.whileOpening = [] {};
+    files.FailCalls(files.Calls() + 1, files.Calls() + 3);
+    first.tasks[0]->m_tLastRunTime = 0;
+    EXPECT_TRUE(first.Pass());
+    EXPECT_EQ(Starts(), 3U) << "what nobody can claim is launched all the same";
+}
+
+TEST_F(SharedPass, FindsItsTasksInARenumberedList) {
+    Scheduler first(*this);
+    Scheduler second(*this);
+    EXPECT_TRUE(first.Pass());
+    first.tasks.RemoveTaskAt(0);
+    EXPECT_TRUE(first.tasks.TrySave(files, kList));
+    EXPECT_TRUE(second.Pass());
+    EXPECT_EQ(second.tasks[1]->m_strIniSection, L"SCVShchedulerTask1");
+    EXPECT_EQ(second.tasks[1]->m_tLastRunTime, clock.now) << "apostrophes have doubled meanwhile";
+    EXPECT_EQ(Starts(), 3U) << "only what the other has removed";
+}
+
+TEST_F(SharedPass, HeldListIsRunWhileNobodyChangesIt) {
+    files.ForbidWaiting();
+    Scheduler first(*this);
+    Scheduler second(*this);
+    files.Hold(kList, CFakeFileSystem::kForever);
+    EXPECT_TRUE(first.Pass());
+    EXPECT_EQ(Starts(), 2U) << "it is the list that was read";
+    EXPECT_EQ(second.Pass(), Status::Busy) << "the runs of the first are in no file yet";
+    files.Hold(kList, 0);
+    EXPECT_TRUE(first.tasks.TrySave(files, kList));
+    first.claim.Release();
+    files.Hold(kList, CFakeFileSystem::kForever);
+    EXPECT_EQ(second.Pass(), Status::Busy) << "what it read is not what the file holds now";
+    files.Hold(kList, 0);
+    EXPECT_TRUE(second.Pass());
+    EXPECT_EQ(Starts(), 2U);
+    EXPECT_EQ(files.PausedMilliseconds(), 0U);
+}
+
+TEST_F(SharedPass, RunOfAnUnsavedTaskKeepsNoClaim) {
+    Scheduler first(*this);
+    first.tasks.RemoveAllTasks();
+    first.tasks.AddTask(L"C:\\new.scvpr", clock.now - 300);
+    EXPECT_TRUE(first.Pass());
+    EXPECT_EQ(Starts(), 1U);
+    EXPECT_FALSE(first.claim.IsTaken());
+}
+
+}  // namespace
