@@ -6,10 +6,13 @@
 ;   /S                 no window; exit code 2 when nothing was installed, because something was in use or could
 ;                      not be written
 ;   /STARTUP=yes|no    start at log-on, in place of the box; without it the choice stays as it is (at first: no)
+;   /PATH=yes|no       the folder on the user's PATH, likewise
+;   /LOG=FILE          writes there what was done or why not (UTF-16)
 ;   /D=FOLDER          where to; the last one, and without quotation marks
 ; and those of the uninstaller:
 ;   /S                 no window; exit code 2 when nothing was removed (to who waits for it, with _?=FOLDER at the end)
 ;   /LIST              removes the task list and the settings as well
+;   /LOG=FILE          as above
 ;
 ; A running instance is ended as its Exit does, which saves the list, and after an installation it is started again, in
 ; the tray when it was there.
@@ -28,6 +31,7 @@ AllowSkipFiles off
 !include LogicLib.nsh
 !include MUI2.nsh
 !include Sections.nsh
+!include packaging/UserPath.nsh
 
 ; Ids of the main window's commands; by the button of its Exit it is known.
 !searchparse /file ui/resource.h "#define ID_EXIT_PROGRAM " ID_EXIT_PROGRAM
@@ -59,6 +63,9 @@ Var Process ; its process, to be closed
 Var Program ; the file that it runs
 Var Ended   ; such a file that was ended here, to be started again
 Var Shown   ; not empty when an ended one showed its window
+Var Hidden  ; not empty when one was started again in the tray
+Var Log     ; the log file, empty without one
+Var Writing ; the file that is being written; when that fails the script ends there
 
 !define MUI_ICON "ui/icons/program.ico"
 !define MUI_UNICON "ui/icons/program.ico"
@@ -87,11 +94,13 @@ Var Shown   ; not empty when an ended one showed its window
     !insertmacro ${DO} "${PROGRAM}"
     !insertmacro ${DO} "scvsched.exe"
     !insertmacro ${DO} "README.txt"
-    !insertmacro ${DO} "guide.txt"
-    !insertmacro ${DO} "scvsched.txt"
-    !insertmacro ${DO} "CHANGELOG.txt"
+    !insertmacro ${DO} "guide.html"
+    !insertmacro ${DO} "scvsched.html"
+    !insertmacro ${DO} "task-list-file.html"
+    !insertmacro ${DO} "CHANGELOG.html"
 !macroend
 !macro Put NAME
+    StrCpy $Writing "${NAME}"
     File "/oname=${NAME}.new" "${FILES}/${NAME}"
 !macroend
 !macro Replace NAME
@@ -103,6 +112,54 @@ Var Shown   ; not empty when an ended one showed its window
 !macroend
 !macro Remove NAME
     Delete "$INSTDIR\${NAME}"
+!macroend
+
+; --- The log file, for installer and uninstaller ---------------------------------------------------------------------
+
+!define Say "!insertmacro Say"
+!macro Say TEXT
+    ${If} $Log != ""
+        FileWriteUTF16LE $Log "${TEXT}$\r$\n"
+    ${EndIf}
+!macroend
+
+!macro LogFunctions un DOING
+Function ${un}OpenLog
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} $0 "/LOG=" $1
+    ${If} ${Errors}
+        Return
+    ${EndIf}
+    FileOpen $Log $1 w
+    ${If} ${Errors}
+        MessageBox MB_ICONSTOP "The log file $1 could not be written. Nothing was changed." /SD IDOK
+        SetErrorLevel 2
+        Quit
+    ${EndIf}
+    FileWriteUTF16LE /BOM $Log "${DOING} ${NAME} ${VERSION}$\r$\n"
+FunctionEnd
+!macroend
+!insertmacro LogFunctions "" Installing
+!insertmacro LogFunctions un. Removing
+
+; Why it went no further, to the user who sees a window and to the log; the script goes on at $RETRY when that is wanted.
+!macro AskToRetry TEXT RETRY
+    ${Say} "${TEXT}"
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${TEXT}" /SD IDCANCEL IDRETRY ${RETRY}
+    Abort
+!macroend
+
+; Ends the script unless that file, if it is there, can be written.
+!macro ExpectFree FILE REMEDY
+    ClearErrors
+    ${If} ${FileExists} "$INSTDIR\${FILE}"
+        FileOpen $0 "$INSTDIR\${FILE}" a
+        FileClose $0
+    ${EndIf}
+    ${If} ${Errors}
+        !insertmacro AskToRetry "$INSTDIR\${FILE} is in use or cannot be written. ${REMEDY}" again
+    ${EndIf}
 !macroend
 
 ; --- Running instances, for installer and uninstaller ----------------------------------------------------------------
@@ -161,31 +218,20 @@ again:
     System::Call 'kernel32::CloseHandle(p $Process)'
     ${If} $1 == 0
         StrCpy $Ended $Program
+        ${Say} "$Program was running and has been ended; it has saved its list."
         ${If} $2 <> 0
             StrCpy $Shown 1
         ${EndIf}
         Goto again
     ${EndIf}
-    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${NAME} is running and cannot be ended now. Answer what it asks, or end it with its Exit, and try again." /SD IDCANCEL IDRETRY again
-    Abort
+    !insertmacro AskToRetry "${NAME} is running and cannot be ended now. Answer what it asks, or end it with its Exit, and try again." again
 FunctionEnd
 
-; Ends the script unless the programs' files, as far as they are there, can be written.
+; Ends the script unless the programs can be replaced.
 Function ${un}ExpectFree
 again:
-    ClearErrors
-    ${If} ${FileExists} "$INSTDIR\${PROGRAM}"
-        FileOpen $0 "$INSTDIR\${PROGRAM}" a
-        FileClose $0
-    ${EndIf}
-    ${If} ${FileExists} "$INSTDIR\scvsched.exe"
-        FileOpen $0 "$INSTDIR\scvsched.exe" a
-        FileClose $0
-    ${EndIf}
-    ${If} ${Errors}
-        MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "The programs in $INSTDIR are in use or cannot be written. End scvsched, if it is running, and try again." /SD IDCANCEL IDRETRY again
-        Abort
-    ${EndIf}
+    !insertmacro ExpectFree "${PROGRAM}" "Look whether the folder can be written to, and try again."
+    !insertmacro ExpectFree "scvsched.exe" "End scvsched, which may be watching in a console (Ctrl+C), and try again."
 FunctionEnd
 
 ; What was ended goes on, from the file $Program; before these pages hidden, until they go.
@@ -196,18 +242,26 @@ Function ${un}StartAgain
             Exec '"$Program"'
         ${Else}
             Exec '"$Program" /background'
+            StrCpy $Hidden 1
         ${EndIf}
     ${EndIf}
 FunctionEnd
 
 Function ${un}ShowAgain
-    ${If} $Shown != ""
+    ${If} $Shown == ""
+    ${OrIf} $Hidden == ""
+        Return
+    ${EndIf}
+    ; It may have been started a moment ago, by a user who was quick: its window comes within 15 seconds or not at all.
+    ${For} $1 1 150
         Call ${un}FindInstance
         ${If} $Window P<> 0
             System::Call 'kernel32::CloseHandle(p $Process)'
             System::Call 'user32::PostMessageW(p $Window, i ${WM_COMMAND}, p ${ID_SHOW_WINDOW}, p 0)'
+            ${Break}
         ${EndIf}
-    ${EndIf}
+        Sleep 100
+    ${Next}
 FunctionEnd
 !macroend
 !define AGAIN " Afterwards it is started again."
@@ -215,6 +269,8 @@ FunctionEnd
 !undef AGAIN
 !define AGAIN ""
 !insertmacro InstanceFunctions un.
+${UserPathFunctions} ""
+${UserPathFunctions} un.
 
 ; --- Installing ------------------------------------------------------------------------------------------------------
 
@@ -225,11 +281,13 @@ Section "${NAME}" SecProgram
     SetOutPath $INSTDIR
     ClearErrors
     !insertmacro EachFile Put
+    StrCpy $Writing uninstall.exe
     WriteUninstaller "$INSTDIR\uninstall.exe.new"
     ${If} ${Errors}
         MessageBox MB_ICONSTOP "The files could not be written to $INSTDIR. Nothing was changed." /SD IDOK
         Abort
     ${EndIf}
+    StrCpy $Writing ""
     ; From another folder the program moves; its uninstaller ends before it goes, for it is told where it is.
     ReadRegStr $0 HKCU "${UNINSTALL_KEY}" InstallLocation
     ${If} $0 != ""
@@ -244,6 +302,7 @@ Section "${NAME}" SecProgram
     !insertmacro EachFile Replace
     !insertmacro Replace uninstall.exe
     CreateShortcut "$SMPROGRAMS\${NAME}.lnk" "$INSTDIR\${PROGRAM}"
+    CreateShortcut "$SMPROGRAMS\${NAME} Guide.lnk" "$INSTDIR\guide.html"
     WriteRegStr HKCU "${UNINSTALL_KEY}" DisplayName "${NAME}"
     WriteRegStr HKCU "${UNINSTALL_KEY}" DisplayVersion "${VERSION}"
     WriteRegStr HKCU "${UNINSTALL_KEY}" DisplayIcon "$INSTDIR\${PROGRAM}"
@@ -262,34 +321,65 @@ Section /o "Start at log-on" SecStartup
     WriteRegStr HKCU "${RUN_KEY}" "${RUN_VALUE}" '"$INSTDIR\${PROGRAM}" /background'
 SectionEnd
 
+Section /o "scvsched on the PATH" SecPath
+    StrCpy $R4 $INSTDIR
+    Call AddToUserPath
+SectionEnd
+
 Section
     ${IfNot} ${SectionIsSelected} ${SecStartup}
         DeleteRegValue HKCU "${RUN_KEY}" "${RUN_VALUE}"
     ${EndIf}
+    ${IfNot} ${SectionIsSelected} ${SecPath}
+        StrCpy $R4 $INSTDIR
+        Call RemoveFromUserPath
+    ${EndIf}
+    ${Say} "Installed in $INSTDIR."
     StrCpy $Program "$INSTDIR\${PROGRAM}"
     Call StartAgain
 SectionEnd
 
 !insertmacro MUI_FUNCTION_DESCRIPTION_BEGIN
-    !insertmacro MUI_DESCRIPTION_TEXT ${SecProgram} "The scheduler, scvsched for the console, and an entry in the start menu."
+    !insertmacro MUI_DESCRIPTION_TEXT ${SecProgram} "The scheduler, scvsched for the console, the guide, and their entries in the start menu."
     !insertmacro MUI_DESCRIPTION_TEXT ${SecStartup} "Starts the scheduler in the tray whenever you log on. Its window has the same box."
+    !insertmacro MUI_DESCRIPTION_TEXT ${SecPath} "In a console the command scvsched works in every folder. Yours only, not other users'."
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
-Function .onInit
-    ReadRegStr $0 HKCU "${RUN_KEY}" "${RUN_VALUE}"
+; Ticks a box as the switch says, without one as things are: $3 is not empty when it should be ticked.
+!macro Tick SECTION SWITCH
     ${GetParameters} $1
-    ${GetOptions} $1 "/STARTUP=" $2
+    ${GetOptions} $1 "/${SWITCH}=" $2
     ${If} $2 == "yes"
-        StrCpy $0 yes
+        StrCpy $3 yes
     ${ElseIf} $2 == "no"
-        StrCpy $0 ""
+        StrCpy $3 ""
     ${EndIf}
-    ${If} $0 != ""
-        !insertmacro SelectSection ${SecStartup}
+    ${If} $3 != ""
+        !insertmacro SelectSection ${SECTION}
     ${EndIf}
+!macroend
+
+Function .onInit
+    Call OpenLog
+    ReadRegStr $3 HKCU "${RUN_KEY}" "${RUN_VALUE}"
+    !insertmacro Tick ${SecStartup} STARTUP
+    ReadRegStr $R4 HKCU "${UNINSTALL_KEY}" InstallLocation
+    ${If} $R4 == ""
+        StrCpy $R4 $INSTDIR
+    ${EndIf}
+    Call FindInUserPath
+    StrCpy $3 ""
+    ${If} $R3 P<> 0
+        StrCpy $3 yes
+    ${EndIf}
+    !insertmacro Tick ${SecPath} PATH
 FunctionEnd
 
 Function .onInstFailed
+    ${If} $Writing != ""
+        ${Say} "$INSTDIR\$Writing could not be written."
+    ${EndIf}
+    ${Say} "Nothing was changed."
     !insertmacro EachFile Discard
     !insertmacro Discard uninstall.exe
     ; A folder that was made for nothing, once it is not the current one.
@@ -325,12 +415,16 @@ Section "un.${NAME}" UnProgram
     ${If} $0 == '"$INSTDIR\${PROGRAM}" /background'
         DeleteRegValue HKCU "${RUN_KEY}" "${RUN_VALUE}"
     ${EndIf}
+    StrCpy $R4 $INSTDIR
+    Call un.RemoveFromUserPath
     Delete "$SMPROGRAMS\${NAME}.lnk"
+    Delete "$SMPROGRAMS\${NAME} Guide.lnk"
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
     !insertmacro EachFile Remove
     Delete "$INSTDIR\uninstall.exe"
     ; Only when nothing else is in it.
     RMDir "$INSTDIR"
+    ${Say} "Removed from $INSTDIR."
 SectionEnd
 
 Section /o "un.Task list and settings" UnList
@@ -348,11 +442,12 @@ Section /o "un.Task list and settings" UnList
 SectionEnd
 
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_BEGIN
-    !insertmacro MUI_DESCRIPTION_TEXT ${UnProgram} "The programs, the entry in the start menu and the start at log-on."
+    !insertmacro MUI_DESCRIPTION_TEXT ${UnProgram} "The programs, their entries in the start menu and the PATH, and the start at log-on."
     !insertmacro MUI_DESCRIPTION_TEXT ${UnList} "The list of your projects, and what the window remembers. The projects themselves stay."
 !insertmacro MUI_UNFUNCTION_DESCRIPTION_END
 
 Function un.onInit
+    Call un.OpenLog
     ${GetParameters} $0
     ClearErrors
     ${GetOptions} $0 "/LIST" $1
@@ -366,6 +461,7 @@ Function un.HideSpace
 FunctionEnd
 
 Function un.onUninstFailed
+    ${Say} "Nothing was changed."
     StrCpy $Program $Ended
     Call un.StartAgain
 FunctionEnd

@@ -40,8 +40,12 @@ rm -rf "$folder"
 mkdir -p "$files"
 cp "build/$preset/ui/SCVScheduler.exe" "build/$preset/cli/scvsched.exe" "$files/"
 sed "s/VERSION/$version/; s/\$/\r/" packaging/README.txt >"$files/README.txt"
-for page in docs/guide.md docs/scvsched.md CHANGELOG.md; do
-    sed '/^!\[.*)$/d; s/$/\r/' "$page" >"$files/$(basename "$page" .md).txt" # without its pictures
+# Each page in one file, with its pictures.
+for page in docs/guide.md docs/scvsched.md docs/task-list-file.md CHANGELOG.md; do
+    pandoc --from gfm --to html5 --standalone --self-contained --lua-filter packaging/page-links.lua \
+        --css packaging/page.css --resource-path docs --metadata lang=en \
+        --metadata "pagetitle=SCV Scheduler: $(sed -n '1s/^# //p' "$page")" \
+        --output "$files/$(basename "$page" .md).html" "$page"
 done
 chmod 644 "$files"/*
 touch --date="@$SOURCE_DATE_EPOCH" "$files"/*

@@ -15,7 +15,7 @@ declare -A packages=(
     [wine32]="debootstrap util-linux mount"
     [checks]="g++ clang clang-format clang-tidy cppcheck libclang-rt-14-dev valgrind libc6-dbg tzdata shellcheck"
     [coverage]="g++ gcovr"
-    [package]="nsis zip unzip"
+    [package]="nsis zip pandoc"
     [bench]="g++ libsimpleini-dev libbenchmark-dev systemd python3-croniter"
 )
 

@@ -7,23 +7,10 @@ does to be seen there: a check box for its mark, a text for its control, a windo
 import ctypes
 import json
 import re
-import struct
 import subprocess
 
+from window import Window, middle
 from wine import ROOT, until
-
-# Messages and their constants, as the system's headers have them.
-WM_NCHITTEST, HTCAPTION, HTRIGHT = 0x84, 2, 11
-BM_GETCHECK = 0xF0
-LB_GETITEMRECT, LB_FINDSTRINGEXACT = 0x198, 0x1A2
-CB_GETCURSEL, CB_FINDSTRINGEXACT = 0x147, 0x158
-LVM_GETITEMCOUNT, LVM_GETNEXTITEM, LVM_GETITEMRECT, LVM_GETHEADER = 0x1004, 0x100C, 0x100E, 0x101F
-LVM_GETSELECTEDCOUNT, LVM_GETITEMTEXTW, LVNI_SELECTED, LVIR_LABEL = 0x1032, 0x1073, 2, 2
-HDM_GETITEMRECT = 0x1207
-TVM_GETITEMRECT, TVM_GETNEXTITEM, TVM_HITTEST, TVM_GETITEMSTATE = 0x1104, 0x110A, 0x1111, 0x1127
-TVGN_ROOT, TVGN_NEXT, TVHT_ONITEMSTATEICON, TVIS_STATEIMAGEMASK = 0, 1, 0x40, 0xF000
-EDIT_CLASSES = ("Edit", "RICHEDIT50W", "RichEdit20W")
-
 
 def resource_ids():
     """Returns the ids of the program's resource headers, by name."""
@@ -34,13 +21,8 @@ def resource_ids():
     return ids
 
 
-def middle(place):
-    left, top, right, bottom = place
-    return (left + right) // 2, (top + bottom) // 2
-
-
-class Pointer:
-    """What the X server has below the mouse: a window that Wine has just shown or moved may not be there yet."""
+class Screen:
+    """What the X server has below the mouse and gives the keys to, which follows what Wine has a little later."""
 
     def __init__(self):
         self._x11 = ctypes.CDLL("libX11.so.6")
@@ -60,6 +42,12 @@ class Pointer:
             found.append(window)
         return found
 
+    def focus(self):
+        """Returns the id of the X window that gets the keys."""
+        window, revert = ctypes.c_ulong(), ctypes.c_int()
+        self._x11.XGetInputFocus(self._display, ctypes.byref(window), ctypes.byref(revert))
+        return window.value
+
     def close(self):
         self._x11.XCloseDisplay(self._display)
 
@@ -73,7 +61,7 @@ class Desktop:
         pictures.mkdir(parents=True, exist_ok=True)
         # Bytes of a pointer, and of the padding before one, in the programs that are looked at.
         self.pointer = {"x64": "4xQ", "x86": "I"}[wine.arch]
-        self._pointer = Pointer()
+        self._screen = Screen()
         self._start_helper()
 
     def _start_helper(self):
@@ -90,7 +78,7 @@ class Desktop:
         self._helper.stdin.close()
         self._helper.wait()
         self._helper.stdout.close()
-        self._pointer.close()
+        self._screen.close()
 
     # --- Mouse and keyboard -----------------------------------------------------------------------------------------
 
@@ -100,7 +88,10 @@ class Desktop:
     def move_to(self, window, point):
         """Moves the mouse to a point of a top-level window, and waits until that window is below it."""
         self.xdotool("mousemove", *point)
-        until(f'"{window["title"] or window["class"]}" is at {point}', lambda: window["x11"] in self._pointer.windows())
+        until(f'"{window["title"] or window["class"]}" is at {point}', lambda: window["x11"] in self._screen.windows())
+
+    def has_keys(self, window):
+        return self._screen.focus() == window["x11"]
 
     def click_at(self, window, point, button=1, times=1):
         self.move_to(window, point)
@@ -151,6 +142,14 @@ class Desktop:
         left, top, right, bottom = bar["place"]
         self.click_at(bar, middle((right - (bottom - top), top, right, bottom)), button, times)
 
+    def choose_in_task_bar(self, window):
+        """Brings a window and what it asks before the others."""
+        bar = self.of_class("Shell_TrayWnd")
+        button = until(f'"{window.facts["title"]}" is in the task bar', lambda: next(
+            (facts for facts in self.ask("children", bar["handle"]) if facts["id"] == window.handle and facts["shown"]),
+            None))
+        self.click_at(bar, middle(button["place"]))
+
     def of_class(self, name):
         """Returns the top-level window of that class that is shown, or None."""
         return next((window for window in self.ask("windows") if window["class"] == name and window["shown"]), None)
@@ -175,215 +174,3 @@ class Desktop:
 
     def menu_is_gone(self):
         until("the menu is gone", lambda: not self.of_class("#32768"))
-
-
-class Window:
-    """A top-level window, by its handle: it stays the same whatever its title becomes."""
-
-    def __init__(self, desktop, facts):
-        self.desktop = desktop
-        self.facts = facts
-        self.handle = facts["handle"]
-
-    def now(self):
-        """Returns what the window is now, None when it is gone."""
-        return next((facts for facts in self.desktop.ask("windows") if facts["handle"] == self.handle), None)
-
-    @property
-    def place(self):
-        return self.now()["place"]
-
-    def is_shown(self):
-        until("the window is shown", lambda: self.now()["shown"])
-
-    def is_hidden(self):
-        until("the window is hidden", lambda: not self.now()["shown"])
-
-    def is_gone(self):
-        until("the window is gone", lambda: not self.now())
-
-    def rename(self, title):
-        self.desktop.ask("rename", self.handle, title)
-
-    def has_keyboard(self):
-        """Waits until keys arrive here; returns the control that gets them."""
-        def focus():
-            foreground = self.desktop.ask("foreground")
-            return foreground and foreground["window"] == self.handle and foreground["focus"]
-        return until(f'"{self.facts["title"]}" has the keyboard', focus)
-
-    def press(self, *names):
-        """Presses keys such as alt+a here. The caller waits for what they do."""
-        self.has_keyboard()
-        self.desktop.keys(*names)
-
-    def type_into_focus(self, text):
-        """Types over what stands in the field with the keyboard."""
-        def edit():
-            focus = self.has_keyboard()
-            return next((facts for facts in self.desktop.ask("children", self.handle)
-                         if facts["handle"] == focus and facts["class"] in EDIT_CLASSES), None)
-        control = until("a field has the keyboard", edit)
-        self.desktop.keys("ctrl+a")
-        self.desktop.xdotool("type", "--delay", 10, text)
-        until(f"the field says {text}", lambda: self.desktop.ask("text", control["handle"]) == text)
-
-    # --- Controls ---------------------------------------------------------------------------------------------------
-
-    def item(self, number):
-        """Returns the control of that id, once it is shown and enabled."""
-        def usable():
-            return next((facts for facts in self.desktop.ask("children", self.handle)
-                         if facts["parent"] == self.handle and facts["id"] == number and facts["shown"] and
-                         facts["enabled"]), None)
-        return until(f'control {number} in "{self.facts["title"]}" can be used', usable)
-
-    def of_class(self, name):
-        """Returns the first control of that class, once it is shown."""
-        return until(f"there is a control of the class {name}", lambda: next(
-            (facts for facts in self.desktop.ask("children", self.handle) if facts["class"] == name and facts["shown"]),
-            None))
-
-    def send(self, control, message, first=0, second=0):
-        return self.desktop.ask("send", control["handle"], message, first, second)
-
-    def fill(self, control, message, first, layout, *values, text_at=None):
-        """Sends a message with a structure in the layout of the struct module; returns the result and what it holds.
-
-        With text_at, the offset of a pointer, that one points to a buffer for 260 characters behind the structure, and
-        those come back as the last value.
-        """
-        size = struct.calcsize("<" + layout)
-        block = struct.pack("<" + layout, *values) + bytes(0 if text_at is None else 520)
-        reply = self.desktop.ask("fill", control["handle"], message, first, list(block), text_at, size)
-        filled = bytes(reply["bytes"])
-        found = list(struct.unpack("<" + layout, filled[:size]))
-        if text_at is not None:
-            found.append(filled[size:].decode("utf-16-le").split("\0")[0])
-        return reply["result"], found
-
-    def text(self, number):
-        return self.desktop.ask("text", self.item(number)["handle"])
-
-    def click(self, number, button=1):
-        """Clicks into the middle of a control. The caller waits for what that does."""
-        self.desktop.click_at(self.facts, middle(self.item(number)["place"]), button)
-
-    def tick(self, number):
-        """Clicks a check box and waits for its mark to change."""
-        control = self.item(number)
-        before = self.send(control, BM_GETCHECK)
-        self.desktop.click_at(self.facts, middle(control["place"]))
-        until(f"box {number} changes", lambda: self.send(control, BM_GETCHECK) != before)
-
-    def type(self, number, text):
-        """Clicks a field, types over what stands there, and waits until it says so."""
-        control = self.item(number)
-        # A drop-down list has its field inside.
-        fields = [control, *self.desktop.ask("children", control["handle"])]
-        self.desktop.click_at(self.facts, middle(control["place"]))
-        until(f"field {number} has the keyboard",
-              lambda: self.has_keyboard() in [field["handle"] for field in fields])
-        self.type_into_focus(text)
-
-    def on_screen(self, control, place):
-        """Returns a rectangle of a control's client area in pixels of the screen."""
-        x, y = control["origin"]
-        left, top, right, bottom = place
-        return left + x, top + y, right + x, bottom + y
-
-    # --- Lists ------------------------------------------------------------------------------------------------------
-
-    def rows(self, number):
-        """Returns the texts of a list view's first column."""
-        control = self.item(number)
-        layout = "IiiII" + self.desktop.pointer + "i"
-        text_at = struct.calcsize("<IiiII" + self.desktop.pointer) - struct.calcsize("<" + self.desktop.pointer[-1])
-        return [self.fill(control, LVM_GETITEMTEXTW, row, layout, 0, 0, 0, 0, 0, 0, 260, text_at=text_at)[1][-1]
-                for row in range(self.send(control, LVM_GETITEMCOUNT))]
-
-    def select_row(self, number, row):
-        """Clicks the text of a list view's row, counted from 0, and waits until it alone is selected."""
-        control = self.item(number)
-        place = self.on_screen(control, self.fill(control, LVM_GETITEMRECT, row, "4i", LVIR_LABEL, 0, 0, 0)[1])
-        left, top, right, bottom = place
-        self.desktop.click_at(self.facts, middle((left, top, min(right, control["place"][2]), bottom)))
-        until(f"row {row} is selected", lambda: self.selected(number) == 1 and
-              self.send(control, LVM_GETNEXTITEM, -1 & 0xFFFFFFFF, LVNI_SELECTED) == row)
-
-    def selected(self, number):
-        return self.send(self.item(number), LVM_GETSELECTEDCOUNT)
-
-    def click_header(self, number, column):
-        """Clicks the header of a list view's column. The caller waits for what that does."""
-        header = self.send(self.item(number), LVM_GETHEADER)
-        control = next(facts for facts in self.desktop.ask("children", self.handle) if facts["handle"] == header)
-        self.desktop.click_at(self.facts, middle(self.on_screen(control, self.fill(control, HDM_GETITEMRECT, column, "4i", 0, 0, 0,
-                                                                         0)[1])))
-
-    def choose(self, number, entry):
-        """Chooses an entry of a drop-down list, which has the keyboard, with its arrow keys."""
-        control = self.item(number)
-        index = self.find(control, CB_FINDSTRINGEXACT, entry)
-        until(f"list {number} has the keyboard", lambda: self.has_keyboard() == control["handle"])
-        while (current := self.send(control, CB_GETCURSEL)) != index:
-            self.desktop.keys("Down" if current < index else "Up")
-            until("the choice changes", lambda: self.send(control, CB_GETCURSEL) != current)
-
-    def find(self, control, message, entry):
-        """Returns the index of an entry of a list, by LB_FINDSTRINGEXACT or CB_FINDSTRINGEXACT."""
-        text = (entry + "\0").encode("utf-16-le")
-        index, _ = self.fill(control, message, -1 & 0xFFFFFFFF, f"{len(text)}s", text)
-        if index < 0:
-            raise AssertionError(f"There is no entry {entry} in control {control['id']}.")
-        return index
-
-    def double_click_entry(self, number, entry):
-        """Double-clicks an entry of a list box that shows it."""
-        control = self.item(number)
-        index = until(f"list {number} has entries", lambda: self.find(control, LB_FINDSTRINGEXACT, entry))
-        place = self.on_screen(control, self.fill(control, LB_GETITEMRECT, index, "4i", 0, 0, 0, 0)[1])
-        self.desktop.click_at(self.facts, middle(place), times=2)
-
-    def tick_tree(self, row):
-        """Clicks the box before a row, counted from 0, of the window's tree, and waits for its mark to change."""
-        control = self.of_class("SysTreeView32")
-        entry = self.send(control, TVM_GETNEXTITEM, TVGN_ROOT)
-        for _ in range(row):
-            entry = self.send(control, TVM_GETNEXTITEM, TVGN_NEXT, entry)
-
-        def state():
-            return self.send(control, TVM_GETITEMSTATE, entry, TVIS_STATEIMAGEMASK) & TVIS_STATEIMAGEMASK
-
-        handle = struct.pack("<Q", entry)
-        _, place = self.fill(control, TVM_GETITEMRECT, 0, "4i", *struct.unpack("<2i", handle), 0, 0)
-        left, top, right, bottom = place
-        y = (top + bottom) // 2
-        x = next(x for x in range(left, right) if
-                 self.fill(control, TVM_HITTEST, 0, "2iI" + self.desktop.pointer, x, y, 0, 0)[1][2] == TVHT_ONITEMSTATEICON)
-        before = state()
-        self.desktop.click_at(self.facts, (x + 6 + control["origin"][0], y + control["origin"][1]))
-        until(f"the box of row {row} changes", lambda: state() != before)
-
-    # --- The frame --------------------------------------------------------------------------------------------------
-
-    def drag(self, part, x, y):
-        """Drags a part of the window's frame (HTCAPTION, HTRIGHT) by so many pixels, and waits until it has followed."""
-        left, top, right, bottom = before = self.place
-        column = [((left + right) // 2, y) for y in range(top, bottom)]
-        row = [(x, (top + bottom) // 2) for x in range(right - 1, left, -1)]
-        start = next(point for point in (row if part == HTRIGHT else column) if self.hit(*point) == part)
-        self.desktop.move_to(self.facts, start)
-        self.desktop.xdotool("mousedown", 1)
-        until("the window's frame is held", lambda: self.desktop.ask("foreground")["moving"])
-        # In two steps: of moves in quick succession the system may see the last one alone, while it still begins the drag.
-        for dx, dy in ((x // 2, y // 2), (x, y)):
-            self.desktop.xdotool("mousemove", start[0] + dx, start[1] + dy)
-            wanted = [left, top, right + dx, bottom] if part == HTRIGHT else [left + dx, top + dy, right + dx, bottom + dy]
-            until(f"the window has gone from {before} to {wanted}", lambda: self.place == wanted)
-        self.desktop.xdotool("mouseup", 1)
-        until("the window's frame is let go", lambda: not self.desktop.ask("foreground")["moving"])
-
-    def hit(self, x, y):
-        """Returns which part of the window is at a point of the screen, as WM_NCHITTEST does."""
-        return self.desktop.ask("send", self.handle, WM_NCHITTEST, 0, (y & 0xFFFF) << 16 | (x & 0xFFFF))

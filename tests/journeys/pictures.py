@@ -13,8 +13,9 @@ import subprocess
 import time
 from pathlib import Path
 
-from desktop import HTCAPTION, HTRIGHT, Desktop
+from desktop import Desktop
 from scheduler import DEMO, Scheduler, Steps, ids
+from window import HTCAPTION, HTRIGHT
 from wine import ROOT, Display, Wine, until
 
 

@@ -12,7 +12,7 @@ import sys
 import time
 import unittest
 
-from desktop import HTCAPTION
+from window import HTCAPTION
 from scheduler import ARCH, DEMO, PROGRAM, Journey, ids
 from wine import until
 
@@ -156,7 +156,7 @@ class Journeys(Journey):
         until("prices is gone", lambda: len(window.rows(ids.IDC_PROJECT_LIST)) == 2)
         window.click_header(ids.IDC_PROJECT_LIST, 0)
         until("the order is turned round", lambda: window.rows(ids.IDC_PROJECT_LIST)[0].endswith("news.scvpr"))
-        window.drag(HTCAPTION, -97, 31)
+        window.drag(HTCAPTION, -37, 31)
         self.picture("2-sorted")
         place = window.place
         self.exit(window, process)

@@ -100,23 +100,23 @@ class Wine:
                                stdout=output, stderr=output):
                 raise RuntimeError(f"Wine did not start: {log.read_text()[-500:]}")
 
-    def _shell(self, words):
-        script = '. scripts/common.sh; . scripts/wine.sh; wine_prefix[$0]=$1; shift; "$@"'
-        return ["bash", "-c", script, self.arch, str(self.prefix), *map(str, words)]
+    def _shell(self, words, folder=ROOT):
+        script = '. scripts/common.sh; . scripts/wine.sh; wine_prefix[$0]=$1; cd "$2"; shift 2; "$@"'
+        return ["bash", "-c", script, self.arch, str(self.prefix), str(folder), *map(str, words)]
 
-    def start(self, program, *arguments, env=None, **streams):
-        """Starts a program by its path here; its process is the returned one."""
+    def start(self, program, *arguments, env=None, folder=ROOT, **streams):
+        """Starts a program by its path here, in a folder; its process is the returned one."""
         settings = [f"{name}={value}" for name, value in (env or {}).items()]
         for name in ("stdin", "stdout", "stderr"):
             streams.setdefault(name, subprocess.DEVNULL)
-        return subprocess.Popen(self._shell(["wine_exec", self.arch, "env", *settings, program, *arguments]), cwd=ROOT,
-                                **streams)
+        return subprocess.Popen(self._shell(["wine_exec", self.arch, "env", *settings, program, *arguments], folder),
+                                cwd=ROOT, **streams)
 
-    def run(self, program, *arguments, env=None):
+    def run(self, program, *arguments, **more):
         """Runs a program to its end and returns its exit code and its output with plain line ends."""
         # Not into a pipe, which a service that the program happens to start would hold open.
         with tempfile.TemporaryFile() as output:
-            status = self.start(program, *arguments, env=env, stdout=output, stderr=subprocess.STDOUT).wait()
+            status = self.start(program, *arguments, stdout=output, stderr=subprocess.STDOUT, **more).wait()
             output.seek(0)
             return status, output.read().decode(errors="replace").replace("\r", "")
 
