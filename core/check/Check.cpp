@@ -9,92 +9,114 @@
 #include <utility>
 
 #include "core/launch/ExtractionProgram.h"
+#include "core/launch/LaunchResult.h"
 #include "core/list/PrivateProfile.h"
+#include "core/list/Storable.h"
 #include "core/list/StoredKeys.h"
 #include "core/list/TaskListFile.h"
 #include "core/platform/LocalTime.h"
 #include "core/platform/Shell.h"
 #include "core/schedule/ClockChanges.h"
-#include "core/schedule/NextRuns.h"
+#include "core/schedule/ScheduleText.h"
 #include "core/schedule/TimeText.h"
+#include "core/schedule/WallClock.h"
+#include "core/task/CommandLine.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "core/task/TaskSwitches.h"
 #include "util/CaseFold.h"
-#include "util/Csv.h"
 #include "util/Path.h"
 #include "util/Utf8.h"
 
 namespace {
 
-constexpr std::int64_t kYear = 366 * kSecondsPerDay;
 constexpr std::int64_t kLastStoredInstant = std::numeric_limits<std::int32_t>::max();
+
+// What is wrong with the program that starts projects of an extension, asked once for each extension.
+class ProgramChecker {
+public:
+    explicit ProgramChecker(IShell& shell) : m_shell(shell) {}
+
+    [[nodiscard]] IShell& Shell() const { return m_shell; }
+    // Empty when nothing is wrong.
+    const std::string& WhyNotStarted(const std::wstring& project);
+
+private:
+    IShell& m_shell;
+    std::map<std::wstring, std::string> m_known;  // by extension
+};
+
+const std::string& ProgramChecker::WhyNotStarted(const std::wstring& project) {
+    const auto [known, isNew] = m_known.try_emplace(GetFileExtension(project));
+    if (isNew) {
+        const std::wstring program = FindExtractionProgram(m_shell, project);
+        if (program.empty()) {
+            known->second =
+                "no program is registered for the project, or its path is longer than the 126 characters "
+                "that are read";
+        } else if (!m_shell.FileExists(program)) {
+            known->second = "the program " + ToUtf8(program) + " does not exist";
+        }
+    }
+    return known->second;
+}
 
 // Collects the findings of one task.
 class TaskChecker {
 public:
-    TaskChecker(std::vector<Finding>& findings, CSCVShchedulerTask& task)
-        : m_findings(findings), m_task(task) {}
+    TaskChecker(std::vector<Finding>& findings, const CSCVShchedulerTask& task, std::int64_t now)
+        : m_findings(findings), m_task(task), m_now(now) {}
 
-    void CheckProject(IShell& shell);
-    void CheckStoredText(const CPrivateProfile& profile);
-    void CheckArguments();
-    void CheckTimes(std::int64_t now);
-    void CheckEvery(std::int64_t now);
-    void CheckClockChanges(const std::vector<ClockChange>& changes);
+    // `stored` is the command line as the file holds it, without its outer quotes.
+    void CheckAll(ProgramChecker& programs, std::wstring_view stored,
+                  const std::vector<ClockChange>& changes);
 
 private:
+    void CheckProject(ProgramChecker& programs);
+    void CheckStoredText(std::wstring_view stored);
+    void CheckArguments();
+    void CheckLastRun();
+    void CheckTimes();
+    void CheckEvery(const std::vector<ClockChange>& changes);
+    void CheckClockChanges(const std::vector<ClockChange>& changes);
+    void CheckClockChange(const ClockChange& change, int minuteOfDay);
+
     void Add(std::string message) {
         m_findings.push_back({m_task.m_strProjectPath, m_task.m_strIniSection, std::move(message)});
     }
-    [[nodiscard]] bool IsEveryActive() const {
-        return m_task.m_bEnableEvery != 0 && m_task.m_nEveryValue >= 1;
-    }
-    // Whether weekday or monthly rule asks for a run on the local date that `day` days after 1970-01-01 is.
+    // Whether weekday or monthly rule asks for a run on that local date.
     [[nodiscard]] bool RunsOn(std::chrono::sys_days day) const;
 
     std::vector<Finding>& m_findings;
-    CSCVShchedulerTask& m_task;
+    const CSCVShchedulerTask& m_task;
+    std::int64_t m_now;
 };
 
-void TaskChecker::CheckProject(IShell& shell) {
+void TaskChecker::CheckAll(ProgramChecker& programs, std::wstring_view stored,
+                           const std::vector<ClockChange>& changes) {
+    CheckProject(programs);
+    CheckStoredText(stored);
+    CheckArguments();
+    CheckLastRun();
+    CheckTimes();
+    CheckEvery(changes);
+    CheckClockChanges(changes);
+}
+
+void TaskChecker::CheckProject(ProgramChecker& programs) {
     const std::wstring& project = m_task.m_strProjectPath;
-    if (!shell.FileExists(project)) {
+    if (!programs.Shell().FileExists(project)) {
         Add("the project file does not exist");
     }
     const std::wstring extension = GetFileExtension(project);
     if (!IsProjectExtension(extension)) {
         Add("the extension '" + ToUtf8(extension) + "' is neither scvpr nor oslpr");
     }
-    const std::wstring program = FindExtractionProgram(shell, project);
-    if (program.empty()) {
-        Add("no program is registered for the project, or its path is longer than the 126 characters that "
-            "are read");
-    } else if (!shell.FileExists(program)) {
-        Add("the program " + ToUtf8(program) + " does not exist");
+    if (const std::string& why = programs.WhyNotStarted(project); !why.empty()) {
+        Add(why);
     }
 }
 
-// The number of values in the comma list of the input values switch; 0 when the switch is absent.
-std::ptrdiff_t InputValuesFields(const std::wstring& commandLine) {
-    CCsv tokens;
-    tokens.Split(commandLine, L' ', true, true);
-    for (std::wstring token : tokens) {
-        if (token.size() < 4 ||
-            (!EqualNoCase(token.substr(0, 4), L"-aiv") && !EqualNoCase(token.substr(0, 4), L"/aiv"))) {
-            continue;
-        }
-        token.erase(0, 4);
-        token.erase(0, std::min(token.find_first_not_of(L'"'), token.size()));
-        token.erase(token.find_last_not_of(L'"') + 1);
-        CCsv fields;
-        return fields.Split(token, L',', true, false);
-    }
-    return 0;
-}
-
-void TaskChecker::CheckStoredText(const CPrivateProfile& profile) {
-    const std::wstring stored =
-        profile.GetString(m_task.m_strIniSection, kCommandLineKey).value_or(std::wstring());
+void TaskChecker::CheckStoredText(std::wstring_view stored) {
     const std::wstring commandLine = m_task.BuildCommandLine();
     const auto apostrophes =
         static_cast<std::size_t>(std::count(commandLine.begin(), commandLine.end(), L'\''));
@@ -109,8 +131,8 @@ void TaskChecker::CheckStoredText(const CPrivateProfile& profile) {
     if (m_task.m_strLastRunResult.find(L'\'') != std::wstring::npos) {
         Add("an apostrophe in the last result is doubled by every load and save");
     }
-    constexpr std::ptrdiff_t kNameIdFile = 3;
-    if (InputValuesFields(stored) > kNameIdFile ||
+    constexpr std::int32_t kNameIdFile = 3;
+    if (CountInputValues(stored) > kNameIdFile ||
         (m_task.m_strInputElementName + m_task.m_strInputElementId).find(L',') != std::wstring::npos) {
         Add("a comma in the input element's name or id shifts name, id and file");
     }
@@ -134,7 +156,14 @@ void TaskChecker::CheckArguments() {
     }
 }
 
-void TaskChecker::CheckTimes(std::int64_t now) {
+void TaskChecker::CheckLastRun() {
+    if (HasFailed(m_task)) {
+        Add("the last run (" + FormatMinute(m_task.m_tLastRunTime) +
+            ") failed: " + ToUtf8(m_task.m_strLastRunResult));
+    }
+}
+
+void TaskChecker::CheckTimes() {
     const std::pair<std::int64_t, const char*> times[] = {{m_task.m_tStartTime, "start time"},
                                                           {m_task.m_tUntilTime, "until time"},
                                                           {m_task.m_tLastRunTime, "last run time"}};
@@ -144,39 +173,28 @@ void TaskChecker::CheckTimes(std::int64_t now) {
                 " lies at or past 2038-01-19, the last day that the file can hold");
         }
     }
-    if (m_task.m_tLastRunTime > now) {
+    if (m_task.m_tLastRunTime > m_now) {
         Add("the last run lies in the future (" + FormatMinute(m_task.m_tLastRunTime) +
             "), the task waits for it");
     }
     try {
-        (void)m_task.GetNextRunTime(now);
+        (void)m_task.GetNextRunTime(m_now);
     } catch (const std::exception& error) {
         Add(std::string("the next run cannot be computed (") + error.what() +
-            "), which stops every pass at this task");
+            "), which stops every pass at this task; disable it, remove it, or set a new start");
     }
 }
 
-void TaskChecker::CheckEvery(std::int64_t now) {
-    if (m_task.m_bEnableEvery == 0) {
-        return;
-    }
-    if (m_task.m_nEveryValue < 1) {
+void TaskChecker::CheckEvery(const std::vector<ClockChange>& changes) {
+    if (m_task.m_bEnableEvery != 0 && !m_task.IsEveryActive()) {
         Add("the Every rule is inactive, as its count is " + std::to_string(m_task.m_nEveryValue));
         return;
     }
-    if (m_task.HasWeekdayRepeat() != 0 || m_task.m_bRepeatOnMonthly != 0 || m_task.m_bEnable == 0) {
+    if (m_task.m_bEnable == 0) {
         return;
     }
-    // A rule that runs into the next day goes on for good: one day of the shortest repeats shows it.
-    constexpr int kMostRunsOfADay = 25 * 60 + 1;
-    const std::vector<std::int64_t> runs = NextRuns(m_task, now, kMostRunsOfADay);
-    const LocalTime today = ToLocalTime(now);
-    const LocalTime last = ToLocalTime(runs.empty() ? now : runs.back());
-    if (runs.empty()) {
-        Add("the Every rule has ended for good, as the next run would be later than the until time");
-    } else if (runs.size() < kMostRunsOfADay && last.day == today.day && last.month == today.month &&
-               last.year == today.year) {
-        Add("the Every rule ends for good today with the run of " + FormatMinute(runs.back()));
+    if (const std::string end = EndForGoodText(m_task, m_now, changes); !end.empty()) {
+        Add("the Every rule " + end);
     }
 }
 
@@ -186,32 +204,39 @@ bool TaskChecker::RunsOn(std::chrono::sys_days day) const {
            (m_task.m_bRepeatOnMonthly != 0 && std::chrono::year_month_day(day).day() == std::chrono::day(1));
 }
 
+void TaskChecker::CheckClockChange(const ClockChange& change, int minuteOfDay) {
+    const std::int64_t first = std::min(change.before, change.after);
+    const std::int64_t last = std::max(change.before, change.after);
+    for (std::int64_t midnight = first - first % kSecondsPerDay; midnight < last;
+         midnight += kSecondsPerDay) {
+        const std::chrono::sys_days day{std::chrono::days(midnight / kSecondsPerDay)};
+        if (!RunsOn(day) || !change.Covers(midnight + minuteOfDay * 60)) {
+            continue;
+        }
+        std::array<char, 16> timeOfDay{};
+        std::snprintf(timeOfDay.data(), timeOfDay.size(), "%02d:%02d", minuteOfDay / 60, minuteOfDay % 60);
+        Add(std::string("the time of day ") + timeOfDay.data() +
+            (change.Skips() ? " is skipped" : " comes twice") + " in the clock change of " +
+            FormatMinute(change.at).substr(0, 10));
+    }
+}
+
 void TaskChecker::CheckClockChanges(const std::vector<ClockChange>& changes) {
     const LocalTime start = ToLocalTime(m_task.m_tStartTime);
     if (m_task.m_bEnable == 0 || start.hour < 0) {
         return;
     }
+    // Beside an Every rule the flagged days begin at midnight; the first of the month keeps the start time.
+    const bool fromMidnight = m_task.IsEveryActive() && m_task.HasWeekdayRepeat() != 0;
     for (const ClockChange& change : changes) {
-        const std::int64_t first = std::min(change.before, change.after);
-        const std::int64_t last = std::max(change.before, change.after);
-        for (std::int64_t midnight = first - first % kSecondsPerDay; midnight < last;
-             midnight += kSecondsPerDay) {
-            const std::chrono::sys_days day{std::chrono::days(midnight / kSecondsPerDay)};
-            // Beside an Every rule the flagged days begin at midnight; the first of the month keeps the start
-            // time.
-            const bool fromMidnight = IsEveryActive() && m_task.HasWeekdayRepeat() != 0;
-            const std::int64_t minute = fromMidnight ? 0 : start.hour * 60 + start.minute;
-            if (!RunsOn(day) || !change.Covers(midnight + minute * 60)) {
-                continue;
-            }
-            std::array<char, 8> timeOfDay{};
-            std::snprintf(timeOfDay.data(), timeOfDay.size(), "%02d:%02d", static_cast<int>(minute / 60 % 24),
-                          static_cast<int>(minute % 60));
-            Add(std::string("the time of day ") + timeOfDay.data() +
-                (change.Skips() ? " is skipped" : " comes twice") + " in the clock change of " +
-                FormatMinute(change.at).substr(0, 10));
-        }
+        CheckClockChange(change, fromMidnight ? 0 : MinuteOfDay(start));
     }
+}
+
+void AddDuplicate(std::vector<Finding>& findings, const CSCVShchedulerTask& task,
+                  const CSCVShchedulerTask& first) {
+    findings.push_back({task.m_strProjectPath, task.m_strIniSection,
+                        "the project is listed twice, first in " + ToUtf8(first.m_strIniSection)});
 }
 
 void CheckDuplicates(std::vector<Finding>& findings, const CSCVShchedulerTaskArray& tasks) {
@@ -223,9 +248,7 @@ void CheckDuplicates(std::vector<Finding>& findings, const CSCVShchedulerTaskArr
         const CSCVShchedulerTask& task = *tasks[i];
         const auto [first, isNew] = seen.emplace(&task.m_strProjectPath, &task);
         if (!isNew) {
-            findings.push_back(
-                {task.m_strProjectPath, task.m_strIniSection,
-                 "the project is listed twice, first in " + ToUtf8(first->second->m_strIniSection)});
+            AddDuplicate(findings, task, *first->second);
         }
     }
 }
@@ -260,20 +283,30 @@ void CheckSections(std::vector<Finding>& findings, const CPrivateProfile& profil
 
 }  // namespace
 
-std::vector<Finding> FindProblems(const CPrivateProfile& profile, CSCVShchedulerTaskArray& tasks,
+std::vector<Finding> FindProblems(const CPrivateProfile& profile, const CSCVShchedulerTaskArray& tasks,
                                   IShell& shell, std::int64_t now) {
     std::vector<Finding> findings;
-    const std::vector<ClockChange> changes = ClockChanges(now, now + kYear);
+    ProgramChecker programs(shell);
+    const std::vector<ClockChange> changes = ClockChangesOfYear(now);
     CheckSections(findings, profile, tasks);
     CheckDuplicates(findings, tasks);
     for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
-        TaskChecker checker(findings, *tasks[i]);
-        checker.CheckProject(shell);
-        checker.CheckStoredText(profile);
-        checker.CheckArguments();
-        checker.CheckTimes(now);
-        checker.CheckEvery(now);
-        checker.CheckClockChanges(changes);
+        const CSCVShchedulerTask& task = *tasks[i];
+        const auto stored = profile.GetString(task.m_strIniSection, kCommandLineKey);
+        TaskChecker(findings, task, now).CheckAll(programs, stored.value_or(std::wstring()), changes);
     }
+    return findings;
+}
+
+std::vector<Finding> FindProblemsOf(const CSCVShchedulerTask& task, const CSCVShchedulerTaskArray& tasks,
+                                    IShell& shell, std::int64_t now) {
+    std::vector<Finding> findings;
+    ProgramChecker programs(shell);
+    const std::ptrdiff_t first = tasks.FindTask(task.m_strProjectPath);
+    if (first >= 0 && tasks[first] != &task) {
+        AddDuplicate(findings, task, *tasks[first]);
+    }
+    TaskChecker(findings, task, now)
+        .CheckAll(programs, DoubledApostrophes(task.BuildCommandLine()), ClockChangesOfYear(now));
     return findings;
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 class CPrivateProfile;
+class CSCVShchedulerTask;
 class CSCVShchedulerTaskArray;
 class IShell;
 
@@ -15,8 +16,14 @@ struct Finding {
     std::string message;  // a sentence without a full stop, in UTF-8
 };
 
-// All findings about a list seen from `now`: `profile` is its text and `tasks` what was loaded from it. Tasks
-// are as before on return.
+// All findings about a list seen from `now`: `profile` is its text and `tasks` what was loaded from it. Looks
+// for the projects' and the program's files.
 [[nodiscard]] std::vector<Finding> FindProblems(const CPrivateProfile& profile,
-                                                CSCVShchedulerTaskArray& tasks, IShell& shell,
+                                                const CSCVShchedulerTaskArray& tasks, IShell& shell,
                                                 std::int64_t now);
+
+// The findings about one task of the list alone, without its file: what loading has cut or shifted in the
+// stored command line is not seen.
+[[nodiscard]] std::vector<Finding> FindProblemsOf(const CSCVShchedulerTask& task,
+                                                  const CSCVShchedulerTaskArray& tasks, IShell& shell,
+                                                  std::int64_t now);

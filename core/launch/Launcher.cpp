@@ -1,4 +1,5 @@
 #include "core/launch/ExtractionProgram.h"
+#include "core/launch/LaunchResult.h"
 #include "core/platform/Clock.h"
 #include "core/platform/Shell.h"
 #include "core/task/SCVShchedulerTask.h"
@@ -22,7 +23,7 @@ bool Launch(const CSCVShchedulerTask& task, IShell& shell, std::wstring& result)
         result = L"Failure to run '" + program + L"'";
         return false;
     }
-    result = L"Success";
+    result = kLaunchSuccess;
     return true;
 }
 

@@ -2,19 +2,33 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
+#include <string>
 
 #include "core/launch/LaunchClaim.h"
 #include "core/platform/Clock.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/SCVShchedulerTaskArray.h"
+#include "util/Utf8.h"
 
 namespace {
+
+// Throws std::invalid_argument with a sentence for the user instead of GetNextRunTime's own.
+std::int64_t NextRunTime(const CSCVShchedulerTask& task, std::int64_t now) {
+    try {
+        return task.GetNextRunTime(now);
+    } catch (const std::invalid_argument&) {
+        throw std::invalid_argument(
+            "The project " + ToUtf8(task.m_strProjectPath) +
+            " has an impossible start time. Untick it, delete it, or set a new start.");
+    }
+}
 
 bool IsDue(const CSCVShchedulerTask& task, std::int64_t now) {
     if (task.m_bEnable == 0) {
         return false;
     }
-    const std::int64_t next = task.GetNextRunTime(now);
+    const std::int64_t next = NextRunTime(task, now);
     return next > 0 && next <= now;
 }
 

@@ -9,14 +9,6 @@
 
 namespace {
 
-std::wstring DoubledApostrophes(const std::wstring& text) {
-    std::wstring doubled;
-    for (const wchar_t unit : text) {
-        doubled.append(unit == L'\'' ? 2 : 1, unit);
-    }
-    return doubled;
-}
-
 bool HasControlCharacter(const std::wstring& text) {
     return std::any_of(text.begin(), text.end(), [](wchar_t unit) { return unit < L' '; });
 }
@@ -30,47 +22,67 @@ std::string Changed(const std::string& what, const std::wstring& text) {
     return "the list cannot keep " + what + " '" + ToUtf8(text) + "'";
 }
 
-}  // namespace
+// Whether a text of the task comes back from the file. A double quote inside comes back at times, and the
+// extraction program takes it for an end.
+bool Survives(const TaskFields& task, const TaskFields& read, std::wstring TaskFields::*text) {
+    return HalvedApostrophes(read.*text) == task.*text && (task.*text).find(L'"') == std::wstring::npos;
+}
 
-std::string WhyNotStorable(const CSCVShchedulerTask& task) {
-    const std::wstring commandLine = DoubledApostrophes(task.BuildCommandLine());
-    if (HasControlCharacter(commandLine) || HasControlCharacter(task.m_strLastRunResult)) {
-        return "a control character stands in one of its texts";
+// How a command of the task differs from the one that was read back; empty when it does not.
+std::string WhyChanged(const TaskSwitch& row, const TaskFields& task, const TaskFields& read) {
+    const bool isOn = row.IsOn(task);
+    if (isOn && row.text != nullptr && !Survives(task, read, row.text)) {
+        return Changed(row.name, task.*row.text);
     }
-    if (commandLine.size() > kLongestText) {
-        return TooLong("its command line", commandLine.size());
+    if (isOn != (read.*row.flag != 0)) {
+        return std::string("the list cannot keep ") + row.name + (isOn ? " on" : " off");
     }
-    if (const std::size_t size = DoubledApostrophes(task.m_strLastRunResult).size(); size > kLongestText) {
-        return TooLong("its last result", size);
-    }
-    CSCVShchedulerTask read;
-    read.ParseCommandLine(commandLine);
-    // A double quote inside a text comes back at times, and the extraction program takes it for an end.
-    const auto survives = [&](std::wstring TaskFields::*text) {
-        return HalvedApostrophes(read.*text) == task.*text && (task.*text).find(L'"') == std::wstring::npos;
-    };
-    if (!survives(&TaskFields::m_strProjectPath)) {
-        return Changed("the project", task.m_strProjectPath);
-    }
-    for (const TaskSwitch& row : kTaskSwitches) {
-        const bool isOn = row.IsOn(task);
-        if (isOn && row.text != nullptr && !survives(row.text)) {
-            return Changed(row.name, task.*row.text);
-        }
-        if (isOn != (read.*row.flag != 0)) {
-            return std::string("the list cannot keep ") + row.name + (isOn ? " on" : " off");
-        }
-    }
-    if (task.m_bImportInputValues != 0 &&
-        !(survives(&TaskFields::m_strInputElementName) && survives(&TaskFields::m_strInputElementId))) {
+    if (isOn && row.hasElement &&
+        !(Survives(task, read, &TaskFields::m_strInputElementName) &&
+          Survives(task, read, &TaskFields::m_strInputElementId))) {
         return Changed("the input element",
                        task.m_strInputElementName + L"' or '" + task.m_strInputElementId);
     }
     return {};
 }
 
+}  // namespace
+
+std::string WhyNotStorable(const CSCVShchedulerTask& task) {
+    const std::wstring commandLine = DoubledApostrophes(task.BuildCommandLine());
+    const std::wstring result = DoubledApostrophes(task.m_strLastRunResult);
+    if (HasControlCharacter(commandLine) || HasControlCharacter(result)) {
+        return "a control character stands in one of its texts";
+    }
+    if (commandLine.size() > kLongestText) {
+        return TooLong("its command line", commandLine.size());
+    }
+    if (result.size() > kLongestText) {
+        return TooLong("its last result", result.size());
+    }
+    CSCVShchedulerTask read;
+    read.ParseCommandLine(commandLine);
+    if (!Survives(task, read, &TaskFields::m_strProjectPath)) {
+        return Changed("the project", task.m_strProjectPath);
+    }
+    for (const TaskSwitch& row : kTaskSwitches) {
+        if (std::string why = WhyChanged(row, task, read); !why.empty()) {
+            return why;
+        }
+    }
+    return {};
+}
+
 bool HoldsApostrophe(const CSCVShchedulerTask& task) {
     return task.BuildCommandLine().find(L'\'') != std::wstring::npos;
+}
+
+std::wstring DoubledApostrophes(std::wstring_view text) {
+    std::wstring doubled;
+    for (const wchar_t unit : text) {
+        doubled.append(unit == L'\'' ? 2 : 1, unit);
+    }
+    return doubled;
 }
 
 std::wstring HalvedApostrophes(const std::wstring& text) {

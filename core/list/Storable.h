@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 class CSCVShchedulerTask;
 
@@ -12,6 +13,9 @@ class CSCVShchedulerTask;
 // Whether the task's command line holds an apostrophe, which the file doubles, so that a project or file of
 // that name would not be found again.
 [[nodiscard]] bool HoldsApostrophe(const CSCVShchedulerTask& task);
+
+// A text as the file holds it: each apostrophe twice.
+[[nodiscard]] std::wstring DoubledApostrophes(std::wstring_view text);
 
 // A text without the doubling: each row of apostrophes half as long, rounded up.
 [[nodiscard]] std::wstring HalvedApostrophes(const std::wstring& text);

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/list/ProfileFile.h"
+#include "core/list/Storable.h"
 #include "core/list/StoredKeys.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/SCVShchedulerTaskArray.h"
@@ -41,11 +42,7 @@ std::int32_t ToNumber(const std::optional<std::wstring>& value, std::int32_t emp
 // Quotes are doubled here and not halved when read: a text gains apostrophes with every load and save.
 // Existing files and the programs that read them count on it.
 std::wstring Quote(std::wstring_view text) {
-    std::wstring quoted = L"'";
-    for (const wchar_t unit : text) {
-        quoted.append(unit == L'\'' ? 2 : 1, unit);
-    }
-    return quoted + L'\'';
+    return L'\'' + DoubledApostrophes(text) + L'\'';
 }
 
 // Quicker than std::to_wstring, which goes through the C run-time's formatted print.

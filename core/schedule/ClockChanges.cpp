@@ -1,9 +1,9 @@
 #include "core/schedule/ClockChanges.h"
 
 #include <algorithm>
-#include <chrono>
 
 #include "core/platform/LocalTime.h"
+#include "core/schedule/WallClock.h"
 
 namespace {
 
@@ -13,11 +13,7 @@ std::int64_t Local(std::int64_t instant) {
     if (local.hour < 0) {
         return instant;
     }
-    using namespace std::chrono;
-    const year_month_day date =
-        year(local.year) / month(static_cast<unsigned>(local.month)) / day(static_cast<unsigned>(local.day));
-    const std::int64_t seconds = (local.hour * 60 + local.minute) * 60 + local.second;
-    return sys_days(date).time_since_epoch().count() * kSecondsPerDay + seconds;
+    return WallSeconds(DateOf(local), MinuteOfDay(local), local.second);
 }
 
 std::int64_t Offset(std::int64_t instant) {
@@ -42,4 +38,8 @@ std::vector<ClockChange> ClockChanges(std::int64_t from, std::int64_t to) {
         changes.push_back({changed, changed + offset, Local(changed)});
     }
     return changes;
+}
+
+std::vector<ClockChange> ClockChangesOfYear(std::int64_t now) {
+    return ClockChanges(now, now + 366 * kSecondsPerDay);
 }

@@ -18,3 +18,6 @@ struct ClockChange {
 
 // The clock changes of the system's zone in (from, to], earliest first. Two within a day may go unseen.
 [[nodiscard]] std::vector<ClockChange> ClockChanges(std::int64_t from, std::int64_t to);
+
+// Those of the 366 days behind `now`.
+[[nodiscard]] std::vector<ClockChange> ClockChangesOfYear(std::int64_t now);

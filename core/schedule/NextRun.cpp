@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "core/platform/LocalTime.h"
+#include "core/schedule/WallClock.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskDays.h"
 
@@ -20,16 +21,6 @@ struct TimeOfDay {
     int minute = 0;
 };
 
-int MinuteOfDay(const LocalTime& local) {
-    return local.hour * 60 + local.minute;
-}
-
-year_month_day DateOf(const LocalTime& local) {
-    using namespace std::chrono;
-    return year{local.year} / month{static_cast<unsigned>(local.month)} /
-           day{static_cast<unsigned>(local.day)};
-}
-
 std::int64_t Add(std::int64_t instant, std::int64_t seconds) {
     using Limits = std::numeric_limits<std::int64_t>;
     if (seconds > 0 ? instant > Limits::max() - seconds : instant < Limits::min() - seconds) {
@@ -43,16 +34,10 @@ std::int64_t FromLocalDate(const year_month_day& date, const TimeOfDay& time) {
                          static_cast<int>(static_cast<unsigned>(date.day())), time.hour, time.minute, 0);
 }
 
-// What the clock on the wall shows, as seconds of an unchanging clock: differences of two are what clocks
-// differ by.
-std::int64_t WallSeconds(const year_month_day& date, const TimeOfDay& time) {
-    return std::chrono::sys_days{date}.time_since_epoch().count() * kSecondsPerDay +
-           (std::int64_t{time.hour} * 60 + time.minute) * 60;
-}
-
-// That time of day on that date and on no other: when a clock change skips it, the run-time answers on one
-// side of the gap, which for a gap at midnight can be the wrong date; the right one is then as far on the
-// other side.
+// That time of day on that date and on no other. When a clock change skips it, the run-time returns an
+// instant on one side of the gap, which for a gap at midnight can be the wrong date: Havana, 8 March 2026,
+// 00:00 does not exist, and Windows gives 7 March 23:00. The right instant is then as far on the other side,
+// at 01:00.
 std::int64_t InstantOn(const year_month_day& date, const TimeOfDay& time) {
     const std::int64_t instant = FromLocalDate(date, time);
     const LocalTime local = ToLocalTime(instant);
@@ -60,10 +45,9 @@ std::int64_t InstantOn(const year_month_day& date, const TimeOfDay& time) {
         return instant;
     }
     const std::int64_t skipped =
-        WallSeconds(date, time) - WallSeconds(DateOf(local), {local.hour, local.minute});
+        WallSeconds(date, time.hour * 60 + time.minute) - WallSeconds(DateOf(local), MinuteOfDay(local));
     const std::int64_t other = Add(instant, skipped);
-    // A zone that moves across the date line skips the whole date: not before it then, or the task would stay
-    // due.
+    // Crossing the date line can drop a whole date. Then take the later instant, or the task stays due.
     return DateOf(ToLocalTime(other)) == date ? other : std::max(instant, other);
 }
 
@@ -117,15 +101,18 @@ int DaysToNextFlagged(const CSCVShchedulerTask& task, int weekday) {
     return days;
 }
 
-// Nothing when the rest of the rules decides.
+// The run by the Every rule; nothing when the rule is inactive or leaves it to weekdays and months.
 std::optional<std::int64_t> NextEveryRun(const CSCVShchedulerTask& task, std::int64_t now,
-                                         std::int64_t everyMinutes) {
+                                         std::int64_t lastRun) {
+    if (!task.IsEveryActive()) {
+        return std::nullopt;
+    }
     const int flaggedDays = CountFlaggedDays(task);
     const bool isRestricted = flaggedDays != 0 && flaggedDays != 7;
     if (isRestricted && task.RepeatsOnWeekday(ToLocalTime(now).weekday + 1) == 0) {
         return std::nullopt;
     }
-    const std::int64_t candidate = Add(task.m_tLastRunTime, everyMinutes * 60);
+    const std::int64_t candidate = Add(lastRun, task.EveryMinutes() * 60);
     const LocalTime local = ToLocalTime(candidate);
     // Times of day are compared, never dates: a candidate in the past counts, and so does one that crossed
     // midnight into the early hours.
@@ -133,6 +120,32 @@ std::optional<std::int64_t> NextEveryRun(const CSCVShchedulerTask& task, std::in
         return std::nullopt;
     }
     return Add(candidate, -local.second);
+}
+
+// The run by weekdays or months, whichever is earlier; 0 without either.
+std::int64_t NextCalendarRun(const CSCVShchedulerTask& task, std::int64_t lastRun) {
+    const bool isMonthly = task.m_bRepeatOnMonthly != 0;
+    const bool isWeekly = task.HasWeekdayRepeat() != 0;
+    if (!isWeekly && !isMonthly) {
+        return 0;
+    }
+    const LocalTime last = ToLocalTime(lastRun);
+    const LocalTime start = ToLocalTime(task.m_tStartTime);
+    const TimeOfDay time{start.hour, start.minute};
+    std::int64_t weekly = 0;
+    if (isWeekly) {
+        const int days = DaysToNextFlagged(task, last.weekday);
+        // An Every task begins its flagged day at midnight, not at the start time.
+        weekly = DaysAfter(last, days, task.IsEveryActive() ? TimeOfDay{} : time);
+        if (weekly > 0 && (!isMonthly || IsWellBeforeNextMonth(last, days))) {
+            return weekly;
+        }
+    }
+    const std::int64_t monthly = isMonthly ? FirstOfNextMonth(last, time) : 0;
+    if (weekly > 0 && (monthly == 0 || weekly < monthly)) {
+        return weekly;
+    }
+    return std::max<std::int64_t>(monthly, 0);
 }
 
 }  // namespace
@@ -145,47 +158,25 @@ int CSCVShchedulerTask::HasWeekdayRepeat() const noexcept {
     return CountFlaggedDays(*this) != 0 ? 1 : 0;
 }
 
+std::int64_t CSCVShchedulerTask::EveryMinutes() const noexcept {
+    return m_nEveryUnit == 1 ? std::int64_t{m_nEveryValue} * 60 : m_nEveryValue;
+}
+
+bool CSCVShchedulerTask::IsEveryActive() const noexcept {
+    return m_bEnableEvery != 0 && m_nEveryValue >= 1;
+}
+
 std::int64_t CSCVShchedulerTask::GetNextRunTime(std::int64_t now) const {
+    return GetNextRunTime(now, m_tLastRunTime);
+}
+
+std::int64_t CSCVShchedulerTask::GetNextRunTime(std::int64_t now, std::int64_t lastRun) const {
     if (m_tStartTime > now) {
         return m_tStartTime;
     }
-    if (m_tLastRunTime == 0) {
+    if (lastRun == 0) {
         return Add(now, -ToLocalTime(now).second);
     }
-    const std::int64_t everyMinutes = m_nEveryUnit == 1 ? std::int64_t{m_nEveryValue} * 60 : m_nEveryValue;
-    const bool isEvery = m_bEnableEvery != 0 && everyMinutes >= 1;
-    if (isEvery) {
-        if (const std::optional<std::int64_t> next = NextEveryRun(*this, now, everyMinutes)) {
-            return *next;
-        }
-    }
-    const bool isWeekly = HasWeekdayRepeat() != 0;
-    const bool isMonthly = m_bRepeatOnMonthly != 0;
-    if (!isWeekly && !isMonthly) {
-        return 0;
-    }
-
-    const LocalTime last = ToLocalTime(m_tLastRunTime);
-    std::optional<TimeOfDay> start;
-    const auto startTimeOfDay = [&] {
-        if (!start) {
-            const LocalTime local = ToLocalTime(m_tStartTime);
-            start = TimeOfDay{local.hour, local.minute};
-        }
-        return *start;
-    };
-    std::int64_t weekday = 0;
-    if (isWeekly) {
-        const int days = DaysToNextFlagged(*this, last.weekday);
-        // An Every task begins its flagged day at midnight, not at the start time.
-        weekday = DaysAfter(last, days, isEvery ? TimeOfDay{} : startTimeOfDay());
-        if (weekday > 0 && (!isMonthly || IsWellBeforeNextMonth(last, days))) {
-            return weekday;
-        }
-    }
-    const std::int64_t monthly = isMonthly ? FirstOfNextMonth(last, startTimeOfDay()) : 0;
-    if (weekday > 0 && (monthly == 0 || weekday < monthly)) {
-        return weekday;
-    }
-    return std::max<std::int64_t>(monthly, 0);
+    const std::optional<std::int64_t> every = NextEveryRun(*this, now, lastRun);
+    return every ? *every : NextCalendarRun(*this, lastRun);
 }

@@ -1,4 +1,7 @@
+#include "core/task/CommandLine.h"
+
 #include <algorithm>
+#include <optional>
 
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskSwitches.h"
@@ -55,6 +58,16 @@ std::wstring_view WithoutOuterQuotes(std::wstring_view text) {
     return text;
 }
 
+// What stands behind the first token that is the switch, without its quotes; nothing without such a token.
+std::optional<std::wstring_view> FindArgument(const CCsv& tokens, const TaskSwitch& s) {
+    const auto token =
+        std::ranges::find_if(tokens, [&s](const std::wstring& candidate) { return Matches(s, candidate); });
+    if (token == tokens.end()) {
+        return std::nullopt;
+    }
+    return WithoutOuterQuotes(std::wstring_view(*token).substr(s.letters.size() + 1));
+}
+
 void TakeInputValues(Task& task, std::wstring_view argument) {
     task.m_strInputValuesFile = argument;
     CCsv fields;
@@ -96,22 +109,24 @@ int CSCVShchedulerTask::ParseCommandLine(std::wstring_view text) {
         m_strProjectPath = tokens[0];
     }
     for (const TaskSwitch& s : kTaskSwitches) {
-        const auto token = std::ranges::find_if(
-            tokens, [&s](const std::wstring& candidate) { return Matches(s, candidate); });
-        if (token == tokens.end()) {
+        const std::optional<std::wstring_view> argument = FindArgument(tokens, s);
+        if (!argument) {
             continue;
         }
         this->*s.flag = 1;
-        if (s.text == nullptr) {
-            continue;
-        }
-        const std::wstring_view argument =
-            WithoutOuterQuotes(std::wstring_view(*token).substr(s.letters.size() + 1));
         if (s.hasElement) {
-            TakeInputValues(*this, argument);
-        } else {
-            this->*s.text = argument;
+            TakeInputValues(*this, *argument);
+        } else if (s.text != nullptr) {
+            this->*s.text = *argument;
         }
     }
     return 1;
+}
+
+std::int32_t CountInputValues(std::wstring_view commandLine) {
+    CCsv tokens;
+    tokens.Split(commandLine, L' ', true, true);
+    const auto argument = FindArgument(tokens, SwitchOf(&TaskFields::m_bImportInputValues));
+    CCsv fields;
+    return argument ? fields.Split(*argument, L',', true, false) : 0;
 }

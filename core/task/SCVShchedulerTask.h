@@ -35,10 +35,29 @@ public:
     // switches stay. Always 1.
     int ParseCommandLine(std::wstring_view text);
 
-    // When the task runs next, seen from `now`; 0 is never. (core/NextRun.cpp)
-    // Raises std::invalid_argument when a rule needs a calendar date that cannot exist, for instance because
-    // a stored time lies outside what the system can convert.
+    // When the task runs next, seen from `now` and with its last run at `lastRun`; 0 is never. The first rule
+    // that applies decides (core/schedule/NextRun.cpp):
+    //   1. A start still to come is the next run.
+    //   2. Without a last run the task is due now, at the start of the current minute.
+    //   3. Every: last run plus N, on any day without ticked weekdays, else only while today is ticked. It
+    //      counts when its time of day is not later than that of the until time; its date is not looked at.
+    //   4. Weekdays: the next ticked date after the last run's, at the start's time of day, with Every at
+    //   00:00.
+    //      Monthly: day 1 of the month after the last run's, at the start's time of day. The earlier of both.
+    //   5. Never again.
+    // Start Mon 8 June 08:00, Every 2 hours until 12:00, Mon and Thu ticked, all runs on time:
+    //   Mon 08:00, 10:00, 12:00 (14:00 is later than 12:00), Thu 00:00, 02:00, ... 12:00, Mon 00:00 ...
+    // The same without ticked days, last run Mon 12:00: 0, also the next morning. With last run Mon 23:30 it
+    // is
+    //   01:30, for that time of day is not later than 12:00.
+    // Throws std::invalid_argument when a rule needs a calendar date that cannot exist, for instance because
+    // the start time lies outside what the system can convert.
+    [[nodiscard]] std::int64_t GetNextRunTime(std::int64_t now, std::int64_t lastRun) const;
+    // The same with the task's own last run.
     [[nodiscard]] std::int64_t GetNextRunTime(std::int64_t now) const;
+    // Whether the Every rule counts, and its N in minutes.
+    [[nodiscard]] bool IsEveryActive() const noexcept;
+    [[nodiscard]] std::int64_t EveryMinutes() const noexcept;
     [[nodiscard]] int HasWeekdayRepeat() const noexcept;
     // Day number 1 is Sunday, 7 is Saturday; any other gives 0.
     [[nodiscard]] int RepeatsOnWeekday(int dayNumber) const noexcept;

@@ -1,6 +1,10 @@
 #include "ui/model/EditorRules.h"
 
 #include <initializer_list>
+#include <stdexcept>
+#include <string>
+
+#include "util/Utf8.h"
 
 namespace {
 
@@ -23,7 +27,22 @@ void ApplyExportFile(const stEditorMembers& members, SelectedTasks tasks) {
     });
 }
 
+void SetStart(CSCVShchedulerTask& task, const LocalTime& start) {
+    try {
+        task.m_tStartTime =
+            FromLocalTime(start.year, start.month, start.day, start.hour, start.minute, start.second);
+    } catch (const std::invalid_argument&) {
+        throw std::invalid_argument("The project " + ToUtf8(task.m_strProjectPath) +
+                                    " cannot start on that date, so its start stays as it was.");
+    }
+}
+
 }  // namespace
+
+LocalTime ShownTime(std::int64_t instant) {
+    const LocalTime local = ToLocalTime(instant);
+    return local.hour < 0 ? LocalTime{1970, 1, 1, 4, 0, 0, 0} : local;
+}
 
 bool ApplyEditorChange(int id, const stEditorMembers& members, SelectedTasks tasks) {
     if (id == IDC_EXPORT_TO_NEW_FILE || id == IDC_EXPORT_RESULTS) {
@@ -54,16 +73,15 @@ bool ApplyEditorChange(int id, const stEditorMembers& members, SelectedTasks tas
 
 void ApplyStartDate(const LocalTime& picked, SelectedTasks tasks) {
     ForEach(tasks, [&](CSCVShchedulerTask& task) {
-        const LocalTime start = ToLocalTime(task.m_tStartTime);
-        task.m_tStartTime =
-            FromLocalTime(picked.year, picked.month, picked.day, start.hour, start.minute, start.second);
+        const LocalTime start = ShownTime(task.m_tStartTime);
+        SetStart(task, {picked.year, picked.month, picked.day, 0, start.hour, start.minute, start.second});
     });
 }
 
 void ApplyStartTime(const LocalTime& picked, SelectedTasks tasks) {
     ForEach(tasks, [&](CSCVShchedulerTask& task) {
-        const LocalTime start = ToLocalTime(task.m_tStartTime);
-        task.m_tStartTime = FromLocalTime(start.year, start.month, start.day, picked.hour, picked.minute, 0);
+        const LocalTime start = ShownTime(task.m_tStartTime);
+        SetStart(task, {start.year, start.month, start.day, 0, picked.hour, picked.minute, 0});
     });
 }
 

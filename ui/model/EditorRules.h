@@ -16,10 +16,14 @@ using SelectedTasks = std::span<CSCVShchedulerTask* const>;
 // also that of the other one and of the export file's edit box. An id of another control does nothing.
 bool ApplyEditorChange(int id, const stEditorMembers& members, SelectedTasks tasks);
 
+// What a picker shows of an instant: midnight of 1 January 1970 for one without a local time, so that a task
+// with an impossible start can be given another one.
+[[nodiscard]] LocalTime ShownTime(std::int64_t instant);
+
 // After a change of a picker, whose broken-down local time is `picked`. The date keeps hour, minute and
 // second of each task's start; the time of day keeps its date and, on purpose, sets the seconds to 0. The
-// list has to be repainted after each. Raises what FromLocalTime raises; the task that failed and those after
-// it are then as they were.
+// list has to be repainted after each. Throws std::invalid_argument, with a sentence in UTF-8, for a start
+// that no calendar has; the task that failed and those after it are then as they were.
 void ApplyStartDate(const LocalTime& picked, SelectedTasks tasks);
 void ApplyStartTime(const LocalTime& picked, SelectedTasks tasks);
 void ApplyUntilTime(const LocalTime& picked, SelectedTasks tasks);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <stdexcept>
 
 #include "core/platform/LocalTime.h"
 #include "framework/FileDialog.h"
@@ -19,16 +20,9 @@ WORD ToWord(int number) {
     return static_cast<WORD>(number);
 }
 
-// A picker always shows a time: that of an instant without a local one is the first of 1970.
 SYSTEMTIME ToPicker(std::int64_t instant) {
-    const LocalTime local = ToLocalTime(instant);
+    const LocalTime local = ShownTime(instant);
     SYSTEMTIME time{};
-    if (local.hour < 0) {
-        time.wYear = 1970;
-        time.wMonth = 1;
-        time.wDay = 1;
-        return time;
-    }
     time.wYear = ToWord(local.year);
     time.wMonth = ToWord(local.month);
     time.wDay = ToWord(local.day);
@@ -84,16 +78,20 @@ void CTaskEditor::DoDataExchange(CDataExchange* exchange) {
     DDX_CBIndex(exchange, IDC_EVERY_UNIT, m_members.m_nEveryUnit);
     if (!exchange->m_bSaveAndValidate) {
         // Never read back here: only the change of a picker says which half of its time the user means.
-        const struct {
-            int id;
-            std::int64_t instant;
-        } pickers[] = {{IDC_START_DATE, m_members.m_tStartTime},
-                       {IDC_START_TIME, m_members.m_tStartTime},
-                       {IDC_UNTIL_TIME, m_members.m_tUntilTime}};
-        for (const auto& picker : pickers) {
-            SYSTEMTIME time = ToPicker(picker.instant);
-            DDX_DateTimeCtrl(exchange, picker.id, time);
-        }
+        ShowTimes(exchange);
+    }
+}
+
+void CTaskEditor::ShowTimes(CDataExchange* exchange) const {
+    const struct {
+        int id;
+        std::int64_t instant;
+    } pickers[] = {{IDC_START_DATE, m_members.m_tStartTime},
+                   {IDC_START_TIME, m_members.m_tStartTime},
+                   {IDC_UNTIL_TIME, m_members.m_tUntilTime}};
+    for (const auto& picker : pickers) {
+        SYSTEMTIME time = ToPicker(picker.instant);
+        DDX_DateTimeCtrl(exchange, picker.id, time);
     }
 }
 
@@ -228,7 +226,23 @@ bool CTaskEditor::OnNotify(const NMHDR& header) {
     SYSTEMTIME time{};
     CDataExchange exchange(m_dialog, true);
     DDX_DateTimeCtrl(&exchange, static_cast<int>(header.idFrom), time);
-    apply(FromPicker(time), m_list.SelectedTasks());
+    try {
+        apply(FromPicker(time), m_list.SelectedTasks());
+    } catch (const std::invalid_argument&) {
+        ShowTimesOfTask();
+        throw;
+    }
     m_list.Invalidate();
     return true;
+}
+
+void CTaskEditor::ShowTimesOfTask() {
+    const auto row =
+        static_cast<int>(m_list.SendMessage(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+    if (const CSCVShchedulerTask* task = m_list.TaskOfRow(row)) {
+        m_members.m_tStartTime = task->m_tStartTime;
+        m_members.m_tUntilTime = task->m_tUntilTime;
+    }
+    CDataExchange exchange(m_dialog, false);
+    ShowTimes(&exchange);
 }

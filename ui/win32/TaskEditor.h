@@ -35,6 +35,9 @@ private:
     bool OnButton(int id);
     void OnChange(int id);
     void OnSetCurrent();
+    void ShowTimes(CDataExchange* exchange) const;
+    // Puts the focused row's times back into the pickers.
+    void ShowTimesOfTask();
     // Opens the script editor on the script file's text and writes back what it accepts.
     void EditScript();
 

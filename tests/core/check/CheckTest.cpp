@@ -49,7 +49,11 @@ TEST_F(Check, WhatWillNotWorkIsFound) {
         {"UntilTime=4294967295\n", {"until time lies at or past 2038-01-19"}},
         {"EnableEvery=1\nEveryValue=0\n", {"inactive, as its count is 0"}},
         {every + "UntilTime=" + at(3, 15) + "\nLastRunTime=" + at(3, 9),
-         {"ends for good today with the run of 2024-06-03 15:00"}},
+         {"the Every rule ends for good on 2024-06-03 with the run of 15:00"}},
+        {every + "RepeatOnMonthly=1\nUntilTime=" + at(3, 15) + "\nLastRunTime=" + at(2, 14), {}},
+        {"LastRunTime=" + at(2, 9) + "\nLastRunResult='Failure: File does not exist'\n",
+         {"the last run (2024-06-02 09:00) failed: Failure: File does not exist"}},
+        {"LastRunTime=" + at(2, 9) + "\nLastRunResult='Success'\n", {}},
         {every + "UntilTime=" + at(3, 15) + "\nLastRunTime=" + at(2, 14), {"has ended for good"}},
         {"LastRunTime=" + at(4, 9), {"future (2024-06-04 09:00)"}},
     };
@@ -69,6 +73,10 @@ TEST_F(Check, WhatWillNotWorkIsFound) {
         ExpectFindings("1", "[SCVShchedulerTask1]\nCommandLine='" + commandLine + "'\n", expected);
     }
 
+    ExpectFindings("1",
+                   "[SCVShchedulerTask1]\nCommandLine='\"C:\\a.scvpr\"'\n" + every +
+                       "StartTime=" + at(20, 9) + "\nUntilTime=" + at(3, 15),
+                   {"the Every rule ends for good on 2024-06-20 with the run of 15:00"});
     ExpectFindings("2", kTask, {"section is missing"});
     ExpectFindings("2147483647", kTask, {"up to SCVShchedulerTask2147483647 are missing"});
     ExpectFindings("2", kTask + "[SCVShchedulerTask2]\nCommandLine='\"c:\\A.scvpr\"'\n",

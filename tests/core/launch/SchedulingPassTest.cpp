@@ -51,15 +51,23 @@ TEST(SchedulingPass, AnImpossibleDateEndsThePassAndAClockSetBackRepeatsNothing) 
           {.start = june(1, 9), .last = june(8, 8), .isEvery = true, .unit = 1, .until = june(1, 23)},
           {.start = june(1, 9), .last = june(2, 9) - 40 * 86400, .monthly = true},
           {.start = INT64_MIN, .last = june(1, 9), .days = kMon}}) {
-        SetRules(*tasks[tasks.AddTask(L"C:\\a.scvpr", 0)], rules);
+        const bool isBad = rules.start == INT64_MIN;
+        SetRules(*tasks[tasks.AddTask(isBad ? L"C:\\bad.scvpr" : L"C:\\a.scvpr", 0)], rules);
     }
     CFakeFileSystem files;
     FakeShell shell;
     FakeClock clock(june(15, 9));
     const CPlatform platform{clock, files, shell};
     CLaunchClaim claim(files, L"C:\\list.ini");
-    EXPECT_THROW(RunSchedulingPass(tasks, platform, claim, [](const auto&) { return true; }),
-                 std::invalid_argument);
+    std::string message;
+    try {
+        RunSchedulingPass(tasks, platform, claim, [](const auto&) { return true; });
+    } catch (const std::invalid_argument& error) {
+        message = error.what();
+    }
+    EXPECT_EQ(message,
+              "The project C:\\bad.scvpr has an impossible start time. Untick it, delete it, or set a new "
+              "start.");
     EXPECT_EQ(shell.starts.size(), 4U) << "those before it, after a week switched off";
     tasks.RemoveTaskAt(4);
     for (int minute = -60; minute <= 60; ++minute) {

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <set>
+#include <stdexcept>
 
 namespace {
 
@@ -59,6 +60,26 @@ TEST(EditorRules, EachControlWritesItsFieldIntoEverySelectedTask) {
     T* const selected[]{&shown};
     ApplyEditorChange(1022, unticked, selected);
     EXPECT_EQ(shown.m_strExportFile, L"") << "a file's name is its box's only memory";
+}
+
+TEST(EditorRules, AnImpossibleStartCanBeReplaced) {
+    T task;
+    task.m_strProjectPath = L"C:\\a.scvpr";
+    task.m_tStartTime = INT64_MIN;
+    T* const selected[]{&task};
+    ApplyStartDate({2026, 6, 8, 1, 0, 0, 0}, selected);
+    EXPECT_EQ(task.m_tStartTime, FromLocalTime(2026, 6, 8, 0, 0, 0)) << "midnight, as the picker shows";
+    ApplyStartTime({1970, 1, 1, 4, 9, 30, 5}, selected);
+    const std::int64_t start = FromLocalTime(2026, 6, 8, 9, 30, 0);
+    EXPECT_EQ(task.m_tStartTime, start);
+    std::string message;
+    try {
+        ApplyStartDate({1899, 1, 1, 0, 0, 0, 0}, selected);
+    } catch (const std::invalid_argument& error) {
+        message = error.what();
+    }
+    EXPECT_EQ(message, "The project C:\\a.scvpr cannot start on that date, so its start stays as it was.");
+    EXPECT_EQ(task.m_tStartTime, start);
 }
 
 }  // namespace

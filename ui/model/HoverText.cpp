@@ -1,0 +1,46 @@
+#include "ui/model/HoverText.h"
+
+#include <exception>
+
+#include "core/check/Check.h"
+#include "core/platform/Clock.h"
+#include "core/platform/Platform.h"
+#include "core/schedule/NextRuns.h"
+#include "core/schedule/ScheduleText.h"
+#include "core/task/SCVShchedulerTaskArray.h"
+#include "util/Utf8.h"
+
+namespace {
+
+constexpr int kRuns = 5;
+
+// What the schedule says; empty when its times cannot be computed, which is a finding.
+std::string ScheduleLines(const CSCVShchedulerTask& task, std::int64_t now) {
+    try {
+        std::string lines = "\r\nSchedule: " + ScheduleInWords(task, now);
+        for (const std::int64_t run : NextRuns(task, now, kRuns)) {
+            lines += "\r\nNext: " + FormatWithWeekday(run);
+        }
+        return lines;
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+}  // namespace
+
+std::wstring HoverText(CSCVShchedulerTask& task, const CSCVShchedulerTaskArray& tasks,
+                       const CPlatform& platform) {
+    const std::int64_t now = platform.clock.Now();
+    std::wstring text = task.m_strProjectPath;
+    if (!task.m_strLastRunResult.empty()) {
+        text += L"\r\nLast run: " + FromUtf8(FormatWithWeekday(task.m_tLastRunTime)) + L", " +
+                task.m_strLastRunResult;
+    }
+    std::string lines = task.m_bEnable == 0 ? "\r\nNot ticked: it does not run by itself." : "";
+    lines += ScheduleLines(task, now);
+    for (const Finding& finding : FindProblemsOf(task, tasks, platform.shell, now)) {
+        lines += "\r\nCheck: " + finding.message;
+    }
+    return text + FromUtf8(lines);
+}
