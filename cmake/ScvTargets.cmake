@@ -14,6 +14,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(scv_options INTERFACE -Wuseless-cast)
   endif()
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  target_compile_options(scv_options INTERFACE -Wno-unknown-warning-option)  # a pragma may name one of GCC's
+endif()
 if(SCV_SANITIZE)
   target_compile_options(scv_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
