@@ -1,6 +1,9 @@
 #include "layout/win32/ResizingDialog.h"
 
+#include <commctrl.h>
+
 #include <algorithm>
+#include <string_view>
 
 #include "framework/WinApp.h"
 
@@ -10,6 +13,12 @@ constexpr wchar_t kMaximized[] = L"WS_MAXIMIZE";
 
 Edges ToEdges(const RECT& rect) {
     return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+bool IsGroupBox(HWND control, DWORD style) {
+    wchar_t kind[16] = {};
+    GetClassNameW(control, kind, static_cast<int>(std::size(kind)));
+    return (style & BS_TYPEMASK) == BS_GROUPBOX && std::wstring_view(kind) == WC_BUTTONW;
 }
 
 // Of the monitor that shows most of the rectangle.
@@ -64,12 +73,17 @@ void CResizingDialog::UpdateControlOffsets() {
 }
 
 void CResizingDialog::ArrangeControls() {
+    std::vector<HWND> moved;
     for (const stChildControl& record : m_arrChildControls) {
         if (IsAnchored(record.nFlags)) {
+            const Edges now = ControlEdges(record.hWnd);
             const Placement place =
                 Arrange(record.nFlags, {record.nLeft, record.nTop, record.nRight, record.nBottom},
-                        ClientEdges(), ControlEdges(record.hWnd));
+                        ClientEdges(), now);
             MoveWindow(record.hWnd, place.x, place.y, place.width, place.height, TRUE);
+            if (place.x != now.left || place.y != now.top) {
+                moved.push_back(record.hWnd);
+            }
         }
     }
     for (const stChildControl& record : m_arrChildControls) {
@@ -77,6 +91,10 @@ void CResizingDialog::ArrangeControls() {
         if (record.hWnd != nullptr) {
             InvalidateRect(record.hWnd, nullptr, FALSE);
         }
+    }
+    // Their pixels moved with them, and with those what was drawn over them by a control that moved across.
+    for (HWND control : moved) {
+        RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     }
 }
 
@@ -149,7 +167,28 @@ void CResizingDialog::OpenWith(SIZE client) {
     SetWindowPos(m_hWnd, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// So that the background is not painted where a control paints right afterwards, which would flicker. The
+// inside of a group box nobody but the dialog paints.
+void CResizingDialog::ExcludeControls(HDC dc) const {
+    for (HWND child = GetWindow(m_hWnd, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        const auto style = static_cast<DWORD>(GetWindowLongPtrW(child, GWL_STYLE));
+        if ((style & WS_VISIBLE) != 0 && !IsGroupBox(child, style)) {
+            const Edges place = ControlEdges(child);
+            ExcludeClipRect(dc, place.left, place.top, place.right, place.bottom);
+        }
+    }
+}
+
 LRESULT CResizingDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    // A control that asks for the background behind itself hands over a device context of its own.
+    const auto dc = reinterpret_cast<HDC>(wParam);
+    if (message == WM_ERASEBKGND && WindowFromDC(dc) == m_hWnd) {
+        const int state = SaveDC(dc);
+        ExcludeControls(dc);
+        const LRESULT result = CDialog::WindowProc(message, wParam, lParam);
+        RestoreDC(dc, state);
+        return result;
+    }
     const LRESULT result = CDialog::WindowProc(message, wParam, lParam);
     if (message == WM_SIZE) {
         OnSize(static_cast<UINT>(wParam), LOWORD(lParam), HIWORD(lParam));
@@ -162,7 +201,9 @@ LRESULT CResizingDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) 
 void CResizingDialog::OnSize(UINT, int, int) {
     ArrangeControls();
     if (IsWindow(m_hWnd)) {
-        Invalidate();
+        // Without the controls, which ArrangeControls has invalidated: those that stay where they are would
+        // flicker.
+        RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_NOCHILDREN);
     }
 }
 

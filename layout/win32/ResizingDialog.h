@@ -67,4 +67,5 @@ private:
     [[nodiscard]] Edges ControlEdges(HWND control) const;
     [[nodiscard]] stChildControl Measure(HWND control, UINT flags) const;
     [[nodiscard]] SIZE WindowSize(SIZE client) const;
+    void ExcludeControls(HDC dc) const;
 };

@@ -53,14 +53,8 @@ class Photographer(Steps):
                         self.folder / f"{name}.png"], check=True)
         print(self.folder / f"{name}.png")
 
-    def widen(self, window):
-        """Makes the window as wide as the screen, so that the list shows its columns."""
-        window.drag(HTCAPTION, 10 - window.place[0], 0)
-        window.drag(HTRIGHT, self.display.width - 10 - window.place[2], 0)
-
     def first_project(self):
         process, window = self.start()
-        self.widen(window)
         self.add_project(window, "prices")
         self.take(window.place, "guide-first")
         self.hide(window)
