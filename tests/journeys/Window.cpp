@@ -8,6 +8,8 @@
 //   ["foreground"]                      {"window", "focus", "menu", "moving"}: the window with the keyboard,
 //   the control in
 //                                       it, and whether it shows a menu or is being moved or sized
+//   ["paint", WINDOW]                   has a window paint what it has not painted yet, and returns once it
+//   has
 //   ["text", WINDOW]                    what a control says
 //   ["rename", WINDOW, TEXT]            gives a window another title
 //   ["resize", WINDOW, RECTANGLE]       puts a window there, as far as it lets itself be put
@@ -198,6 +200,9 @@ json Reply(const json& request) {
     }
     if (verb == "text") {
         return Text(window);
+    }
+    if (verb == "paint") {
+        return RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN) != FALSE;
     }
     if (verb == "rename") {
         return Rename(window, request.at(2));

@@ -102,7 +102,14 @@ class Desktop:
 
     def picture(self, name):
         """Keeps the screen as NAME.png."""
+        self.paint()
         subprocess.run(["import", "-window", "root", self.pictures / f"{name}.png"], check=True)
+
+    def paint(self):
+        """Has all windows show what they are to show."""
+        for window in self.ask("windows"):
+            if window["shown"]:
+                self.ask("paint", window["handle"])
 
     # --- Windows ----------------------------------------------------------------------------------------------------
 

@@ -49,6 +49,7 @@ class Photographer(Steps):
         """Keeps a part of the screen, without the mouse on it."""
         left, top, right, bottom = place
         self.desktop.xdotool("mousemove", 2, 2)
+        self.desktop.paint()
         subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage",
                         self.folder / f"{name}.png"], check=True)
         print(self.folder / f"{name}.png")
