@@ -6,7 +6,7 @@ stEditorMembers EditorMembersOf(const CSCVShchedulerTask* task, std::int64_t now
         return EditorMembersOf(&fresh, now);
     }
     stEditorMembers members;
-    static_cast<TaskFields&>(members) = *task;
+    static_cast<TaskFields&>(members) = static_cast<const TaskFields&>(*task);
     members.m_bExportIntoNewFile = task->m_strExportFile.empty() ? 0 : 1;
     return members;
 }

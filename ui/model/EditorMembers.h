@@ -26,8 +26,8 @@ struct stEditorMembers : TaskFields {
 
 // The controls of a switch for the extraction program.
 struct stSwitchControls {
-    int box;
-    std::int32_t TaskFields::*flag;
+    int box = 0;
+    std::int32_t TaskFields::*flag = nullptr;
     int edit = 0;  // 0: there is no text to type
     int browse = 0;
     const wchar_t* extension = nullptr;  // null: the browse button opens the script editor
