@@ -93,7 +93,8 @@ class InstallerJourney(Journey):
         lines = set()
         for path in self.wine.drive_c.rglob("*"):
             name = str(path.relative_to(self.wine.drive_c))
-            if name.startswith("windows/") or "/Temp/" in name:
+            # The last is there for as long as a pass launches.
+            if name.startswith("windows/") or "/Temp/" in name or name.endswith(".ini.launch"):
                 continue
             if path.is_dir():
                 lines.add(name + "/")

@@ -239,6 +239,7 @@ class Installer(InstallerJourney):
         """Starts `scvsched watch` there, on a list with a due task, and waits until it has noted that task's run."""
         self.scheduler.write_list((f'"{DEMO}\\news.scvpr" -s', {"StartTime": int(time.time()) - 60}))
         watch = self.wine.start(folder / "scvsched.exe", "watch")
+        self.started.append(watch)
         until("scvsched launches", lambda: self.scheduler.task(1).get("LastRunResult") == "'Success'")
         return watch
 
