@@ -7,6 +7,7 @@
 
 #include "core/launch/LaunchClaim.h"
 #include "core/platform/Clock.h"
+#include "core/platform/LocalTime.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "util/Utf8.h"
@@ -73,6 +74,7 @@ private:
 
 FileResult RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform, CLaunchClaim& claim,
                              const std::function<bool(const PassRun&)>& onRun) {
+    RefreshTimeZone();
     const std::int64_t now = platform.clock.Now();
     CPassClaim passClaim(claim, tasks, platform.files);
     // What is called for a run may change the array: its count is asked for each time.

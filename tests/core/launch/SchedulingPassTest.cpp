@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <stdexcept>
 
 #include "core/launch/LaunchClaim.h"
@@ -10,6 +11,7 @@
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"
+#include "tests/support/LocalZone.h"
 #include "tests/support/TaskRules.h"
 
 // Which tasks are launched and saved, and when, the soak sees.
@@ -42,7 +44,7 @@ TEST(SchedulingPass, ReportsEachRunUntilItIsEnded) {
     EXPECT_EQ(tasks[3]->m_tLastRunTime, 0);
 }
 
-TEST(SchedulingPass, AnImpossibleDateEndsThePassAndAClockSetBackRepeatsNothing) {
+TEST(SchedulingPass, StopsAtAnImpossibleDate) {
     const auto june = [](int day, int hour) { return FromLocalTime(2026, 6, day, hour, 0, 0); };
     CSCVShchedulerTaskArray tasks;
     for (const Rules& rules :
@@ -83,3 +85,26 @@ TEST(SchedulingPass, AnImpossibleDateEndsThePassAndAClockSetBackRepeatsNothing) 
     });
     EXPECT_EQ(shell.starts.size(), 6U);
 }
+
+#ifndef _WIN32
+TEST(SchedulingPass, FollowsAChangeOfTheTimeZone) {
+    const CLocalZone zone("America/New_York");
+    CSCVShchedulerTaskArray tasks;
+    SetRules(*tasks[tasks.AddTask(L"C:\\a.scvpr", 0)], {.start = FromLocalTime(2026, 6, 8, 9, 0, 0),
+                                                        .last = FromLocalTime(2026, 6, 8, 9, 0, 0),
+                                                        .days = kTue});
+    CFakeFileSystem files;
+    FakeShell shell;
+    FakeClock clock(FromLocalTime(2026, 6, 9, 9, 30, 0));
+    CLaunchClaim claim(files, L"C:\\list.ini");
+    const auto pass = [&] {
+        (void)RunSchedulingPass(tasks, {clock, files, shell}, claim, [](const auto&) { return true; });
+        return shell.starts.size();
+    };
+    // The last run, Monday 9:00 in New York, was on Tuesday 1:00 in Auckland, which has a week to go.
+    setenv("TZ", "Pacific/Auckland", 1);
+    EXPECT_EQ(pass(), 0U) << "in Auckland";
+    setenv("TZ", "America/New_York", 1);
+    EXPECT_EQ(pass(), 1U) << "back in New York, Tuesday 9:30";
+}
+#endif

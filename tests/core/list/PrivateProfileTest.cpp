@@ -35,7 +35,7 @@ TEST(PrivateProfile, ReadsAsWindowsDoes) {
               (std::vector{-12, 31, 5, 15, 77}));
 }
 
-TEST(PrivateProfile, SetsKeysInPlaceAndNewOnesBehindTheLastLineInTheEncodingOrInUtf16) {
+TEST(PrivateProfile, SetsKeysInPlaceAndAppendsNewOnes) {
     const std::wstring emoji = L"\xd83d\xde00";
     const std::wstring lone = L"a\xd800z";
     struct Case {
@@ -73,7 +73,7 @@ TEST(PrivateProfile, SetsKeysInPlaceAndNewOnesBehindTheLastLineInTheEncodingOrIn
     }
 }
 
-TEST(PrivateProfile, RemovesHeaderAndKeysOfTheFirstSectionOfThatName) {
+TEST(PrivateProfile, RemovesTheFirstSectionOfThatName) {
     CPrivateProfile repeated("[s]\nk=1\n;c\n\nl\n[t]\nx=1\n[u]\n[S]\nk=2\n[s]\nk=3");
     for (const wchar_t* name : {L"t", L"S", L"s"}) {
         EXPECT_TRUE(repeated.RemoveSection(name));
@@ -95,7 +95,7 @@ TEST(PrivateProfile, RemovesHeaderAndKeysOfTheFirstSectionOfThatName) {
 }
 
 // Too large for the fuzz target.
-TEST(PrivateProfile, ManySectionsAndHostileTextsAreReadAndKept) {
+TEST(PrivateProfile, KeepsManySectionsAndHostileTexts) {
     std::string names;
     for (int i = 0; i < 300000; ++i) {
         names += {'[', static_cast<char>('!' + i % 60), static_cast<char>('!' + i / 60 % 60), '\n'};

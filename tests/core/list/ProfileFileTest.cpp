@@ -24,7 +24,7 @@ struct Disk : CFakeFileSystem {
 };
 
 // Whatever went wrong, the list is whole, and the next save works and leaves nothing but the list.
-TEST(ProfileFile, EachCallMayFailOrBeTheLastOneBeforeThePowerGoes) {
+TEST(ProfileFile, AnyCallMayFailOrLoseThePower) {
     for (const bool losesPower : {false, true}) {
         bool isFailing = true;
         for (int call = 1; isFailing; ++call) {
@@ -77,7 +77,7 @@ TEST(ProfileFile, WhoeverHoldsTheLockSavesAlone) {
     EXPECT_TRUE(disk.Save());
 }
 
-TEST(ProfileFile, AMissingFileIsMadeAndAnUnchangedOneIsLeftAlone) {
+TEST(ProfileFile, MakesAMissingFileOnlyWhenNeeded) {
     CFakeFileSystem files;
     EXPECT_TRUE(LockAndEditProfile(files, kPath, [](CPrivateProfile&) {}));
     EXPECT_TRUE(LockAndEditProfile(files, kPath, SetNew));

@@ -5,7 +5,7 @@
 #include "core/platform/LocalTime.h"
 #include "core/task/SCVShchedulerTask.h"
 
-TEST(NextRuns, EachRunCountsAsMadeBeforeTheNextIsComputed) {
+TEST(NextRuns, CountsEachRunBeforeTheNext) {
     using Runs = std::vector<std::int64_t>;
     const std::int64_t start = FromLocalTime(2024, 6, 3, 9, 0, 0);  // a Monday, no clock change near
     CSCVShchedulerTask task(start);

@@ -4,7 +4,7 @@
 
 #include "core/task/SCVShchedulerTaskArray.h"
 
-TEST(NewProject, ComesIntoTheListOnceAndWithItsCommands) {
+TEST(NewProject, IsListedOnceWithItsCommands) {
     CSCVShchedulerTaskArray tasks;
     for (const wchar_t* path : {L"C:\\a.scvpr", L"c:\\A.SCVPR", L"C:\\b.oslpr"}) {
         AddProject(tasks, path, 1'772'000'000);

@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-TEST(TaskArray, TasksAreFoundAndRemovedByPathWithoutRegardToCase) {
+TEST(TaskArray, FindsAndRemovesInAnyCase) {
     CSCVShchedulerTaskArray tasks;
     EXPECT_EQ(tasks.InsertTask(1, L"none", 0), -1);
     tasks.AddTask(L"C:\\a.scvpr", 0);

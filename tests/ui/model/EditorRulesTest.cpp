@@ -30,7 +30,7 @@ const std::map<int, std::wstring T::*> kTexts{
     {1025, &T::m_strInputElementId}};
 const std::set<int> kRepainting{1031, 1032, 1033, 1034, 1035, 1036, 1037, 1053, 1042, 1039, 1041};
 
-TEST(EditorRules, EachControlWritesItsFieldIntoEverySelectedTask) {
+TEST(EditorRules, EachControlWritesIntoSelectedTasks) {
     T shown;
     for (const auto& [id, field] : kFlags) {
         shown.*field = id;

@@ -53,7 +53,7 @@ TEST_F(WindowsFileSystem, TellsWhyACallCouldNot) {
     }
 }
 
-TEST_F(WindowsFileSystem, ASaveReplacesTheFileWholeOrNotAtAllAndLeavesNothingBesideIt) {
+TEST_F(WindowsFileSystem, ReplacesTheFileWholeOrNotAtAll) {
     // What a power cut left behind is no lock, and no obstacle.
     (void)folder.File(L"a.ini.lock", "");
     (void)folder.File(L"a.ini.tmp", "half a list that is longer than the new one");
@@ -70,7 +70,7 @@ TEST_F(WindowsFileSystem, ASaveReplacesTheFileWholeOrNotAtAllAndLeavesNothingBes
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
 
-TEST_F(WindowsFileSystem, PathsMayBeLongerThanWindowsTakesAsTheyStand) {
+TEST_F(WindowsFileSystem, TakesPathsLongerThanMaxPath) {
     const std::wstring name(200, L'd');
     const std::wstring deep = folder.Path(name);
     ASSERT_TRUE(CreateDirectoryW((L"\\\\?\\" + deep).c_str(), nullptr));
@@ -82,7 +82,7 @@ TEST_F(WindowsFileSystem, PathsMayBeLongerThanWindowsTakesAsTheyStand) {
 }
 
 // SCV_KILL_ROUNDS asks for another number of rounds than 200.
-TEST_F(WindowsFileSystem, AWholeListIsLeftWhenAProgramIsKilledWhileItSaves) {
+TEST_F(WindowsFileSystem, AKillWhileSavingLeavesAWholeList) {
     const wchar_t* const setting = _wgetenv(L"SCV_KILL_ROUNDS");
     const int rounds = setting != nullptr ? _wtoi(setting) : 200;
     const std::wstring program = GetFolderPath(GetModulePath()) + L"savechild.exe";

@@ -27,7 +27,7 @@ static std::wstring WaitForStart(const std::wstring& project) {
     return FromUtf8(line.substr(line.find('\t', tab) + 1));
 }
 
-TEST(WindowsShell, TheProgramReceivesTheCommandLineAsItWasBuilt) {
+TEST(WindowsShell, HandsOnTheCommandLineUnchanged) {
     constexpr wchar_t kScrivane[] = L"Software\\Talvernick\\Scrivane";
     constexpr wchar_t kValue[] = L"ProgramFileName";
     const TemporaryFolder folder;
