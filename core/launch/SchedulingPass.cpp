@@ -33,19 +33,17 @@ bool IsDue(const CSCVShchedulerTask& task, std::int64_t now) {
     return next > 0 && next <= now;
 }
 
-// Takes the claim for one pass. It is kept when a run of that pass could not be saved: until the file has it,
-// no other scheduler can know of it.
+// Takes the claim for one pass. It is kept while a run could not be saved: until the file has it, no other
+// scheduler can know of it.
 class CPassClaim {
 public:
     CPassClaim(CLaunchClaim& claim, CSCVShchedulerTaskArray& tasks, IFileSystem& files)
-        : m_claim(claim), m_tasks(tasks), m_files(files), m_isKept(claim.IsTaken()) {}
+        : m_claim(claim), m_tasks(tasks), m_files(files) {
+        ReleaseOnceSaved();
+    }
     CPassClaim(const CPassClaim&) = delete;
     CPassClaim& operator=(const CPassClaim&) = delete;
-    ~CPassClaim() {
-        if (!m_isKept) {
-            m_claim.Release();
-        }
-    }
+    ~CPassClaim() { ReleaseOnceSaved(); }
 
     // Once a pass: takes the claim, then learns what others have run until then. Nobody can launch anything
     // from there on, so that the tasks stay up to date for the whole pass.
@@ -60,13 +58,17 @@ public:
         m_isReady = result || result == FileResult::Status::Missing;
         return m_isReady ? FileResult() : result;
     }
-    void Keep() noexcept { m_isKept = true; }
 
 private:
+    void ReleaseOnceSaved() {
+        if (m_claim.IsTaken() && !m_tasks.HasUnsavedRun()) {
+            m_claim.Release();
+        }
+    }
+
     CLaunchClaim& m_claim;
     CSCVShchedulerTaskArray& m_tasks;
     IFileSystem& m_files;
-    bool m_isKept;
     bool m_isReady = false;
 };
 
@@ -91,9 +93,6 @@ FileResult RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& pl
         }
         const bool isStarted = task.Run(platform.shell, platform.clock) != 0;
         const bool isSaved{tasks.TrySaveRun(platform.files, task)};
-        if (!isSaved && !task.m_strIniSection.empty()) {
-            passClaim.Keep();
-        }
         if (!onRun({task, isStarted, isSaved})) {
             break;
         }

@@ -25,7 +25,7 @@ struct PassRun {
 // The first due task takes the claim and, unless nobody has changed the list file, the runs that other
 // schedulers of the list have saved: what they have run is not launched again. When another scheduler has the
 // claim (Busy), or has changed a file that cannot be read now, everything due is left to the next pass, and
-// the result says why. The claim is released at the end; but when the run of a task of the file could not be
-// saved it is kept, and released by whoever gets the run saved.
+// the result says why. The claim is released at the end. While a run is not saved it is kept,
+// until a later pass finds the run saved.
 FileResult RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& platform, CLaunchClaim& claim,
                              const std::function<bool(const PassRun&)>& onRun);

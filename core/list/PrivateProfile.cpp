@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "core/list/StoredNumbers.h"
 #include "util/CaseFold.h"
 
 namespace {
@@ -81,10 +82,127 @@ std::size_t PrimeFrom(std::size_t number) {
     }
 }
 
+// Whether the line's value reads as the entry's will.
+bool HoldsValue(const ProfileLine& line, const CPrivateProfile::Entry& entry) {
+    std::wstring decoded;
+    AppendDecoded(line.encoding, line.value, decoded);
+    return line.hasValue && decoded == WithoutBreaks(entry.value);
+}
+
+// Whether the text goes on with KEY=VALUE at `at`, in ASCII without any control character. Then `at` is moved
+// behind that line. Nearly all lines of a list that is saved again are so; neither decoding nor encoding them
+// is what makes the save quick.
+bool SkipLine(std::string_view text, std::size_t& at, const CPrivateProfile::Entry& entry) {
+    const auto equals = [](char byte, wchar_t unit) {
+        return unit >= L' ' && unit < 0x80 && byte == static_cast<char>(unit);
+    };
+    const std::size_t valueAt = at + entry.key.size() + 1;
+    const std::size_t end = valueAt + entry.value.size();
+    if (end >= text.size() || text[valueAt - 1] != '=' ||
+        !std::equal(entry.key.begin(), entry.key.end(), text.begin() + static_cast<std::ptrdiff_t>(at),
+                    [&](wchar_t unit, char byte) { return equals(byte, unit); }) ||
+        !std::equal(entry.value.begin(), entry.value.end(),
+                    text.begin() + static_cast<std::ptrdiff_t>(valueAt),
+                    [&](wchar_t unit, char byte) { return equals(byte, unit); })) {
+        return false;
+    }
+    if (text[end] == '\n') {
+        at = end + 1;
+        return true;
+    }
+    if (text.substr(end, 2) != "\r\n") {
+        return false;
+    }
+    at = end + 2;
+    return true;
+}
+
+// Copies the text of a section and changes it on the way.
+class CSectionRewriter {
+public:
+    explicit CSectionRewriter(std::string_view text) : m_old(text) {}
+
+    [[nodiscard]] bool IsChanged() const noexcept { return m_copied > 0; }
+    // Of the old text up to `position`; nothing when that is copied already.
+    void CopyTo(std::size_t position) {
+        if (position > m_copied) {
+            m_new += m_old.substr(m_copied, position - m_copied);
+            m_copied = position;
+        }
+    }
+    // The line keeps its indentation, its key's spelling and its line break. False when its encoding cannot
+    // hold the value.
+    [[nodiscard]] bool TryReplaceValue(const ProfileLine& line, const std::wstring& value) {
+        CopyTo(static_cast<std::size_t>(line.name.data() - m_old.data()) + line.name.size());
+        m_copied = line.end;
+        return AppendEncoded(line.encoding, L"=", m_new) &&
+               AppendEncoded(line.encoding, WithoutBreaks(value), m_new);
+    }
+    [[nodiscard]] std::string& Text() noexcept { return m_new; }
+
+private:
+    std::string_view m_old;
+    std::size_t m_copied = 0;
+    std::string m_new;
+};
+
+// The entries that are to be set in a section, and which of them its lines have shown so far.
+class CEntryOrder {
+public:
+    explicit CEntryOrder(std::span<const CPrivateProfile::Entry> entries)
+        : m_entries(entries), m_seen(entries.size()), m_missing(entries.size()) {}
+
+    [[nodiscard]] bool IsAnyMissing() const noexcept { return m_missing > 0; }
+    // Moves `at` behind the line there when that is the next entry's already; see SkipLine.
+    [[nodiscard]] bool TrySkipLine(std::string_view text, std::size_t& at) {
+        if (m_next == m_entries.size() || m_seen[m_next] || !SkipLine(text, at, m_entries[m_next])) {
+            return false;
+        }
+        MarkSeen(m_next);
+        return true;
+    }
+    // The entry of the line's key, if no earlier line had that key; else null.
+    [[nodiscard]] const CPrivateProfile::Entry* Take(const ProfileLine& line) {
+        const std::size_t i =
+            FindKey(line, m_entries, m_next, [](const CPrivateProfile::Entry& entry) { return entry.key; });
+        if (i == kNotFound || m_seen[i]) {
+            return nullptr;
+        }
+        MarkSeen(i);
+        return &m_entries[i];
+    }
+    // Until `visit` returns false, and then false.
+    template <typename Visit>
+    bool ForEachMissing(Visit visit) const {
+        for (std::size_t i = 0; i < m_entries.size() && m_missing > 0; ++i) {
+            if (!m_seen[i] && !visit(m_entries[i])) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+private:
+    void MarkSeen(std::size_t i) {
+        m_seen[i] = true;
+        --m_missing;
+        m_next = i + 1;
+    }
+
+    std::span<const CPrivateProfile::Entry> m_entries;
+    std::vector<bool> m_seen;
+    std::size_t m_missing;
+    std::size_t m_next = 0;
+};
+
 bool HasRepeatedKey(std::span<const CPrivateProfile::Entry> entries) {
     for (std::size_t i = 1; i < entries.size(); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
-            if (EqualNoCase(entries[i].key, entries[j].key)) {
+            const std::wstring_view left = entries[i].key;
+            const std::wstring_view right = entries[j].key;
+            // Most keys differ in their length or at their end.
+            if (left.size() == right.size() &&
+                (left.empty() || ToUpper(left.back()) == ToUpper(right.back())) && EqualNoCase(left, right)) {
                 return true;
             }
         }
@@ -124,6 +242,10 @@ const CPrivateProfile::Piece* CPrivateProfile::FindPiece(Position section) const
     const std::size_t size = Original().size();
     if (section >= size) {
         return section - size < m_added.size() ? &m_added[section - size] : nullptr;
+    }
+    // A save of all sections edits one after the other.
+    if (m_edited.empty() || m_edited.rbegin()->first < section) {
+        return nullptr;
     }
     const auto edited = m_edited.find(section);
     return edited != m_edited.end() ? &edited->second : nullptr;
@@ -215,35 +337,11 @@ std::int32_t CPrivateProfile::GetInt(std::wstring_view section, std::wstring_vie
     if (!value || value->empty()) {
         return missing;
     }
-    std::wstring_view text = *value;
-    while (!text.empty() && text.front() <= L' ') {
-        text.remove_prefix(1);
-    }
-    const bool negative = text.starts_with(L'-');
-    if (negative || text.starts_with(L'+')) {
-        text.remove_prefix(1);
-    }
-    std::uint32_t base = 10;
-    for (const auto& [prefix, prefixBase] :
-         {std::pair(L"0x", 16U), std::pair(L"0o", 8U), std::pair(L"0b", 2U)}) {
-        if (text.starts_with(prefix)) {
-            base = prefixBase;
-            text.remove_prefix(2);
-            break;
-        }
-    }
-    std::uint32_t number = 0;
-    for (const wchar_t unit : text) {
-        const wchar_t upper = ToUpper(unit);
-        const auto digit = static_cast<std::uint32_t>(upper >= L'A' && upper <= L'F' ? upper - L'A' + 10
-                                                      : unit >= L'0' && unit <= L'9' ? unit - L'0'
-                                                                                     : 99);
-        if (digit >= base) {
-            break;
-        }
-        number = number * base + digit;
-    }
-    return static_cast<std::int32_t>(negative ? 0U - number : number);
+    return ParseProfileInt(*value);
+}
+
+bool CPrivateProfile::IsEdited() const {
+    return m_isConverted || !m_edited.empty() || !m_added.empty();
 }
 
 bool CPrivateProfile::IsEmpty() const {
@@ -333,20 +431,13 @@ void CPrivateProfile::SetStrings(std::wstring_view section, std::span<const Entr
         }
         return;
     }
-    std::vector<EncodedEntry> encoded(entries.size());
-    std::string name;
-    bool fits = AppendEncoded(m_encoding, section, name);
-    for (std::size_t i = 0; i < entries.size() && fits; ++i) {
-        fits = AppendEncoded(m_encoding, entries[i].key, encoded[i].key) &&
-               AppendEncoded(m_encoding, WithoutBreaks(entries[i].value), encoded[i].value);
+    const auto found = Find(section);
+    if (!found && entries.empty()) {
+        return;
     }
-    if (!fits) {
+    if (!(found ? TrySetInSection(*found, entries) : TryAddSection(section, entries))) {
         ConvertToUtf16();
         SetStrings(section, entries);
-    } else if (const auto found = Find(section)) {
-        SetInSection(*found, entries, encoded);
-    } else if (!entries.empty()) {
-        AddSection(section, encoded);
     }
 }
 
@@ -418,102 +509,94 @@ std::string CPrivateProfile::Encode(std::wstring_view text) const {
 // Appends lines, ending the one before them if nothing does. `text` is a piece or everything so far.
 void CPrivateProfile::AppendText(std::string& text, std::string_view more) const {
     const std::size_t unit = UnitSize(m_encoding);
-    if (!more.empty() && text != ByteOrderMark(m_encoding)) {
-        const std::string_view last = std::string_view(text).substr(text.size() - unit);
-        if (last != Encode(L"\n") && last != Encode(L"\r")) {
+    if (!more.empty() && !text.empty() && text != ByteOrderMark(m_encoding)) {
+        const std::size_t low = text.size() - (m_encoding == TextEncoding::Utf16LE ? 2 : 1);
+        const bool isAscii =
+            unit == 1 || text[text.size() - (m_encoding == TextEncoding::Utf16LE ? 1 : 2)] == 0;
+        if (!isAscii || (text[low] != '\n' && text[low] != '\r')) {
             text += m_lineBreak;
         }
     }
     text += more;
 }
 
-void CPrivateProfile::AppendLine(std::string& text, const EncodedEntry& entry) const {
-    text += entry.key;
-    text += Encode(L"=");
-    text += entry.value;
+// False when the encoding cannot hold the entry.
+bool CPrivateProfile::TryAppendLine(std::string& text, const Entry& entry) const {
+    const bool fits = AppendEncoded(m_encoding, entry.key, text) && AppendEncoded(m_encoding, L"=", text) &&
+                      AppendEncoded(m_encoding, WithoutBreaks(entry.value), text);
     text += m_lineBreak;
+    return fits;
 }
 
-void CPrivateProfile::AddSection(std::wstring_view section, std::span<const EncodedEntry> entries) {
+bool CPrivateProfile::TryAddSection(std::wstring_view section, std::span<const Entry> entries) {
     if (EndOfPositions() >= kRemoved - 1) {
-        throw std::length_error("private-profile text with too many sections");  // GCOVR_EXCL_LINE
+        throw std::length_error("private-profile text with too many sections");
+    }
+    std::string text = Encode(L"[");
+    bool fits = AppendEncoded(m_encoding, section, text);
+    text += Encode(L"]") + m_lineBreak;
+    for (const Entry& entry : entries) {
+        fits = fits && TryAppendLine(text, entry);
+    }
+    if (!fits) {
+        return false;
     }
     if (5 * (m_usedSlots + 1) > 4 * m_slots.size()) {
         GrowIndex();
-    }
-    std::string text = Encode(L"[") + Encode(section) + Encode(L"]") + m_lineBreak;
-    for (const EncodedEntry& entry : entries) {
-        AppendLine(text, entry);
     }
     const std::size_t slot = FindSlot(section);
     const Position position = EndOfPositions();
     m_added.push_back(Piece{std::move(text), position + 1});
     m_slots[slot] = position + 1;
     ++m_usedSlots;
+    return true;
 }
 
-void CPrivateProfile::SetInSection(Position section, std::span<const Entry> entries,
-                                   std::span<const EncodedEntry> encoded) {
+bool CPrivateProfile::TrySetInSection(Position section, std::span<const Entry> entries) {
     AbsorbRemoved(section);
     const std::string_view text = SectionText(section);
-    std::string edited;
-    std::size_t copied = 0;                         // so far, from text to edited
+    CEntryOrder order(entries);
+    CSectionRewriter rewriter(text);
     std::size_t insertAt = HeaderOf(section).next;  // behind the last line that is not blank
-    std::vector<bool> seen(entries.size());
-    std::size_t next = 0;
     std::size_t at = insertAt;
-    while (at < text.size()) {
+    while (at < text.size() && order.IsAnyMissing()) {
+        if (UnitSize(m_encoding) == 1 && order.TrySkipLine(text, at)) {
+            insertAt = at;
+            continue;
+        }
         const ProfileLine line = ReadProfileLine(m_encoding, text, at);
         if (line.kind == Kind::Section) {
             break;
         }
         at = line.next;
-        if (line.kind != Kind::Blank) {
-            insertAt = line.next;
-        }
-        const std::size_t i = line.kind == Kind::Key
-                                  ? FindKey(line, entries, next, [](const Entry& entry) { return entry.key; })
-                                  : kNotFound;
-        if (i == kNotFound || seen[i]) {
-            continue;
-        }
-        seen[i] = true;
-        std::wstring decoded;
-        if (line.hasValue && line.value != encoded[i].value) {
-            AppendDecoded(m_encoding, line.value, decoded);
-        }
-        if (!line.hasValue ||
-            (line.value != encoded[i].value && decoded != WithoutBreaks(entries[i].value))) {
-            const auto nameEnd = static_cast<std::size_t>(line.name.data() - text.data()) + line.name.size();
-            edited += text.substr(copied, nameEnd - copied);
-            edited += Encode(L"=");
-            edited += encoded[i].value;
-            copied = line.end;
+        insertAt = line.kind != Kind::Blank ? line.next : insertAt;
+        const Entry* const entry = line.kind == Kind::Key ? order.Take(line) : nullptr;
+        if (entry != nullptr && !HoldsValue(line, *entry) && !rewriter.TryReplaceValue(line, entry->value)) {
+            return false;
         }
     }
-    const bool complete = std::find(seen.begin(), seen.end(), false) == seen.end();
-    if (complete && copied == 0) {
-        return;
+    if (!order.IsAnyMissing() && !rewriter.IsChanged()) {
+        return true;
     }
-    if (!complete) {
-        std::string added;
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            if (!seen[i]) {
-                AppendLine(added, encoded[i]);
-            }
-        }
-        edited += text.substr(copied, insertAt - copied);
-        AppendText(edited, added);
-        copied = insertAt;
-    }
-    edited += text.substr(copied, at - copied);
+    rewriter.CopyTo(insertAt);
+    std::string added;
+    const bool fits = order.ForEachMissing([&](const Entry& entry) { return TryAppendLine(added, entry); });
+    AppendText(rewriter.Text(), added);
+    rewriter.CopyTo(FindSectionLine(m_encoding, text, at));
     const Position end = EndOf(section);
-    Replace(section, Piece{std::move(edited), end});
+    if (fits) {
+        Replace(section, Piece{std::move(rewriter.Text()), end});
+    }
+    return fits;
 }
 
 void CPrivateProfile::Replace(Position section, Piece piece) {
     const std::size_t size = Original().size();
-    (section < size ? m_edited[section] : m_added[section - size]) = std::move(piece);
+    if (section >= size) {
+        m_added[section - size] = std::move(piece);
+    } else {
+        m_edited.insert_or_assign(m_edited.end(), section, std::move(piece));
+    }
 }
 
 // What is left of removed sections behind a section belongs to it from now on.
@@ -553,4 +636,5 @@ void CPrivateProfile::ConvertToUtf16() {
         at = line.next;
     }
     *this = CPrivateProfile(std::move(converted));
+    m_isConverted = true;
 }

@@ -40,10 +40,11 @@ public:
     // order. The result has one element a key; no key may be given twice.
     [[nodiscard]] std::vector<std::optional<std::wstring>> GetStrings(
         std::wstring_view section, std::span<const std::wstring_view> keys) const;
-    // By the rules of GetPrivateProfileIntW: a sign, then decimal digits up to what is none (or hexadecimal,
-    // octal, binary ones after 0x, 0o, 0b), modulo 2^32. `missing` for a key that is missing or empty.
+    // By the rules of GetPrivateProfileIntW (ParseProfileInt); `missing` for a key that is missing or empty.
     [[nodiscard]] std::int32_t GetInt(std::wstring_view section, std::wstring_view key,
                                       std::int32_t missing) const;
+    // False while the text is as it was read.
+    [[nodiscard]] bool IsEdited() const;
     // No text but a byte-order mark.
     [[nodiscard]] bool IsEmpty() const;
     [[nodiscard]] bool HasSection(std::wstring_view section) const;
@@ -74,11 +75,6 @@ private:
         bool hasSection = true;  // false once the section is removed: comments and blank lines at most
     };
 
-    struct EncodedEntry {
-        std::string key;
-        std::string value;
-    };
-
     [[nodiscard]] std::string_view Original() const;
     [[nodiscard]] const Piece* FindPiece(Position section) const;
     [[nodiscard]] Position EndOfPositions() const;
@@ -94,10 +90,9 @@ private:
 
     [[nodiscard]] std::string Encode(std::wstring_view text) const;
     void AppendText(std::string& text, std::string_view more) const;
-    void AddSection(std::wstring_view section, std::span<const EncodedEntry> entries);
-    void AppendLine(std::string& text, const EncodedEntry& entry) const;
-    void SetInSection(Position section, std::span<const Entry> entries,
-                      std::span<const EncodedEntry> encoded);
+    [[nodiscard]] bool TrySetInSection(Position section, std::span<const Entry> entries);
+    [[nodiscard]] bool TryAddSection(std::wstring_view section, std::span<const Entry> entries);
+    [[nodiscard]] bool TryAppendLine(std::string& text, const Entry& entry) const;
     void Replace(Position section, Piece piece);
     void AbsorbRemoved(Position section);
     void ConvertToUtf16();
@@ -110,4 +105,5 @@ private:
     // Open-addressing hash table of the first section of each name: position + 1, 0 for a free slot.
     std::vector<Position> m_slots;
     std::size_t m_usedSlots = 0;
+    bool m_isConverted = false;
 };

@@ -84,13 +84,12 @@ FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
     if (!read && read != Status::Missing) {
         return read;
     }
-    CPrivateProfile profile(old);
+    CPrivateProfile profile(std::move(old));
     edit(profile);
-    const std::string bytes = profile.Serialise();
     FileResult saved;
-    if (!read || bytes != old) {
+    if (!read || profile.IsEdited()) {
         saved = files.IsReadOnly(path) ? FileResult{Status::ReadOnly, 0, path}
-                                       : ReplaceFileBytes(files, path, bytes);
+                                       : ReplaceFileBytes(files, path, profile.Serialise());
     }
     if (saved && stamp != nullptr) {
         *stamp = files.Stamp(path);

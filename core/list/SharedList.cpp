@@ -93,12 +93,18 @@ FileResult CSCVShchedulerTaskArray::TrySaveRun(IFileSystem& files, CSCVShchedule
             task.WriteTo(profile, task.m_strIniSection);
         },
         &stamp);
+    task.m_bIsRunUnsaved = !saved && !file.empty();
     if (saved) {
         task.m_tStoredRunTime = StoredInstant(task.m_tLastRunTime);
         // What another program has saved in between is still to be read.
         m_stamp = isKnown ? stamp : std::nullopt;
     }
     return saved;
+}
+
+bool CSCVShchedulerTaskArray::HasUnsavedRun() const {
+    return std::any_of(m_tasks.begin(), m_tasks.end(),
+                       [](const auto& task) { return task->m_bIsRunUnsaved; });
 }
 
 void CSCVShchedulerTaskArray::CopyFrom(const CSCVShchedulerTaskArray& other) {

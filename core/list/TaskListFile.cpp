@@ -10,6 +10,7 @@
 #include "core/list/ProfileFile.h"
 #include "core/list/Storable.h"
 #include "core/list/StoredKeys.h"
+#include "core/list/StoredNumbers.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "util/CaseFold.h"
@@ -45,17 +46,10 @@ std::wstring Quote(std::wstring_view text) {
     return L'\'' + DoubledApostrophes(text) + L'\'';
 }
 
-// Quicker than std::to_wstring, which goes through the C run-time's formatted print.
-template <typename Number>
-std::wstring ToText(Number number) {
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
-}
-
 // The low 32 bits, unsigned; read back as signed, so that instants from 2038-01-19 03:14:08 UTC on become
 // that limit.
 std::wstring FormatTime(std::int64_t instant) {
-    return ToText(static_cast<std::uint32_t>(instant));
+    return FormatNumber(static_cast<std::uint32_t>(instant));
 }
 
 // What the task writes for a key, as it stands in the file.
@@ -63,7 +57,7 @@ std::wstring StoredValue(const CSCVShchedulerTask& task, const StoredKey& key) {
     if (key.IsCommandLine()) {
         return Quote(task.BuildCommandLine());
     }
-    return key.number != nullptr ? ToText(task.*key.number)
+    return key.number != nullptr ? FormatNumber(task.*key.number)
            : key.time != nullptr ? FormatTime(task.*key.time)
                                  : Quote(task.*key.text);
 }
@@ -94,13 +88,13 @@ std::int32_t SectionNumber(std::wstring_view name) {
     }
     const std::wstring_view digits = name.substr(kSectionPrefix.size());
     const std::int32_t number = ParseStoredNumber(digits);
-    return digits == ToText(number) ? number : 0;
+    return digits == FormatNumber(number) ? number : 0;
 }
 
 // Returns the count that stood there before.
 std::int32_t SetCount(CPrivateProfile& profile, std::int32_t count) {
     const std::int32_t oldCount = profile.GetInt(kTaskListSection, kTaskCountKey, 0);
-    const CPrivateProfile::Entry newCount{kTaskCountKey, ToText(count)};
+    const CPrivateProfile::Entry newCount{kTaskCountKey, FormatNumber(count)};
     profile.SetStrings(kTaskListSection, {&newCount, 1});
     return oldCount;
 }
@@ -128,7 +122,7 @@ struct StoredTask {
 }  // namespace
 
 std::wstring TaskSectionName(std::int32_t number) {
-    return std::wstring(kSectionPrefix) + ToText(number);
+    return std::wstring(kSectionPrefix) + FormatNumber(number);
 }
 
 std::vector<std::int32_t> FindTaskSections(const CPrivateProfile& profile, std::int32_t first,
@@ -142,25 +136,6 @@ std::vector<std::int32_t> FindTaskSections(const CPrivateProfile& profile, std::
     std::sort(numbers.begin(), numbers.end());
     numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;
-}
-
-std::int32_t ParseStoredNumber(std::wstring_view text) noexcept {
-    constexpr std::int64_t kHighest = std::numeric_limits<std::int32_t>::max();
-    while (!text.empty() && (text.front() == L' ' || (text.front() >= L'\t' && text.front() <= L'\r'))) {
-        text.remove_prefix(1);
-    }
-    const bool negative = text.starts_with(L'-');
-    if (negative || text.starts_with(L'+')) {
-        text.remove_prefix(1);
-    }
-    std::int64_t number = 0;
-    for (const wchar_t unit : text) {
-        if (unit < L'0' || unit > L'9') {
-            break;
-        }
-        number = std::min(number * 10 + (unit - L'0'), kHighest + 1);
-    }
-    return static_cast<std::int32_t>(negative ? -number : std::min(number, kHighest));
 }
 
 std::int64_t StoredInstant(std::int64_t instant) {
@@ -210,6 +185,7 @@ FileResult CSCVShchedulerTask::TrySaveToIni(IFileSystem& files, const std::wstri
         m_strIniSection = section;
     }
     if (result) {
+        m_bIsRunUnsaved = false;
         m_tStoredRunTime = StoredInstant(m_tLastRunTime);
     }
     return result;
@@ -316,6 +292,7 @@ void CSCVShchedulerTaskArray::RecordPlaces(const std::wstring& file) {
     for (std::size_t i = 0; i < m_tasks.size(); ++i) {
         m_tasks[i]->m_strIniFile = file;
         m_tasks[i]->m_strIniSection = TaskSectionName(static_cast<std::int32_t>(i + 1));
+        m_tasks[i]->m_bIsRunUnsaved = false;
         m_tasks[i]->m_tStoredRunTime = StoredInstant(m_tasks[i]->m_tLastRunTime);
     }
 }

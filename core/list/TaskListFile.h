@@ -25,7 +25,3 @@ inline constexpr std::size_t kLongestNumber = 254;
 
 // What is read back of an instant that is written: from 2038-01-19 03:14:08 UTC on that limit.
 [[nodiscard]] std::int64_t StoredInstant(std::int64_t instant);
-
-// A decimal number as the C run-time reads it: leading blanks, a sign, digits up to the first other
-// character. 0 without digits; what exceeds 32 bits becomes the limit.
-[[nodiscard]] std::int32_t ParseStoredNumber(std::wstring_view text) noexcept;

@@ -67,6 +67,8 @@ public:
     FileResult TakeOverRuns(IFileSystem& files, const std::wstring& file);
     // Saves one task to its section.
     [[nodiscard]] FileResult TrySaveRun(IFileSystem& files, CSCVShchedulerTask& task);
+    // Whether a run that TrySaveRun could not save is still in memory only.
+    [[nodiscard]] bool HasUnsavedRun() const;
     // Copies of the other's tasks take the place of the tasks.
     void CopyFrom(const CSCVShchedulerTaskArray& other);
     // The file now holds `saved`, an earlier copy of this array: each task learns its place in it. One that

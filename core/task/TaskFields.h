@@ -57,4 +57,6 @@ struct TaskFields {
     std::wstring m_strIniSection;
     // The last run that the file held then; a later one in the file is another program's.
     std::int64_t m_tStoredRunTime = 0;
+    // A pass has launched the project, and the file does not hold that run yet.
+    bool m_bIsRunUnsaved = false;
 };

@@ -54,7 +54,6 @@ bool CListSession::ReadPending() {
 void CListSession::Save() {
     if (m_tasks.TrySave(m_platform.files, m_strFile)) {
         m_passRecord.Clear();
-        m_claim.Release();
     }
 }
 

@@ -101,8 +101,8 @@ TEST_F(SharedPass, HeldListIsRunWhileNobodyChangesIt) {
     EXPECT_EQ(second.Pass(), Status::Busy) << "the runs of the first are in no file yet";
     files.Hold(kList, 0);
     EXPECT_TRUE(first.tasks.TrySave(files, kList));
-    first.claim.Release();
     files.Hold(kList, CFakeFileSystem::kForever);
+    EXPECT_TRUE(first.Pass()) << "which releases the claim";
     EXPECT_EQ(second.Pass(), Status::Busy) << "what it read is not what the file holds now";
     files.Hold(kList, 0);
     EXPECT_TRUE(second.Pass());
