@@ -12,16 +12,26 @@ End Function
 ' This function extracts every phone number, one per line and each once, as it is written. A phone number has 7 to 15 digits, may begin with + and may have single spaces, dots, hyphens, slashes and parentheses between its digits. Dates and IP addresses are left out. The result is empty when there is no phone number.
 Function Extract_Phone_Numbers ( text )
 
-	Dim candidates, dates, nonDigits, match, number, digits, known, chunk, separator
+	Dim candidates, nonDigits, match, number, digits, known, chunk, separator, others, numbers
 
-	' A letter before, a number, and a letter after it that is not the x of an extension.
+	' What looks like a number and is none: addresses, what a word names, prices, dates, IP addresses, times, postcodes.
+	others = "https?:\S*|(?:isbn|issn|iban)\S*(?:[ :-]*[\dx]+)+|(?:order|invoice|item|id|ref|account|serial|sku|case" & _
+		"|ticket)\.?(?: ?(?:no|number|nr|id)\.?)?[ :#]*\d+(?!~?\d)|[$\u20ac\u00a3] ?\d[\d.,]*" & _
+		"|\d{4}([-.\/])\d\d?\2\d\d?(?!\d)|\d\d?([-.\/])\d\d?\3(?:\d{4}|\d\d)(?![-.\/]?\d)" & _
+		"|\d{1,3}(?:\.\d{1,3}){3}(?![.\d])|\d\d?:\d\d(?::\d\d)?|\d\d?-\d\d?(?![-\d])|\d\.\d+(?![-.\d])" & _
+		"|\d{1,3}(?:,\d{3})+|(?:\d{4}[ -]){3}\d{4}(?!\d)|\d{16,}|(?:19|20)\d\d[-\u2013](?:19|20)\d\d(?!\d)" & _
+		"|\d{5}-\d{4}(?!\d)|\d{5}(?= (?:\(\d{3}\) ?|\d{3}~)\d{3}~\d{4}(?!\d))"
+	' As in America; seven digits; as in France; with a country code; any other.
+	numbers = "(?:\+?1~?)?(?:\(\d{3}\)~?|\d{3}~)\d{3}~\d{4}(?!~?\d\d?(?!~?\d))(?!\d)" & _
+		"|\d{3}[-.\u2010-\u2013]\d{4}(?!\d)(?!~\d{1,4}(?!~?\d))|0\d(?:~\d\d){4}(?!\d)|(?:\(\+\d{1,4}\)" & _
+		"|\+\d{1,4})~?(?:\(\d{1,5}\)|\d+)(?: ?\/ ?(?!0)\d+)?(?:\/?\d+|~(?!0(?:\d\d|\d{4})(?!\d))\d+)*|\d{10}(?!\d)" & _
+		"|(?:[0178]~)?(?:\(\d{2,5}\)|\d{2,5})(?: ?\/ ?|~)?\d{2,}(?:\/\d+|~(?!0(?:\d\d|\d{4})(?!\d))\d+)*|\d{7,15}(?!\d)"
 	Set candidates = New RegExp
-	candidates.Pattern = "([a-z_#]?)(\+?\(?\d(?:(?: ?[\/-] ?| |\.| ?\(|\)[ .-]?)?\d)*)(?=x\d|([a-z_]?))"
+	candidates.Pattern = "([a-z_#])?(?:" & others & "|(" & numbers & ")(?=[ .,]*(?:x|ext)[a-z.]* ?\d|([a-z_])?))"
+	' What stands between digits.
+	candidates.Pattern = Replace(candidates.Pattern, "~", "(?:[ .\u00a0\u202f\u2009]|[ \u00a0]?[-\u2010-\u2015\u2212][ \u00a0]?)")
 	candidates.Global = True
 	candidates.IgnoreCase = True
-	' What looks like a number and is a date or an IP address.
-	Set dates = New RegExp
-	dates.Pattern = "^(?:\d{4}([.\/-])\d\d?\1\d\d?|\d\d?([.\/-])\d\d?\2\d{4})(?: |$)|^\d{1,3}(?:\.\d{1,3}){3}$"
 	Set nonDigits = New RegExp
 	nonDigits.Pattern = "\D"
 	nonDigits.Global = True
@@ -32,18 +42,16 @@ Function Extract_Phone_Numbers ( text )
 	chunk = ""
 	separator = ""
 	For Each match In candidates.Execute(text)
-		number = match.SubMatches(1)
+		number = match.SubMatches(3)
 		If Left(number, 1) = "(" And InStr(number, ")") = 0 Then number = Mid(number, 2)
 		digits = Len(nonDigits.Replace(number, ""))
-		If Len(match.SubMatches(0) & match.SubMatches(2)) = 0 And digits >= 7 And digits <= 15 Then
-			If Not dates.Test(number) And Not known.Exists(number) Then
-				known(number) = True
-				chunk = chunk & separator & number
-				separator = vbNewLine
-				If Len(chunk) > 4000 Then
-					Extract_Phone_Numbers = Extract_Phone_Numbers & chunk
-					chunk = ""
-				End If
+		If match.SubMatches(0) & match.SubMatches(4) = "" And digits >= 7 And digits <= 15 And Not known.Exists(number) Then
+			known(number) = True
+			chunk = chunk & separator & number
+			separator = vbNewLine
+			If Len(chunk) > 4000 Then
+				Extract_Phone_Numbers = Extract_Phone_Numbers & chunk
+				chunk = ""
 			End If
 		End If
 	Next

@@ -18,7 +18,7 @@ Function Extract_Selected_Text_From_DropDownList ( text )
 	attributes = "([^<>=]*(?:=(?:\s*""[^""]*""|\s*'[^']*'|(?!\s*""[^""]*""|\s*'[^']*'))[^<>=]*)*)"
 
 	Set tags = New RegExp
-	tags.Pattern = "<!--[\s\S]*?(?:-->|$)|<(script|style)(?=[\s\/>])" & attributes & ">[\s\S]*?(?:<\/\1[^>]*>|$)" & _
+	tags.Pattern = "<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<(script|style|datalist|textarea|title)(?=[\s\/>])" & attributes & ">[\s\S]*?(?:<\/\1[^>]*>|$)" & _
 		"|<(\/?)([a-z][^\s\/<>=]*)(?=[\s\/>])" & attributes & ">"
 	tags.Global = True
 	tags.IgnoreCase = True
@@ -70,7 +70,7 @@ End Function
 
 Sub Extract_Selected_Text_From_DropDownList_Add ( list , attributes , content , tags )
 
-	Dim selected, disabled, expression, label
+	Dim selected, disabled, expression, label, match
 
 	selected = Extract_Selected_Text_From_DropDownList_Has(attributes, "selected")
 	disabled = Extract_Selected_Text_From_DropDownList_Has(attributes, "disabled")
@@ -80,7 +80,13 @@ Sub Extract_Selected_Text_From_DropDownList_Add ( list , attributes , content , 
 	expression.Global = True
 	expression.Pattern = "\s+"
 	label = Trim(expression.Replace(tags.Replace(content, ""), " "))
-	label = vbNewLine & Extract_Selected_Text_From_DropDownList_Decode(label)
+	' A browser shows the label in place of the content.
+	expression.IgnoreCase = True
+	expression.Pattern = "(?:^|[\s""'\/])label\s*=\s*(?:""([^""]+)""|'([^']+)'|([^\s""'>]+))"
+	For Each match In expression.Execute(attributes)
+		label = match.SubMatches(0) & match.SubMatches(1) & match.SubMatches(2)
+	Next
+	label = vbNewLine & Html_Decode(label)
 
 	If Not selected Then
 		list(2) = label
@@ -110,8 +116,6 @@ Function Extract_Selected_Text_From_DropDownList_Has ( attributes , name )
 
 End Function
 
-{{INCLUDE Decode.vbs}}
+{{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Entity.vbs}}
-
-{{INCLUDE Character.vbs}}
+{{INCLUDE Html_Character.vbs}}

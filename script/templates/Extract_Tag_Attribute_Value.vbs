@@ -18,8 +18,8 @@ Function Extract_Tag_Attribute_Value ( text , attributeName , unique )
 	attributes = "([^<>=]*(?:=(?:\s*""[^""]*""|\s*'[^']*'|(?!\s*""[^""]*""|\s*'[^']*'))[^<>=]*)*)"
 
 	Set tags = New RegExp
-	tags.Pattern = "<!--[\s\S]*?(?:-->|$)" & _
-		"|<(script|style)(?=[\s\/>])" & attributes & ">[\s\S]*?(?:<\/\1[^>]*>|$)" & _
+	tags.Pattern = "<!--(?:-?>|[\s\S]*?(?:--!?>|$))" & _
+		"|<(script|style|textarea|title|xmp|iframe|noembed|noframes)(?=[\s\/>])" & attributes & ">[\s\S]*?(?:<\/\1[^>]*>|$)" & _
 		"|<[a-z][^\s\/<>=]*(?=[\s\/>])" & attributes & ">"
 	tags.Global = True
 	tags.IgnoreCase = True
@@ -38,7 +38,7 @@ Function Extract_Tag_Attribute_Value ( text , attributeName , unique )
 			For Each pair In pairs.Execute(tag.SubMatches(1) & tag.SubMatches(2))
 				If LCase(pair.SubMatches(0)) = LCase(attributeName) Then
 					value = pair.SubMatches(1) & pair.SubMatches(2) & pair.SubMatches(3)
-					value = Extract_Tag_Attribute_Value_Decode(value)
+					value = Html_Decode(value)
 					If Not (CStr(unique) = "1" And known.Exists(value)) Then
 						known(value) = True
 						chunk = chunk & separator & value
@@ -57,8 +57,6 @@ Function Extract_Tag_Attribute_Value ( text , attributeName , unique )
 
 End Function
 
-{{INCLUDE Decode.vbs}}
+{{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Entity.vbs}}
-
-{{INCLUDE Character.vbs}}
+{{INCLUDE Html_Character.vbs}}

@@ -19,5 +19,5 @@ function Split_String ( text , strDelimiter , strItemIndex , reverseOrder ) {
 	}
 
 	// What is no number is the index of no item.
-	return items[Number(strItemIndex)] || "";
+	return /^\d{1,9}$/.test(strItemIndex) && items[Number(strItemIndex)] || "";
 }

@@ -12,7 +12,7 @@ End Function
 ' This function splits the text at every occurrence of the string specified in the strDelimiter parameter and returns one of the items. The strItemIndex parameter is the number of the item: 0 - the first item, 1 - the second item, and so on; when it is empty, all items are returned, one per line. The reverseOrder parameter specifies how items are counted and can have one of the following values: 0 - from the first item to the last, 1 - from the last item to the first. The result is empty when there is no item of that number.
 Function Split_String ( text , strDelimiter , strItemIndex , reverseOrder )
 
-	Dim chunk, items, index, reverse
+	Dim chunk, items, index, reverse, digits
 
 	Split_String = ""
 	If Len(text) = 0 Then Exit Function
@@ -25,9 +25,11 @@ Function Split_String ( text , strDelimiter , strItemIndex , reverseOrder )
 	reverse = CStr(reverseOrder) = "1"
 
 	If Len(strItemIndex) > 0 Then
-		If Not IsNumeric(strItemIndex) Then Exit Function
-		index = CDbl(strItemIndex)
-		If index < 0 Or index > UBound(items) Or index <> Int(index) Then Exit Function
+		Set digits = New RegExp
+		digits.Pattern = "^\d{1,9}$"
+		If Not digits.Test(strItemIndex) Then Exit Function
+		index = CLng(strItemIndex)
+		If index > UBound(items) Then Exit Function
 		If reverse Then index = UBound(items) - index
 		Split_String = items(index)
 	ElseIf Not reverse Then

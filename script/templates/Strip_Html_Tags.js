@@ -11,7 +11,7 @@ function {{MAIN_FUNCTION_NAME}} ( text, url ) {
 function Strip_Html_Tags ( text ) {
 	// What follows the name in a tag; quoted values may hold any character, elsewhere < and > end the tag.
 	var attributes = "[^<>=]*(?:=(?:\\s*\"[^\"]*\"|\\s*'[^']*'|(?!\\s*\"[^\"]*\"|\\s*'[^']*'))[^<>=]*)*";
-	var expression = new RegExp("<!--[\\s\\S]*?(?:-->|$)|<[!?][^>]*>" +
+	var expression = new RegExp("<!--(?:-?>|[\\s\\S]*?(?:--!?>|$))|<[!?][^>]*>" +
 		"|<(script|style)(?=[\\s\\/>])" + attributes + ">[\\s\\S]*?(?:<\\/\\1[^>]*>|$)" +
 		"|<\\/?[a-z]" + attributes + ">", "gi");
 

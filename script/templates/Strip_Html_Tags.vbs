@@ -18,7 +18,7 @@ Function Strip_Html_Tags ( text )
 	attributes = "[^<>=]*(?:=(?:\s*""[^""]*""|\s*'[^']*'|(?!\s*""[^""]*""|\s*'[^']*'))[^<>=]*)*"
 
 	Set expression = New RegExp
-	expression.Pattern = "<!--[\s\S]*?(?:-->|$)|<[!?][^>]*>" & _
+	expression.Pattern = "<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<[!?][^>]*>" & _
 		"|<(script|style)(?=[\s\/>])" & attributes & ">[\s\S]*?(?:<\/\1[^>]*>|$)" & _
 		"|<\/?[a-z]" & attributes & ">"
 	expression.Global = True

@@ -23,7 +23,7 @@ Function Strip_Html_Tags_2 ( text )
 
 	expression.Pattern = "\s+"
 	plain = expression.Replace(text, " ")
-	expression.Pattern = "<!--[\s\S]*?(?:-->|$)|<[!?][^>]*>" & _
+	expression.Pattern = "<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<[!?][^>]*>" & _
 		"|<(script|style)(?=[\s\/>])" & attributes & ">[\s\S]*?(?:<\/\1[^>]*>|$)"
 	plain = expression.Replace(plain, "")
 	expression.Pattern = "<\/?(?:address|article|aside|blockquote|body|br|caption|dd|div|dl|dt|fieldset|figure|footer|form" & _
@@ -42,12 +42,10 @@ Function Strip_Html_Tags_2 ( text )
 	plain = expression.Replace(plain, vbNewLine)
 	expression.Pattern = "\S(?:[\s\S]*\S)?"
 	Strip_Html_Tags_2 = ""
-	If expression.Test(plain) Then Strip_Html_Tags_2 = Strip_Html_Tags_2_Decode(expression.Execute(plain)(0).Value)
+	If expression.Test(plain) Then Strip_Html_Tags_2 = Html_Decode(expression.Execute(plain)(0).Value)
 
 End Function
 
-{{INCLUDE Decode.vbs}}
+{{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Entity.vbs}}
-
-{{INCLUDE Character.vbs}}
+{{INCLUDE Html_Character.vbs}}

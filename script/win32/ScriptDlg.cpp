@@ -435,7 +435,12 @@ void CScriptDlg::OnSave() {
 
 void CScriptDlg::OnOK() {
     m_strLanguage = Language();
+    const DWORD caret = m_script.GetSel().second;
     if (Parse(false)) {
         CResizingDialog::OnOK();
+        // A refused text is selected, and the next key would replace the script.
+        if (IsWindow(m_script.m_hWnd) != FALSE) {
+            m_script.SetSel(caret, caret);
+        }
     }
 }

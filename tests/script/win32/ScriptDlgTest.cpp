@@ -352,8 +352,9 @@ TEST_F(ScriptDlg, LongScriptsOpenAndRunAndEndAtTheLimit) {
         Type(script + L"/");
         EXPECT_EQ(Script(), script);
         SetDlgItemTextW(window, IDC_SCRIPT_TEXT, (script + L"/").c_str());
+        CEdit(Item(IDC_SCRIPT_TEXT)).SetSel(3, 5);
         Press(window, IDOK);
-        EXPECT_EQ(CEdit(Item(IDC_SCRIPT_TEXT)).GetSel(), std::pair(0UL, 32'769UL));
+        EXPECT_EQ(CEdit(Item(IDC_SCRIPT_TEXT)).GetSel(), std::pair(5UL, 5UL));
         Press(window, IDCANCEL);
     }});
     EXPECT_EQ(dialog.DoModal(L""), IDCANCEL);

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <fstream>
 #include <map>
 #include <regex>
 #include <thread>
@@ -14,6 +15,7 @@
 #include "script/win32/ActiveScriptController.h"
 #include "script/win32/ResourceScriptTexts.h"
 #include "tests/support/MessageRecorder.h"
+#include "util/Utf8.h"
 #include "util/win32/ComApartment.h"
 
 namespace {
@@ -187,6 +189,9 @@ TEST_F(Template, SplitString) {
                             {{L", ", L"0", L"1"}, L"a, b, c", L"c"},
                             {{L", ", L"3", L"0"}, L"a, b, c", L""},
                             {{L", ", L"x", L"0"}, L"a, b, c", L""},
+                            {{L", ", L" ", L"0"}, L"a, b, c", L""},
+                            {{L", ", L"0x1", L"0"}, L"a, b, c", L""},
+                            {{L", ", L"&H1", L"0"}, L"a, b, c", L""},
                             {{L", ", L"", L"0"}, L"a, b, c", L"a\r\nb\r\nc"},
                             {{L", ", L"", L"1"}, L"a, b, c", L"c\r\nb\r\na"},
                             {{L"\"", L"1", L"0"}, L"a\"b\"c", L"b"},
@@ -229,6 +234,45 @@ TEST_F(Template, EmailAddressesAndPhoneNumbers) {
          {{}, L"2026-11-21 10:30, 21.11.2026, 11/21/2026 192.168.100.200 123456 &#5551234;", L""},
          {{}, L"4111 1111 1111 1111, a5551234, 5551234b, item_5551234, 555  1234", L""},
          {{}, L"1234567,123456789012345,1234567890123456", L"1234567\r\n123456789012345"}});
+}
+
+// A text of the table with \\uXXXX, \\r, \\n and \\t written out, and " | " as the end of a line.
+std::wstring Unescaped(const std::string& text) {
+    std::wstring result = std::regex_replace(FromUtf8(text), std::wregex(L" \\| "), L"\r\n");
+    std::wsmatch code;
+    while (std::regex_search(result, code, std::wregex(L"\\\\u([0-9a-f]{4})"))) {
+        const auto unit = static_cast<wchar_t>(std::stoi(code[1], nullptr, 16));
+        result = code.prefix().str() + unit + code.suffix().str();
+    }
+    for (const auto& [escape, character] :
+         {std::pair(L"\\\\r", L"\r"), {L"\\\\n", L"\n"}, {L"\\\\t", L"\t"}}) {
+        result = std::regex_replace(result, std::wregex(escape), character);
+    }
+    return result;
+}
+
+// At least 95 in 100 of the texts, which are no more than examples.
+TEST_F(Template, PhoneNumbersThatAReaderMarks) {
+    std::ifstream file(SCV_PHONE_NUMBERS);
+    std::string line;
+    int rows = 0;
+    int missed = 0;
+    while (std::getline(file, line)) {
+        std::smatch row;
+        if (!std::regex_match(line, row, std::regex("([^#\t][^\t]*)\t([^\t]*)\t([^\t]*)"))) {
+            continue;
+        }
+        ++rows;
+        const bool isMissed = row.str(1).starts_with("missed: ");
+        missed += isMissed ? 1 : 0;
+        for (const std::int32_t number : {61326, 62011}) {
+            const std::wstring found = Run(Language(number), Script(number, {}), Unescaped(row[2]));
+            EXPECT_EQ(found == Unescaped(row[3]), !isMissed)
+                << number << ' ' << line << " gave " << ToUtf8(found);
+        }
+    }
+    EXPECT_GE(rows, 200);
+    EXPECT_LE(missed, rows / 20);
 }
 
 TEST_F(Template, StripHtmlTags) {
@@ -283,6 +327,11 @@ TEST_F(Template, SelectedTextFromDropDownList) {
           L"<select multiple><option selected='selected'>a<option>b<optgroup><option selected/>c</optgroup>x"
           L"</select><select multiple='multiple'><option>d</select>",
           L"a\r\nc"},
+         {{},
+          L"<datalist><option>x<option>y</datalist><select><option label=a>1<option label='' "
+          L"selected>2</select>",
+          L"2"},
+         {{}, L"<select><option label='a &amp; b'>1</select>", L"a & b"},
          {{}, L"<option>a<option selected>b<option selected>c<!-- </option><option selected>d -->", L"c"}});
 }
 
