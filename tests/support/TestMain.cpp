@@ -24,7 +24,7 @@ static bool IsHeapWhole() {
 namespace {
 
 // Ends the process, with a failure code and the test's name, when one test takes longer than SCV_TEST_TIMEOUT
-// seconds (120 when that is unset): a dialog that nobody answers would wait for ever.
+// seconds (300 when that is unset): a dialog that nobody answers would wait for ever.
 class Watchdog final : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override { m_ticks = 0; }
     void OnTestEnd(const testing::TestInfo&) override {
@@ -34,7 +34,7 @@ class Watchdog final : public testing::EmptyTestEventListener {
     void OnTestProgramStart(const testing::UnitTest& program) override {
         std::thread([this, &program] {
             const char* const timeout = std::getenv("SCV_TEST_TIMEOUT");
-            const int seconds = timeout == nullptr ? 120 : std::atoi(timeout);
+            const int seconds = timeout == nullptr ? 300 : std::atoi(timeout);
             while (m_ticks < 5 * seconds) {
                 std::this_thread::sleep_for(std::chrono::milliseconds(200));
                 m_ticks += m_ticks < 0 ? 0 : 1;
