@@ -17,6 +17,15 @@ public:
     // FALSE when the system cannot make it.
     BOOL Create(const CWnd& parent);
     BOOL AddTool(HWND control, const std::wstring& text) const;
+    // A tool whose text the parent gives each time, on TTN_GETDISPINFO; DelTool takes it and its tooltip
+    // away.
+    BOOL AddTool(HWND control) const;
+    void DelTool(HWND control) const;
+    // Lets texts have several lines, and breaks those that are wider than so many pixels where they have
+    // blanks.
+    void SetMaxTipWidth(int width) const;
+    // For how many milliseconds a tooltip stays, at most 32767.
+    void SetAutoPopTime(int milliseconds) const;
     void Activate(bool activate) const;
     // To be given every message of the thread before it is dispatched; nothing happens before Create.
     void RelayEvent(MSG* message) const;

@@ -22,6 +22,7 @@
 namespace {
 
 constexpr UINT kTimerPeriod = 2000;  // milliseconds
+constexpr int kTipTime = 30'000;     // milliseconds, for all that there is to read about a row
 constexpr wchar_t kSection[] = L"CSCVSchedulerDlg";
 constexpr wchar_t kSortColumn[] = L"sortColumnIndex";
 constexpr wchar_t kAscending[] = L"ascSort";
@@ -80,7 +81,8 @@ CSCVSchedulerDlg::CSCVSchedulerDlg(const CPlatform& platform, std::wstring taskL
       m_session(platform, std::move(taskListPath)),
       m_list(m_session.Tasks(), m_platform.clock),
       m_editor(*this, m_list, m_platform.clock),
-      m_commands(*this, m_platform, m_session, m_list, m_editor) {}
+      m_commands(*this, m_platform, m_session, m_list, m_editor),
+      m_rowTip(m_toolTip, m_list, m_session.Tasks(), m_platform) {}
 
 CSCVSchedulerDlg::~CSCVSchedulerDlg() {
     if (m_hWnd != nullptr) {
@@ -138,6 +140,8 @@ bool CSCVSchedulerDlg::CreateToolTips() {
     }
     ForEachIconButton(
         [this](int button, int) { m_toolTip.AddTool(GetDlgItem(button), GetDlgItemText(button)); });
+    m_toolTip.SetMaxTipWidth(GetSystemMetrics(SM_CXSCREEN) * 2 / 3);
+    m_toolTip.SetAutoPopTime(kTipTime);
     m_toolTip.Activate(true);
     return true;
 }
@@ -162,6 +166,7 @@ void CSCVSchedulerDlg::SetOpeningSize() {
 }
 
 BOOL CSCVSchedulerDlg::PreTranslateMessage(MSG* message) {
+    m_rowTip.Follow(*message);
     m_toolTip.RelayEvent(message);
     if (message->message == WM_KEYDOWN && message->wParam == VK_DELETE && message->hwnd == m_list.m_hWnd) {
         m_commands.OnDeleteProject();
@@ -209,6 +214,7 @@ BOOL CSCVSchedulerDlg::OnCommand(int id, UINT code, HWND control) {
         return FALSE;
     }
     if (control != nullptr && m_editor.OnCommand(id, code)) {
+        m_rowTip.Hide();
         return TRUE;
     }
     if (code != BN_CLICKED) {
@@ -234,7 +240,14 @@ BOOL CSCVSchedulerDlg::OnNotify(NMHDR* header, LRESULT*) {
         OnListNotify(*header);
         return FALSE;
     }
-    return m_editor.OnNotify(*header);
+    if (m_rowTip.OnGetDispInfo(*reinterpret_cast<NMTTDISPINFOW*>(header))) {
+        return TRUE;
+    }
+    const BOOL isHandled = m_editor.OnNotify(*header);
+    if (isHandled) {
+        m_rowTip.Hide();
+    }
+    return isHandled;
 }
 
 void CSCVSchedulerDlg::OnListNotify(const NMHDR& header) {
@@ -247,6 +260,7 @@ void CSCVSchedulerDlg::OnListNotify(const NMHDR& header) {
             if (m_list.IsFilling() || (change.uChanged & LVIF_STATE) == 0) {
                 break;
             }
+            m_rowTip.Hide();
             m_list.OnItemChanged(change);
             if ((change.uNewState & LVIS_FOCUSED) != 0) {
                 m_editor.Load(change.iItem);
@@ -254,6 +268,9 @@ void CSCVSchedulerDlg::OnListNotify(const NMHDR& header) {
             m_editor.FollowSelection();
             break;
         }
+        case LVN_DELETEALLITEMS:
+            m_rowTip.Hide();
+            break;
         case LVN_COLUMNCLICK:
             m_list.TurnSortColumn(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
             break;
@@ -322,9 +339,14 @@ void CSCVSchedulerDlg::OnTimer() {
         m_commands.FillProjectList();
         m_commands.SelectFirstRow();
     }
-    if (const std::string error = m_session.RunDueProjects([this] { Invalidate(); }); !error.empty()) {
+    if (const std::string error = m_session.RunDueProjects([this] { OnRun(); }); !error.empty()) {
         AfxReportException(error.c_str());
     }
+}
+
+void CSCVSchedulerDlg::OnRun() {
+    m_rowTip.Hide();
+    Invalidate();
 }
 
 void CSCVSchedulerDlg::OnLocalTimeChanged() {

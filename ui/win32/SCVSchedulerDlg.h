@@ -12,6 +12,7 @@
 #include "ui/model/ListSession.h"
 #include "ui/win32/ProjectCommands.h"
 #include "ui/win32/ProjectList.h"
+#include "ui/win32/RowTip.h"
 #include "ui/win32/TaskEditor.h"
 #include "ui/win32/TrayIcon.h"
 
@@ -47,6 +48,7 @@ private:
     void SetOpeningSize();
     void OnShowWindow(bool show);
     void OnTimer();
+    void OnRun();
     void OnLocalTimeChanged();
     void OnTrayMessage(UINT mouseMessage);
     void OnHandOver(const COPYDATASTRUCT* data);
@@ -61,6 +63,7 @@ private:
     CTaskEditor m_editor;
     CProjectCommands m_commands;
     CToolTipCtrl m_toolTip;
+    CRowTip m_rowTip;
     CTrayIcon m_trayIcon;
     std::vector<CIconHandle> m_icons;
 

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+
+#include "core/platform/Platform.h"
+#include "framework/ToolTipCtrl.h"
+#include "ui/win32/ProjectList.h"
+
+class CSCVShchedulerTaskArray;
+
+// Shows what HoverText says about the project on which the mouse rests, in the dialog's tooltip control. The
+// text is worked out when the tooltip comes up, not before.
+class CRowTip {
+public:
+    // All of it outlives the object, and nothing is owned.
+    CRowTip(const CToolTipCtrl& toolTip, const CProjectList& list, const CSCVShchedulerTaskArray& tasks,
+            const CPlatform& platform) noexcept
+        : m_toolTip(toolTip), m_list(list), m_tasks(tasks), m_platform(platform) {}
+
+    // To be given every message before the tooltip control is.
+    void Follow(const MSG& message);
+    // Takes the tooltip away until the mouse moves again: what it shows may no longer be so.
+    void Hide();
+    // The tooltip control's request for the text. True when it is about a row.
+    bool OnGetDispInfo(NMTTDISPINFOW& request);
+
+private:
+    const CToolTipCtrl& m_toolTip;
+    const CProjectList& m_list;
+    const CSCVShchedulerTaskArray& m_tasks;
+    const CPlatform& m_platform;
+    int m_row = -1;       // the tool is there for this one; -1 without a tool
+    std::wstring m_text;  // lent to the tooltip control
+};
