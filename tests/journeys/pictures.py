@@ -45,10 +45,11 @@ class Photographer(Steps):
         self.desktop = Desktop(self.wine, folder)
         self.scheduler = Scheduler(self.wine)
 
-    def take(self, place, name):
-        """Keeps a part of the screen, without the mouse on it."""
+    def take(self, place, name, hides_mouse=True):
+        """Keeps a part of the screen."""
         left, top, right, bottom = place
-        self.desktop.xdotool("mousemove", 2, 2)
+        if hides_mouse:
+            self.desktop.xdotool("mousemove", 2, 2)
         self.desktop.paint()
         subprocess.run(["import", "-window", "root", "-crop", f"{right - left}x{bottom - top}+{left}+{top}", "+repage",
                         self.folder / f"{name}.png"], check=True)
@@ -72,6 +73,12 @@ class Photographer(Steps):
         _, window = self.start()
         self.select(window, 3)
         self.take(window.place, "window")
+        self.select(window, 1)
+        self.desktop.xdotool("mousemove_relative", 3, 0)
+        tip = until("what is known of the row is shown", lambda: self.desktop.of_class("tooltips_class32"))
+        self.take([*window.place[:2], max(tip["place"][2], window.place[0] + 540 * self.scale // 100),
+                   tip["place"][3] + 60], "guide-hover", hides_mouse=False)
+        self.select(window, 3)
         window.tick(ids.IDC_GENERATE_URLS)
         window.click(ids.IDC_SCRIPT_FILE_BROWSE)
         editor = self.make_left_script()
