@@ -1,7 +1,7 @@
 ' The text with each sequence %XX (UTF-8, otherwise Latin-1) and what the other expression finds replaced by its character.
 Function Url_Decode ( text , others )
 
-	Dim sequences, match, position, chunk, code, byte, count
+	Dim sequences, match, position, chunk, code, octet, count
 
 	Set sequences = New RegExp
 	sequences.Pattern = others & "%(?:[0-7]x|(?:c[2-9a-f]|dx)t|(?:e0(?=%[ab])|e[1-9abcef]|ed(?=%[89]))tt|" & _
@@ -22,8 +22,8 @@ Function Url_Decode ( text , others )
 			If LCase(Mid(match.Value, 2, 1)) = "u" Then
 				code = CLng("&H" & Mid(match.Value, 3, 2)) * 256 + CLng("&H" & Mid(match.Value, 5))
 			Else
-				For Each byte In Split(Mid(match.Value, 2), "%")
-					code = code * 64 + CLng("&H" & byte)
+				For Each octet In Split(Mid(match.Value, 2), "%")
+					code = code * 64 + CLng("&H" & octet)
 				Next
 				' What the bytes' upper bits add.
 				If match.Length = 6 Then code = code - 12416
