@@ -10,7 +10,7 @@
 declare -A packages=(
     [build]="g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix cmake ninja-build googletest libcli11-dev
              nlohmann-json3-dev python3"
-    [wine64]="wine64 fonts-wine python3-bs4 python3-html5lib python3-soupsieve"
+    [wine64]="wine64 fonts-wine python3-bs4 python3-html5lib python3-jsonschema python3-soupsieve"
     [desktop]="xvfb xdotool imagemagick libx11-6"
     [wine32]="debootstrap util-linux mount"
     [checks]="g++ clang clang-format clang-tidy cppcheck libclang-rt-14-dev valgrind libc6-dbg tzdata shellcheck"

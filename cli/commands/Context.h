@@ -6,6 +6,7 @@
 #include <iosfwd>
 #include <ostream>
 #include <string>
+#include <vector>
 
 #include "cli/options/Arguments.h"
 #include "cli/report/Text.h"
@@ -13,6 +14,23 @@
 #include "core/platform/Platform.h"
 
 class CSCVShchedulerTaskArray;
+
+// Starts what the user wants to have started when a launch fails.
+class IFailureCommand {
+public:
+    IFailureCommand() = default;
+    IFailureCommand(const IFailureCommand&) = delete;
+    IFailureCommand& operator=(const IFailureCommand&) = delete;
+    virtual ~IFailureCommand() = default;
+
+    // Starts the command line through the command interpreter, with the texts in the environment variables
+    // SCV_PROJECT and SCV_RESULT, and does not wait for it. Returns why it could not be started, else an
+    // empty text.
+    [[nodiscard]] virtual std::wstring Start(const std::wstring& command, const std::wstring& project,
+                                             const std::wstring& result) = 0;
+    // The exit codes, but for 0, of the commands that have ended since the last call.
+    [[nodiscard]] virtual std::vector<std::uint32_t> TakeFailures() = 0;
+};
 
 // What a subcommand works with. Owns nothing.
 struct Context {
@@ -29,6 +47,13 @@ struct Context {
     std::function<std::string()> tryClaimEditing;
     // Moves a list of an earlier version to where the list is, unless there is one.
     std::function<void()> settleList;
+    // The files, not folders, that match a pattern (* and ? in the name) as full paths, in the order of their
+    // names.
+    std::function<std::vector<std::wstring>(const std::wstring& pattern)> findFiles;
+    // Changes whenever the file is written or replaced; empty while there is none. Costs no reading of the
+    // file.
+    std::function<std::string(const std::wstring& file)> fileStamp;
+    IFailureCommand& failureCommand;
     // True as soon as the user wants to end, false after the time.
     std::function<bool(unsigned ms)> waitForStop;
 
@@ -40,6 +65,11 @@ struct Context {
     template <typename... Parts>
     void Complain(const Parts&... parts) const {
         err << Join("scvsched: ", parts...) << std::endl;
+    }
+    // As Complain, for what does not keep the subcommand from its work.
+    template <typename... Parts>
+    void Warn(const Parts&... parts) const {
+        Complain("warning: ", parts...);
     }
 };
 

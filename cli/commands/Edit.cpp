@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <array>
 
+#include "cli/commands/TaskSelection.h"
 #include "cli/report/ChangeReport.h"
 #include "cli/report/Refusal.h"
 #include "core/launch/ExtractionProgram.h"
 #include "core/list/Storable.h"
 #include "core/platform/Clock.h"
+#include "core/platform/Shell.h"
 #include "core/task/NewProject.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "core/task/TaskDays.h"
-#include "util/CaseFold.h"
 #include "util/Path.h"
 
 namespace {
@@ -46,28 +47,6 @@ void RequireKept(const CSCVShchedulerTask& task) {
     }
 }
 
-void RequireListed(const std::vector<std::wstring>& paths, const CSCVShchedulerTaskArray& tasks) {
-    for (const std::wstring& path : paths) {
-        if (tasks.FindTask(path) < 0) {
-            throw CRefusal(Join("no task of the list has the project ", path));
-        }
-    }
-}
-
-// Calls `change` with each task that the command line names. Throws CRefusal, before that, for a path that
-// names none.
-template <typename Change>
-void ForEachNamed(const std::vector<std::wstring>& paths, CSCVShchedulerTaskArray& tasks, Change change) {
-    RequireListed(paths, tasks);
-    for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
-        CSCVShchedulerTask& task = *tasks[i];
-        if (std::any_of(paths.begin(), paths.end(),
-                        [&](const auto& path) { return EqualNoCase(path, task.m_strProjectPath); })) {
-            change(task);
-        }
-    }
-}
-
 void AddProject(const std::wstring& path, const Job& job, CSCVShchedulerTaskArray& tasks,
                 CChangeReport& report) {
     if (!IsProjectExtension(GetFileExtension(path))) {
@@ -86,16 +65,46 @@ void AddProject(const std::wstring& path, const Job& job, CSCVShchedulerTaskArra
     report.Add("added", task);
 }
 
-int SwitchTasks(const Job& job, std::int32_t flag) {
+// The projects to add: a pattern stands for the files that match it.
+std::vector<std::wstring> NewProjects(const Job& job) {
+    std::vector<std::wstring> projects;
+    for (const std::wstring& name : job.arguments.paths) {
+        if (!IsPattern(name)) {
+            projects.push_back(name);
+            continue;
+        }
+        const std::vector<std::wstring> found = job.context.findFiles(name);
+        if (found.empty()) {
+            throw CRefusal(Join("no file matches ", name));
+        }
+        projects.insert(projects.end(), found.begin(), found.end());
+    }
+    return projects;
+}
+
+// Calls `change` with each task that the command line names; it returns whether the task is another one now.
+template <typename Change>
+int ChangeNamed(const Job& job, std::string_view name, Change change) {
     EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
-        ForEachNamed(job.arguments.paths, tasks, [&](CSCVShchedulerTask& task) {
-            if ((task.m_bEnable != 0) != (flag != 0)) {
-                task.m_bEnable = flag;
-                report.Add(flag != 0 ? "enabled" : "disabled", task);
+        for (CSCVShchedulerTask* task : SelectTasks(tasks, job.arguments.paths)) {
+            if (change(*task)) {
+                report.Add(name, *task);
+            } else {
+                report.AddUnchanged(*task);
             }
-        });
+        }
     });
     return kFine;
+}
+
+int SwitchTasks(const Job& job, std::int32_t flag) {
+    return ChangeNamed(job, flag != 0 ? "enabled" : "disabled", [&](CSCVShchedulerTask& task) {
+        const bool changes = (task.m_bEnable != 0) != (flag != 0);
+        if (changes) {
+            task.m_bEnable = flag;
+        }
+        return changes;
+    });
 }
 
 }  // namespace
@@ -103,11 +112,16 @@ int SwitchTasks(const Job& job, std::int32_t flag) {
 void EditList(const Job& job,
               const std::function<void(CSCVShchedulerTaskArray& tasks, CChangeReport& report)>& edit) {
     const Context& context = job.context;
+    const Arguments& arguments = job.arguments;
     CChangeReport report;
-    const auto write = [&] { context.out << report.Write(context.list, job.now, job.arguments.json); };
-    if (const FileResult saved =
-            job.tasks.TryEdit(context.platform.files, context.list, [&] { edit(job.tasks, report); });
-        !saved) {
+    const auto write = [&] {
+        context.out << report.Write(context.list, job.now, arguments.json, arguments.dryRun);
+    };
+    if (arguments.dryRun) {
+        edit(job.tasks, report);
+    } else if (const FileResult saved =
+                   job.tasks.TryEdit(context.platform.files, context.list, [&] { edit(job.tasks, report); });
+               !saved) {
         if (report.HasLaunches()) {
             write();  // a project that was launched runs all the same
         }
@@ -117,29 +131,30 @@ void EditList(const Job& job,
 }
 
 int AddProjects(const Job& job) {
+    const std::vector<std::wstring> projects = NewProjects(job);
     EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
-        for (const std::wstring& path : job.arguments.paths) {
+        for (const std::wstring& path : projects) {
             AddProject(path, job, tasks, report);
         }
     });
+    for (const std::wstring& path : projects) {
+        if (!job.context.platform.shell.FileExists(path)) {
+            job.context.Warn(path, " does not exist; the task fails until it does");
+        }
+    }
     return kFine;
 }
 
 int SetTasks(const Job& job) {
     const TaskChanges& changes = job.arguments.changes;
-    EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
-        ForEachNamed(job.arguments.paths, tasks, [&](CSCVShchedulerTask& task) {
-            const TaskRecord before(task);
-            changes.ApplyTo(task, job.now);
-            if (changes.ChangesCommands()) {
-                RequireKept(task);
-            }
-            if (TaskRecord(task) != before) {
-                report.Add("set", task);
-            }
-        });
+    return ChangeNamed(job, "set", [&](CSCVShchedulerTask& task) {
+        const TaskRecord before(task);
+        changes.ApplyTo(task, job.now);
+        if (changes.ChangesCommands()) {
+            RequireKept(task);
+        }
+        return TaskRecord(task) != before;
     });
-    return kFine;
 }
 
 int EnableTasks(const Job& job) {
@@ -152,24 +167,30 @@ int DisableTasks(const Job& job) {
 
 int RemoveTasks(const Job& job) {
     EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
-        ForEachNamed(job.arguments.paths, tasks,
-                     [&](CSCVShchedulerTask& task) { report.AddRemoved(task, job.now); });
-        for (const std::wstring& path : job.arguments.paths) {
-            while (tasks.RemoveTask(path) != 0) {
+        for (CSCVShchedulerTask* task : SelectTasks(tasks, job.arguments.paths)) {
+            report.AddRemoved(*task, job.now);
+        }
+        for (std::ptrdiff_t i = tasks.GetSize(); i-- > 0;) {
+            const std::wstring& project = tasks[i]->m_strProjectPath;
+            if (std::any_of(job.arguments.paths.begin(), job.arguments.paths.end(),
+                            [&](const auto& name) { return NamesProject(name, project); })) {
+                tasks.RemoveTaskAt(i);
             }
         }
     });
     return kFine;
 }
 
-int RunProject(const Job& job) {
+int RunProjects(const Job& job) {
     const CPlatform& platform = job.context.platform;
-    bool isLaunched = false;
+    bool areLaunched = true;
     EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
-        RequireListed(job.arguments.paths, tasks);
-        CSCVShchedulerTask& task = *tasks[tasks.FindTask(job.arguments.paths.front())];
-        isLaunched = task.Run(platform.shell, platform.clock) != 0;
-        report.Add(kLaunched, task);
+        for (CSCVShchedulerTask* task : SelectTasks(tasks, job.arguments.paths)) {
+            if (!job.arguments.dryRun && task->Run(platform.shell, platform.clock) == 0) {
+                areLaunched = false;
+            }
+            report.Add(kLaunched, *task);
+        }
     });
-    return isLaunched ? kFine : kFindings;
+    return areLaunched ? kFine : kFindings;
 }

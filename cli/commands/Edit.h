@@ -16,8 +16,8 @@ class CSCVShchedulerTaskArray;
 [[nodiscard]] int EnableTasks(const Job& job);
 [[nodiscard]] int DisableTasks(const Job& job);
 [[nodiscard]] int RemoveTasks(const Job& job);
-// kFindings when the project could not be launched.
-[[nodiscard]] int RunProject(const Job& job);
+// kFindings when a project could not be launched; the others are all the same.
+[[nodiscard]] int RunProjects(const Job& job);
 
 // Loads the list afresh, lets `edit` change and report its tasks, saves it and writes the report, as one step
 // that no other program sees the middle of. Throws CRefusal when it cannot be saved.

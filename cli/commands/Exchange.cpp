@@ -1,9 +1,12 @@
 #include "cli/commands/Exchange.h"
 
+#include <functional>
 #include <istream>
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <set>
+#include <vector>
 
 #include "cli/commands/Edit.h"
 #include "cli/report/ChangeReport.h"
@@ -20,9 +23,62 @@
 
 namespace {
 
+// Refuses (CRefusal) an object that has a key twice, of which the parser would keep one.
+class KeyWatch {
+public:
+    bool operator()(int /*depth*/, Json::parse_event_t event, const Json& parsed) {
+        switch (event) {
+            case Json::parse_event_t::object_start:
+            case Json::parse_event_t::array_start:
+                m_open.emplace_back().isArray = event == Json::parse_event_t::array_start;
+                break;
+            case Json::parse_event_t::key:
+                Enter(parsed.get_ref<const std::string&>());
+                break;
+            case Json::parse_event_t::object_end:
+            case Json::parse_event_t::array_end:
+                m_open.pop_back();
+                [[fallthrough]];
+            case Json::parse_event_t::value:
+                if (!m_open.empty()) {
+                    ++m_open.back().index;
+                }
+                break;
+        }
+        return true;
+    }
+
+private:
+    struct Open {
+        bool isArray = false;
+        std::size_t index = 0;  // of the element that comes next
+        std::string key;        // whose value comes next
+        std::set<std::string> keys;
+    };
+
+    void Enter(const std::string& key) {
+        if (!m_open.back().keys.insert(key).second) {
+            throw CRefusal("the key '" + key + "' stands twice in " + Place());
+        }
+        m_open.back().key = key;
+    }
+    // "tasks[1].repeat" for the innermost object.
+    [[nodiscard]] std::string Place() const {
+        std::string place;
+        for (std::size_t i = 0; i + 1 < m_open.size(); ++i) {
+            place += m_open[i].isArray ? "[" + std::to_string(m_open[i].index) + "]"
+                                       : (place.empty() ? "" : ".") + m_open[i].key;
+        }
+        return place.empty() ? "the text" : place;
+    }
+
+    std::vector<Open> m_open;
+};
+
 Json Parse(const std::string& text) {
     try {
-        return Json::parse(text);
+        KeyWatch watch;
+        return Json::parse(text, std::ref(watch));
     } catch (const Json::parse_error& error) {
         // Without the library's own number of the error, and with bytes that are no UTF-8 made so.
         const std::string what = ToUtf8(FromUtf8(error.what()));
@@ -56,6 +112,7 @@ void ImportOne(const Json& json, const std::string& where, const Job& job, CSCVS
 
 int ExportList(const Job& job) {
     Json json;
+    json["version"] = kJsonVersion;
     json["tasks"] = Json::array();
     for (std::ptrdiff_t i = 0; i < job.tasks.GetSize(); ++i) {
         json["tasks"].push_back(ExportTask(*job.tasks[i]));
@@ -99,7 +156,10 @@ std::string ReadImport(const std::wstring& file, const Context& context) {
 
 int ImportList(const Job& job) {
     const Json json = Parse(job.input);
-    const CJsonFields fields(json, "the text", {"tasks"});
+    const CJsonFields fields(json, "the text", {"version", "tasks"});
+    if (fields.Number("version").value_or(kJsonVersion) > kJsonVersion) {
+        throw CRefusal("the text was written by a later version of scvsched, which this one cannot read");
+    }
     const Json* list = fields.Find("tasks");
     if (list == nullptr || !list->is_array()) {
         throw CRefusal("the text has to hold the array \"tasks\"");

@@ -1,83 +1,51 @@
 #include "cli/commands/Passes.h"
 
 #include <exception>
-#include <functional>
-#include <nlohmann/json.hpp>
-#include <ostream>
 
 #include "cli/report/ChangeReport.h"
-#include "cli/report/JsonReport.h"
 #include "cli/report/Refusal.h"
 #include "core/launch/LaunchClaim.h"
-#include "core/launch/SchedulingPass.h"
 #include "core/platform/Clock.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 
-namespace {
-
-constexpr unsigned kTickMilliseconds = 2000;
-
-// True when every launch succeeded and was recorded. `error` is why the pass stopped early; it is told when
-// it differs from the one passed in, so that a watch does not repeat it on every tick.
 bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, CLaunchClaim& claim,
-                    std::string& error, const std::function<void(CSCVShchedulerTask&)>& tell) {
-    bool fine = true;
-    std::string stopped;
+                    std::string& stopped, const std::function<void(const PassRun&)>& launched) {
+    bool isFine = true;
+    std::string why;
     try {
         RunSchedulingPass(tasks, context.platform, claim, [&](const PassRun& run) {
-            tell(run.task);
-            fine = fine && run.isStarted && run.isSaved;
+            launched(run);
+            isFine = isFine && run.isStarted && run.isSaved;
             if (!run.isSaved) {
                 context.Complain("the run of ", run.task.m_strProjectPath, " could not be saved in the list");
             }
             return true;
         });
     } catch (const std::exception& cause) {
-        stopped = cause.what();
-        fine = false;
+        why = cause.what();
+        isFine = false;
     }
-    if (!stopped.empty() && stopped != error) {
-        context.Complain("the pass stopped at a task whose next run cannot be computed: ", stopped);
+    if (!why.empty() && why != stopped) {
+        context.Complain("the pass stopped at a task whose next run cannot be computed: ", why);
     }
-    error = stopped;
-    return fine;
+    stopped = why;
+    return isFine;
 }
-
-}  // namespace
 
 int RunPass(const Job& job) {
     const Context& context = job.context;
-    const bool json = job.arguments.json;
     CLaunchClaim claim(context.platform.files, context.list);
-    std::string error;
+    std::string stopped;
     CChangeReport report;
-    const bool fine = LaunchDueTasks(job.tasks, context, claim, error, [&](CSCVShchedulerTask& task) {
-        if (json) {
-            report.Add(kLaunched, task);
+    const bool isFine = LaunchDueTasks(job.tasks, context, claim, stopped, [&](const PassRun& run) {
+        if (job.arguments.json) {
+            report.Add(kLaunched, run.task);
         } else {
-            context.out << LaunchAsText(task) << std::endl;
+            context.out << LaunchAsText(run.task) << std::endl;
         }
     });
-    if (json) {
+    if (job.arguments.json) {
         context.out << report.Write(context.list, context.platform.clock.Now(), true);
     }
-    return fine ? kFine : kFindings;
-}
-
-int Watch(const Job& job) {
-    const Context& context = job.context;
-    CLaunchClaim claim(context.platform.files, context.list);
-    std::string error;
-    do {
-        if (const std::string why = context.tryClaimLaunching(); !why.empty()) {
-            throw CRefusal(why, kFindings);
-        }
-        (void)LaunchDueTasks(job.tasks, context, claim, error, [&](CSCVShchedulerTask& task) {
-            context.out << (job.arguments.json
-                                ? ChangeAsJson(kLaunched, task, context.platform.clock.Now()).dump()
-                                : LaunchAsText(task))
-                        << std::endl;
-        });
-    } while (!context.waitForStop(kTickMilliseconds));
-    return kFine;
+    return isFine ? kFine : kFindings;
 }

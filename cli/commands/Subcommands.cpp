@@ -4,6 +4,7 @@
 #include "cli/commands/Exchange.h"
 #include "cli/commands/Looks.h"
 #include "cli/commands/Passes.h"
+#include "cli/commands/Watch.h"
 #include "cli/report/Refusal.h"
 #include "core/platform/Clock.h"
 #include "core/task/SCVShchedulerTaskArray.h"
@@ -12,18 +13,21 @@ namespace {
 
 constexpr Subcommand kSubcommands[] = {
     {.name = "list",
-     .help = "Show every task with its last and next run",
-     .example = "--json",
+     .help = "Show every task with its last and next run; with --failed or projects, a line each with tabs: "
+             "last run, "
+             "next run, last result, project",
+     .example = "--failed",
+     .takes = Takes::Filter,
      .handler = ListTasks},
     {.name = "next",
-     .help = "Show when each task runs next",
-     .example = R"(--at 2026-11-23T08:00 --count 5 C:\projects\prices.scvpr)",
+     .help = "Show when each task runs next; or all runs in order of time; or how many start in which hour",
+     .example = "--from 2026-11-23 --to 2026-11-24 --csv",
      .takes = Takes::NextRuns,
      .handler = ListNextRuns},
     {.name = "check",
      .help = "Find what will not work or will not survive",
      .example = "",
-     .takes = Takes::Times,
+     .takes = Takes::Time,
      .handler = CheckList},
     {.name = "pass",
      .help = "Launch what is due now, once",
@@ -32,7 +36,8 @@ constexpr Subcommand kSubcommands[] = {
      .handler = RunPass},
     {.name = "watch",
      .help = "Launch what is due, every two seconds until Ctrl+C",
-     .example = "",
+     .example = "--on-failure C:\\tools\\mail.cmd",
+     .takes = Takes::Command,
      .claim = Claim::Launching,
      .handler = Watch},
     {.name = "add",
@@ -44,37 +49,43 @@ constexpr Subcommand kSubcommands[] = {
      .takes = Takes::NewTask,
      .claim = Claim::Editing,
      .makesList = true,
+     .canTry = true,
      .handler = AddProjects},
     {.name = "set",
      .help = "Change listed tasks; what is not named stays",
      .example = R"(C:\projects\prices.scvpr C:\projects\news.scvpr --no-every --add-urls more.csv)",
      .takes = Takes::Changes,
      .claim = Claim::Editing,
+     .canTry = true,
      .handler = SetTasks},
     {.name = "enable",
      .help = "Let listed tasks run when they are due",
      .example = R"(C:\projects\prices.scvpr)",
      .takes = Takes::Projects,
      .claim = Claim::Editing,
+     .canTry = true,
      .handler = EnableTasks},
     {.name = "disable",
      .help = "Keep listed tasks from running",
      .example = R"(C:\projects\prices.scvpr)",
      .takes = Takes::Projects,
      .claim = Claim::Editing,
+     .canTry = true,
      .handler = DisableTasks},
     {.name = "remove",
      .help = "Take tasks out of the list",
      .example = R"(C:\projects\prices.scvpr)",
      .takes = Takes::Projects,
      .claim = Claim::Editing,
+     .canTry = true,
      .handler = RemoveTasks},
     {.name = "run",
-     .help = "Run a listed project now, due or not, and note when and how it went",
-     .example = R"(C:\projects\prices.scvpr)",
-     .takes = Takes::OneProject,
+     .help = "Run listed projects now, due or not, and note when and how it went",
+     .example = R"(C:\projects\prices.scvpr C:\projects\news.scvpr)",
+     .takes = Takes::Projects,
      .claim = Claim::Launching,
-     .handler = RunProject},
+     .canTry = true,
+     .handler = RunProjects},
     {.name = "export",
      .help = "Write the whole list as JSON",
      .example = "tasks.json",
@@ -88,6 +99,7 @@ constexpr Subcommand kSubcommands[] = {
      .takes = Takes::InFile,
      .claim = Claim::Editing,
      .makesList = true,
+     .canTry = true,
      .handler = ImportList},
 };
 
@@ -134,7 +146,9 @@ int RunSubcommand(const Arguments& arguments, const Context& context) {
         // Before anything is claimed: the input may be what another scvsched is about to export.
         const std::string input =
             subcommand.takes == Takes::InFile ? ReadImport(arguments.file, context) : std::string();
-        ClaimAndSettleList(subcommand.claim, context);
+        if (!arguments.dryRun) {
+            ClaimAndSettleList(subcommand.claim, context);
+        }
         CSCVShchedulerTaskArray tasks;
         LoadList(subcommand, context, tasks);
         const std::int64_t now = arguments.at.value_or(context.platform.clock.Now());

@@ -15,12 +15,18 @@ struct Arguments {
     const Subcommand* subcommand = nullptr;
     std::wstring list;  // full path; empty: the window program's list
     bool json = false;
-    std::optional<std::int64_t> at;   // seconds since 1970
-    int count = 1;                    // runs a task to compute, 1 or more
-    std::vector<std::wstring> paths;  // full paths of projects; empty: all
+    bool csv = false;
+    std::optional<std::int64_t> at, from, to;  // seconds since 1970
+    std::optional<int> count;                  // runs to show, 1 or more
+    bool failed = false;                       // only tasks whose last launch failed
+    bool week = false;
+    // Full paths or patterns of projects; a pattern without a folder stays without one. Empty: all.
+    std::vector<std::wstring> paths;
     TaskChanges changes;
-    std::wstring file;     // full path of what is exported or imported; empty: the console
-    bool replace = false;  // an imported task may take the place of a listed one
+    std::wstring file;       // full path of what is exported or imported; empty: the console
+    bool replace = false;    // an imported task may take the place of a listed one
+    bool dryRun = false;     // change nothing
+    std::wstring onFailure;  // the command to start for a failed launch; empty: none
 };
 
 // The outcome of reading the command line: arguments to run with, or a text to show and the exit code to end

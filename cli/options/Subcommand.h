@@ -14,14 +14,15 @@ enum class Claim : std::uint8_t {
 // A group of options that a subcommand takes.
 enum class Takes : std::uint8_t {
     Nothing,
-    Times,     // --at
-    NextRuns,  // --at, --count and projects
+    Filter,    // which tasks to list
+    NextRuns,  // which runs to show
+    Time,      // --at
+    Command,   // what to start on a failure
     NewTask,   // projects and what the new tasks are to be
     Changes,   // projects and what to change
     Projects,  // projects
-    OneProject,
-    OutFile,  // a file to write
-    InFile,   // a file to read, and --replace
+    OutFile,   // a file to write
+    InFile,    // a file to read, and --replace
 };
 
 // A row of the table of subcommands (Subcommands.h).
@@ -32,6 +33,7 @@ struct Subcommand {
     Takes takes = Takes::Nothing;
     Claim claim = Claim::None;
     bool makesList = false;  // a list that does not exist counts as an empty one
+    bool canTry = false;     // --dry-run: shows what it would change, claims and changes nothing
     // Returns the exit code (Refusal.h); throws CRefusal.
     int (*handler)(const Job& job) = nullptr;
 };

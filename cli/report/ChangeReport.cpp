@@ -33,23 +33,45 @@ bool CChangeReport::HasLaunches() const {
                        [](const Change& change) { return change.name == kLaunched; });
 }
 
-std::string CChangeReport::Write(const std::wstring& list, std::int64_t now, bool json) const {
-    if (json) {
-        Json report = ReportHead(list, now);
-        report["changes"] = Json::array();
-        for (const Change& change : m_changes) {
-            report["changes"].push_back(change.json ? *change.json
-                                                    : ChangeAsJson(change.name, *change.task, now));
+std::vector<CSCVShchedulerTask*> CChangeReport::ChangedTasks() const {
+    std::vector<CSCVShchedulerTask*> tasks;
+    for (const Change& change : m_changes) {
+        if (change.task != nullptr) {
+            tasks.push_back(change.task);
         }
-        return DumpJson(report) + '\n';
+    }
+    return tasks;
+}
+
+Json CChangeReport::AsJson(const std::wstring& list, std::int64_t now, bool isTry) const {
+    Json report = ReportHead(list, now);
+    report["dryRun"] = isTry;
+    report["changes"] = Json::array();
+    for (const Change& change : m_changes) {
+        report["changes"].push_back(change.json ? *change.json
+                                                : ChangeAsJson(change.name, *change.task, now));
+    }
+    report["unchanged"] = Json::array();
+    for (const CSCVShchedulerTask* task : m_unchanged) {
+        report["unchanged"].push_back(Join(task->m_strProjectPath));
+    }
+    return report;
+}
+
+std::string CChangeReport::Write(const std::wstring& list, std::int64_t now, bool json, bool isTry) const {
+    if (json) {
+        return DumpJson(AsJson(list, now, isTry)) + '\n';
     }
     std::string text;
     for (const Change& change : m_changes) {
-        text += change.name == kLaunched
+        const std::wstring& project = change.task == nullptr ? change.project : change.task->m_strProjectPath;
+        text += change.name == kLaunched && !isTry
                     ? LaunchAsText(*change.task)
-                    : Join(change.name, "  ",
-                           change.task == nullptr ? change.project : change.task->m_strProjectPath);
+                    : Join(isTry ? "would be " : "", change.name, "  ", project);
         text += '\n';
+    }
+    for (const CSCVShchedulerTask* task : m_unchanged) {
+        text += Join("unchanged  ", task->m_strProjectPath, "\n");
     }
     return text;
 }

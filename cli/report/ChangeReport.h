@@ -28,9 +28,16 @@ public:
     // For a task that is deleted before Write().
     void AddRemoved(CSCVShchedulerTask& task, std::int64_t now);
 
+    // For a task that already is what was asked for.
+    void AddUnchanged(const CSCVShchedulerTask& task) { m_unchanged.push_back(&task); }
+
     [[nodiscard]] bool HasLaunches() const;
-    // One object with all changes, or a line for each; empty without changes and `json`.
-    [[nodiscard]] std::string Write(const std::wstring& list, std::int64_t now, bool json) const;
+    // The tasks that Add got, in that order.
+    [[nodiscard]] std::vector<CSCVShchedulerTask*> ChangedTasks() const;
+    // One object with all changes, or a line for each. With `isTry` nothing has been changed: the report says
+    // what would be.
+    [[nodiscard]] std::string Write(const std::wstring& list, std::int64_t now, bool json,
+                                    bool isTry = false) const;
 
 private:
     struct Change {
@@ -39,5 +46,8 @@ private:
         std::wstring project;
         std::shared_ptr<const Json> json;
     };
+    [[nodiscard]] Json AsJson(const std::wstring& list, std::int64_t now, bool isTry) const;
+
     std::vector<Change> m_changes;
+    std::vector<const CSCVShchedulerTask*> m_unchanged;
 };

@@ -7,8 +7,14 @@
 // Keys stand in the order in which they are set.
 using Json = nlohmann::ordered_json;
 
-// A report's first fields: which list, and seen from when.
+// Counts up when a key changes its meaning or goes; new keys leave it.
+inline constexpr int kJsonVersion = 1;
+
+// A report's first fields: version, which list, and seen from when.
 [[nodiscard]] Json ReportHead(const std::wstring& list, std::int64_t now);
+// Sets `key` to the seconds since 1970 and key + "Local" to the ISO local time, null for 0 and for an instant
+// that has no local time.
+void AddTime(Json& json, const std::string& key, std::int64_t instant);
 // A whole report as text in UTF-8, without a line feed at its end. A lone surrogate, which UTF-8 cannot hold,
 // has become U+FFFD.
 [[nodiscard]] std::string DumpJson(const Json& json);

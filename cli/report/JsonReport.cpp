@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "cli/report/TaskJson.h"
+#include "core/schedule/TimeText.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskDays.h"
 #include "util/Utf8.h"
@@ -10,16 +12,43 @@ namespace {
 
 constexpr int kIndent = 2;
 
+// The name that --days has for the day.
+std::string OptionName(const TaskDay& day) {
+    std::string name = day.name;
+    if (name == "Wen") {
+        return "wed";
+    }
+    name.front() = static_cast<char>(name.front() - 'A' + 'a');
+    return name;
+}
+
+// As FormatSecond, with the T of ISO 8601; null when there is no such time.
+Json LocalTimeAsJson(std::int64_t instant) {
+    std::string text = FormatSecond(instant);
+    if (text.size() != std::string_view("2024-03-31 02:30:00").size()) {
+        return nullptr;
+    }
+    text[10] = 'T';
+    return text;
+}
+
 }  // namespace
 
-Json DaysAsJson(const CSCVShchedulerTask& task) {
-    Json names = Json::array();
+Json RepeatAsJson(const CSCVShchedulerTask& task) {
+    Json json;
+    json["days"] = Json::array();
+    json["weekdays"] = Json::array();
     for (const TaskDay& day : kTaskDays) {
         if (task.*day.flag != 0) {
-            names.push_back(day.name);
+            json["days"].push_back(day.name);
+            json["weekdays"].push_back(OptionName(day));
         }
     }
-    return names;
+    json["monthly"] = task.m_bRepeatOnMonthly != 0;
+    json["every"]["enabled"] = task.m_bEnableEvery != 0;
+    json["every"]["value"] = task.m_nEveryValue;
+    json["every"]["unitName"] = task.m_nEveryUnit == 1 ? "hours" : "minutes";
+    return json;
 }
 
 Json TaskAsJson(const TaskReport& report, bool runs) {
@@ -29,27 +58,35 @@ Json TaskAsJson(const TaskReport& report, bool runs) {
     json["enabled"] = task.m_bEnable != 0;
     json["project"] = ToUtf8(task.m_strProjectPath);
     json["commandLine"] = ToUtf8(task.BuildCommandLine());
-    json["startTime"] = task.m_tStartTime;
-    json["untilTime"] = task.m_tUntilTime;
-    json["lastRunTime"] = task.m_tLastRunTime;
+    json["commands"] = CommandsAsJson(task);
+    AddTime(json, "startTime", task.m_tStartTime);
+    AddTime(json, "untilTime", task.m_tUntilTime);
+    AddTime(json, "lastRunTime", task.m_tLastRunTime);
     json["lastRunResult"] = ToUtf8(task.m_strLastRunResult);
-    json["repeat"]["days"] = DaysAsJson(task);
-    json["repeat"]["monthly"] = task.m_bRepeatOnMonthly != 0;
-    json["repeat"]["every"]["enabled"] = task.m_bEnableEvery != 0;
-    json["repeat"]["every"]["value"] = task.m_nEveryValue;
+    json["repeat"] = RepeatAsJson(task);
     json["repeat"]["every"]["unit"] = task.m_nEveryUnit;
-    json["nextRun"] = report.NextRun();
+    AddTime(json, "nextRun", report.NextRun());
     if (runs) {
         json["runs"] = report.runs;
+        json["runsLocal"] = Json::array();
+        for (const std::int64_t run : report.runs) {
+            json["runsLocal"].push_back(LocalTimeAsJson(run));
+        }
     }
     return json;
 }
 
 Json ReportHead(const std::wstring& list, std::int64_t now) {
     Json json;
+    json["version"] = kJsonVersion;
     json["list"] = ToUtf8(list);
-    json["now"] = now;
+    AddTime(json, "now", now);
     return json;
+}
+
+void AddTime(Json& json, const std::string& key, std::int64_t instant) {
+    json[key] = instant;
+    json[key + "Local"] = LocalTimeAsJson(instant);
 }
 
 std::string DumpJson(const Json& json) {

@@ -8,11 +8,12 @@
 #include "cli/report/TaskReport.h"
 #include "core/check/Check.h"
 
-// Reports for programs: one JSON object in UTF-8, times as seconds since 1970.
+// Reports for programs: one JSON object in UTF-8, times as seconds since 1970 and as local times.
 
 // Throughout the reports a task looks like this. With `runs`, it carries the array of its next runs.
 [[nodiscard]] Json TaskAsJson(const TaskReport& report, bool runs);
-[[nodiscard]] Json DaysAsJson(const CSCVShchedulerTask& task);
+// The rule of repetition but for "every.unit", which is a number in reports and a word in exports.
+[[nodiscard]] Json RepeatAsJson(const CSCVShchedulerTask& task);
 
 // With `runs`, each task carries the array of its next runs.
 [[nodiscard]] std::string TasksAsJson(const std::wstring& list, std::int64_t now,

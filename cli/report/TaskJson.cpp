@@ -1,18 +1,22 @@
 #include "cli/report/TaskJson.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "cli/report/JsonFields.h"
 #include "cli/report/JsonReport.h"
 #include "cli/report/Refusal.h"
+#include "cli/report/Text.h"
+#include "core/launch/ExtractionProgram.h"
 #include "core/list/Storable.h"
 #include "core/task/NewProject.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskDays.h"
 #include "core/task/TaskSwitches.h"
-#include "util/Utf8.h"
+#include "util/Path.h"
 
 namespace {
 
@@ -22,8 +26,139 @@ std::string TextOf(const std::wstring& text) {
     return ToUtf8(HalvedApostrophes(text));
 }
 
-// The commands that are on: true, or the text of those that have one.
-Json ExportCommands(const Task& task) {
+// An exported list may be imported from any folder.
+void RequireFullPath(const std::wstring& path, const std::string& where) {
+    const bool hasDrive = path.size() > 2 && path[1] == L':' && (path[2] == L'\\' || path[2] == L'/');
+    if (!hasDrive && !path.starts_with(L"\\\\")) {
+        throw CRefusal(Join(where, ": '", path, "' is no full path such as C:\\projects\\prices.scvpr"));
+    }
+}
+
+void ImportCommand(const TaskSwitch& command, const CJsonFields& fields, Task& task) {
+    const Json* field = fields.Find(command.name);
+    if (field == nullptr || *field == false) {
+        return;
+    }
+    const bool takesText = command.text != nullptr;
+    const bool takesTrue = command.argument != TaskSwitch::Argument::Required;
+    const bool hasText = field->is_string() && !field->get_ref<const std::string&>().empty();
+    if (!(takesText && hasText) && !(takesTrue && *field == true)) {
+        throw CRefusal(
+            fields.Where(command.name) + " has to be " +
+            (takesText ? takesTrue ? "true, false or a text" : "a file or false" : "true or false"));
+    }
+    if (hasText && command.argument != TaskSwitch::Argument::Optional) {  // a file
+        RequireFullPath(FromUtf8(field->get_ref<const std::string&>()), fields.Where(command.name));
+    }
+    command.SwitchOn(task, hasText ? FromUtf8(field->get_ref<const std::string&>()) : std::wstring());
+}
+
+void ImportCommands(const Json& json, const std::string& where, Task& task) {
+    std::vector<std::string_view> known = {"element-name", "element-id"};
+    for (const TaskSwitch& command : kTaskSwitches) {
+        known.emplace_back(command.name);
+    }
+    const CJsonFields fields(json, where, known);
+    for (const TaskSwitch& command : kTaskSwitches) {
+        ImportCommand(command, fields, task);
+    }
+    const auto name = fields.Text("element-name");
+    const auto id = fields.Text("element-id");
+    if (task.m_bImportInputValues != 0 && name.value_or(L"").empty() && id.value_or(L"").empty()) {
+        throw CRefusal(fields.Where("import-values") + " needs element-name or element-id");
+    }
+    if (task.m_bImportInputValues == 0 && (name || id)) {
+        throw CRefusal(where + " names an input element without import-values");
+    }
+    task.m_strInputElementName = name.value_or(L"");
+    task.m_strInputElementId = id.value_or(L"");
+}
+
+std::vector<const TaskDay*> ImportDays(const Json& days, const std::string& where) {
+    if (!days.is_array()) {
+        throw CRefusal(where + " has to be an array of days");
+    }
+    std::vector<const TaskDay*> found;
+    for (const TaskDay& day : kTaskDays) {
+        const auto isThis = [&](const Json& name) {
+            return name.is_string() && FindTaskDay(name.get_ref<const std::string&>()) == &day;
+        };
+        if (std::any_of(days.begin(), days.end(), isThis)) {
+            found.push_back(&day);
+        }
+    }
+    for (const Json& name : days) {
+        if (!name.is_string() || FindTaskDay(name.get_ref<const std::string&>()) == nullptr) {
+            throw CRefusal(where + " has " + name.dump() +
+                           ", which is none of Mon, Tue, Wen, Thu, Fri, Sat and Sun");
+        }
+    }
+    return found;
+}
+
+// Exports have the days under both names.
+void ImportWeekdays(const CJsonFields& fields, Task& task) {
+    const Json* const days = fields.Find("days");
+    const Json* const weekdays = fields.Find("weekdays");
+    if (days == nullptr && weekdays == nullptr) {
+        return;
+    }
+    const char* const key = days != nullptr ? "days" : "weekdays";
+    const auto found = ImportDays(days != nullptr ? *days : *weekdays, fields.Where(key));
+    if (days != nullptr && weekdays != nullptr && ImportDays(*weekdays, fields.Where("weekdays")) != found) {
+        throw CRefusal(fields.Where("days") + " and weekdays differ; one of them is enough");
+    }
+    for (const TaskDay* day : found) {
+        task.*day->flag = 1;
+    }
+}
+
+// Exports have the unit under both names.
+std::optional<std::wstring> ImportUnit(const CJsonFields& fields) {
+    const auto unit = fields.Text("unit");
+    const auto unitName = fields.Text("unitName");
+    if (unit && unitName && *unit != *unitName) {
+        throw CRefusal(fields.Where("unit") + " and unitName differ; one of them is enough");
+    }
+    const auto found = unit ? unit : unitName;
+    if (found && *found != L"hours" && *found != L"minutes") {
+        throw CRefusal(fields.Where(unit ? "unit" : "unitName") + R"( has to be "hours" or "minutes")");
+    }
+    return found;
+}
+
+void ImportEvery(const Json& json, const std::string& where, Task& task) {
+    const CJsonFields fields(json, where, {"enabled", "value", "unit", "unitName"});
+    task.m_bEnableEvery = fields.Bool("enabled").value_or(true) ? 1 : 0;
+    task.m_nEveryValue = fields.Number("value").value_or(task.m_nEveryValue);
+    if (task.m_bEnableEvery != 0 && task.m_nEveryValue < 1) {
+        throw CRefusal(fields.Where("value") + " has to be 1 or more");
+    }
+    if (const auto unit = ImportUnit(fields)) {
+        task.m_nEveryUnit = *unit == L"hours" ? 1 : 0;
+    }
+}
+
+void ImportRepeat(const Json& json, const std::string& where, Task& task) {
+    const CJsonFields fields(json, where, {"days", "weekdays", "monthly", "every"});
+    ImportWeekdays(fields, task);
+    task.m_bRepeatOnMonthly = fields.Bool("monthly").value_or(false) ? 1 : 0;
+    if (const Json* every = fields.Find("every")) {
+        ImportEvery(*every, fields.Where("every"), task);
+    }
+}
+
+// The local times are for people: where the list was exported in another zone they are others here.
+CJsonFields FieldsOf(const Json& task, const std::string& where) {
+    return {task,
+            where,
+            {"project", "enabled", "commands", "startTime", "startTimeLocal", "repeat", "untilTime",
+             "untilTimeLocal", "lastRunTime", "lastRunTimeLocal", "lastRunResult", "schedule"}};
+}
+
+}  // namespace
+
+Json CommandsAsJson(const Task& task) {
     Json json = Json::object();
     for (const TaskSwitch& command : kTaskSwitches) {
         if (!command.IsOn(task)) {
@@ -42,98 +177,7 @@ Json ExportCommands(const Task& task) {
     return json;
 }
 
-void ImportCommand(const TaskSwitch& command, const CJsonFields& fields, Task& task) {
-    const Json* field = fields.Find(command.name);
-    if (field == nullptr || *field == false) {
-        return;
-    }
-    const bool takesText = command.text != nullptr;
-    const bool takesTrue = command.argument != TaskSwitch::Argument::Required;
-    const bool hasText = field->is_string() && !field->get_ref<const std::string&>().empty();
-    if (!(takesText && hasText) && !(takesTrue && *field == true)) {
-        throw CRefusal(
-            fields.Where(command.name) + " has to be " +
-            (takesText ? takesTrue ? "true, false or a text" : "a file or false" : "true or false"));
-    }
-    command.SwitchOn(task, hasText ? FromUtf8(field->get_ref<const std::string&>()) : std::wstring());
-}
-
-void ImportCommands(const Json& json, const std::string& where, Task& task) {
-    std::vector<std::string_view> known = {"element-name", "element-id"};
-    for (const TaskSwitch& command : kTaskSwitches) {
-        known.emplace_back(command.name);
-    }
-    const CJsonFields fields(json, where, known);
-    for (const TaskSwitch& command : kTaskSwitches) {
-        ImportCommand(command, fields, task);
-    }
-    const auto name = fields.Text("element-name");
-    const auto id = fields.Text("element-id");
-    if (task.m_bImportInputValues != 0 && name.value_or(L"").empty() && id.value_or(L"").empty()) {
-        throw CRefusal(fields.Where("import-values") + " wants element-name or element-id");
-    }
-    if (task.m_bImportInputValues == 0 && (name || id)) {
-        throw CRefusal(where + " names an input element without import-values");
-    }
-    task.m_strInputElementName = name.value_or(L"");
-    task.m_strInputElementId = id.value_or(L"");
-}
-
-Json ExportRepeat(const Task& task) {
-    Json json;
-    json["days"] = DaysAsJson(task);
-    json["monthly"] = task.m_bRepeatOnMonthly != 0;
-    json["every"]["enabled"] = task.m_bEnableEvery != 0;
-    json["every"]["value"] = task.m_nEveryValue;
-    json["every"]["unit"] = task.m_nEveryUnit == 1 ? "hours" : "minutes";
-    return json;
-}
-
-void ImportDays(const Json& days, const std::string& where, Task& task) {
-    if (!days.is_array()) {
-        throw CRefusal(where + " has to be an array of days");
-    }
-    for (const Json& name : days) {
-        const TaskDay* day = name.is_string() ? FindTaskDay(name.get_ref<const std::string&>()) : nullptr;
-        if (day == nullptr) {
-            throw CRefusal(where + " holds " + name.dump() + ", which is none of " + TaskDayNames());
-        }
-        task.*day->flag = 1;
-    }
-}
-
-void ImportEvery(const Json& json, const std::string& where, Task& task) {
-    const CJsonFields fields(json, where, {"enabled", "value", "unit"});
-    task.m_bEnableEvery = fields.Bool("enabled").value_or(true) ? 1 : 0;
-    task.m_nEveryValue = fields.Number("value").value_or(task.m_nEveryValue);
-    if (const auto unit = fields.Text("unit")) {
-        if (*unit != L"hours" && *unit != L"minutes") {
-            throw CRefusal(fields.Where("unit") + R"( has to be "hours" or "minutes")");
-        }
-        task.m_nEveryUnit = *unit == L"hours" ? 1 : 0;
-    }
-}
-
-void ImportRepeat(const Json& json, const std::string& where, Task& task) {
-    const CJsonFields fields(json, where, {"days", "monthly", "every"});
-    if (const Json* days = fields.Find("days")) {
-        ImportDays(*days, fields.Where("days"), task);
-    }
-    task.m_bRepeatOnMonthly = fields.Bool("monthly").value_or(false) ? 1 : 0;
-    if (const Json* every = fields.Find("every")) {
-        ImportEvery(*every, fields.Where("every"), task);
-    }
-}
-
-CJsonFields FieldsOf(const Json& task, const std::string& where) {
-    return {task,
-            where,
-            {"project", "enabled", "commands", "startTime", "repeat", "untilTime", "lastRunTime",
-             "lastRunResult"}};
-}
-
-}  // namespace
-
+#include "core/task/TaskSwitches.h"
 Json ExportTask(const CSCVShchedulerTask& task) {
     // Only what the list would keep: a switch without its argument, say, is left out by every save.
     Task kept;
@@ -141,19 +185,25 @@ Json ExportTask(const CSCVShchedulerTask& task) {
     Json json;
     json["project"] = TextOf(kept.m_strProjectPath);
     json["enabled"] = task.m_bEnable != 0;
-    json["commands"] = ExportCommands(kept);
-    json["startTime"] = task.m_tStartTime;
-    json["repeat"] = ExportRepeat(task);
-    json["untilTime"] = task.m_tUntilTime;
-    json["lastRunTime"] = task.m_tLastRunTime;
+    json["commands"] = CommandsAsJson(kept);
+    AddTime(json, "startTime", task.m_tStartTime);
+    json["repeat"] = RepeatAsJson(task);
+    json["repeat"]["every"]["unit"] = json["repeat"]["every"]["unitName"];
+    AddTime(json, "untilTime", task.m_tUntilTime);
+    AddTime(json, "lastRunTime", task.m_tLastRunTime);
     json["lastRunResult"] = TextOf(task.m_strLastRunResult);
     return json;
 }
 
 std::wstring ImportedProject(const Json& json, const std::string& where) {
-    std::wstring project = FieldsOf(json, where).Text("project").value_or(L"");
+    const CJsonFields fields = FieldsOf(json, where);
+    std::wstring project = fields.Text("project").value_or(L"");
     if (project.empty()) {
         throw CRefusal(where + " names no project");
+    }
+    RequireFullPath(project, fields.Where("project"));
+    if (!IsProjectExtension(GetFileExtension(project))) {
+        throw CRefusal(Join(fields.Where("project"), ": ", project, " ends in neither .scvpr nor .oslpr"));
     }
     return project;
 }

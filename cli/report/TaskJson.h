@@ -9,6 +9,8 @@ class CSCVShchedulerTask;
 
 // A whole task as JSON, for export and import: what is exported and imported again gives the same JSON.
 
+// The commands that are on, by the names of their options: true, or the text of those that have one.
+[[nodiscard]] Json CommandsAsJson(const CSCVShchedulerTask& task);
 [[nodiscard]] Json ExportTask(const CSCVShchedulerTask& task);
 
 // The project of such an object; throws as ImportTask does.

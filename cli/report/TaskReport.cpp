@@ -1,11 +1,9 @@
 #include "cli/report/TaskReport.h"
 
-#include <algorithm>
 #include <exception>
 
 #include "core/schedule/NextRuns.h"
-#include "core/task/SCVShchedulerTaskArray.h"
-#include "util/CaseFold.h"
+#include "core/task/SCVShchedulerTask.h"
 
 TaskReport ReportTask(CSCVShchedulerTask& task, std::int64_t now, int count) {
     TaskReport report{&task, {}, {}};
@@ -17,19 +15,16 @@ TaskReport ReportTask(CSCVShchedulerTask& task, std::int64_t now, int count) {
     return report;
 }
 
-std::vector<TaskReport> ReportTasks(CSCVShchedulerTaskArray& tasks, const std::vector<std::wstring>& paths,
-                                    std::int64_t now, int count) {
+std::vector<TaskReport> ReportTasks(const std::vector<CSCVShchedulerTask*>& tasks, std::int64_t now,
+                                    int count) {
     std::vector<TaskReport> reports;
-    for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
-        CSCVShchedulerTask& task = *tasks[i];
-        const bool wanted =
-            paths.empty() || std::any_of(paths.begin(), paths.end(), [&task](const std::wstring& path) {
-                return EqualNoCase(path, task.m_strProjectPath);
-            });
-        if (!wanted) {
-            continue;
-        }
-        reports.push_back(ReportTask(task, now, count));
+    reports.reserve(tasks.size());
+    for (CSCVShchedulerTask* task : tasks) {
+        reports.push_back(ReportTask(*task, now, count));
     }
     return reports;
+}
+
+bool HasFailed(const CSCVShchedulerTask& task) {
+    return task.m_strLastRunResult.starts_with(L"Failure");
 }

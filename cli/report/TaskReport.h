@@ -5,7 +5,6 @@
 #include <vector>
 
 class CSCVShchedulerTask;
-class CSCVShchedulerTaskArray;
 
 // A task and its next runs. The task stays the array's.
 struct TaskReport {
@@ -18,8 +17,9 @@ struct TaskReport {
 
 [[nodiscard]] TaskReport ReportTask(CSCVShchedulerTask& task, std::int64_t now, int count);
 
-// The tasks with one of the project paths (without regard to case; all tasks when `paths` is empty) in the
-// order of the array, each with its next `count` runs seen from `now`.
-[[nodiscard]] std::vector<TaskReport> ReportTasks(CSCVShchedulerTaskArray& tasks,
-                                                  const std::vector<std::wstring>& paths, std::int64_t now,
-                                                  int count);
+// Each task with its next `count` runs seen from `now`.
+[[nodiscard]] std::vector<TaskReport> ReportTasks(const std::vector<CSCVShchedulerTask*>& tasks,
+                                                  std::int64_t now, int count);
+
+// Whether the task's last launch failed.
+[[nodiscard]] bool HasFailed(const CSCVShchedulerTask& task);

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
+#include "cli/report/Csv.h"
+#include "cli/report/Text.h"
 #include "core/schedule/TimeText.h"
 #include "core/task/SCVShchedulerTask.h"
-#include "util/Utf8.h"
 
 namespace {
 
@@ -71,7 +72,7 @@ void AppendRow(std::string& text, const std::string& first, const std::vector<st
 }
 
 std::string NextText(const TaskReport& report) {
-    return report.error.empty() ? FormatMinute(report.NextRun()) : "cannot be told";
+    return report.error.empty() ? FormatMinute(report.NextRun()) : "cannot be computed";
 }
 
 }  // namespace
@@ -106,6 +107,48 @@ std::string TasksAsText(const std::vector<TaskReport>& reports, std::size_t widt
     return text;
 }
 
+std::string TasksAsLines(const std::vector<TaskReport>& reports) {
+    std::string text;
+    for (const TaskReport& report : reports) {
+        const CSCVShchedulerTask& task = *report.task;
+        text += Join(FormatMinute(task.m_tLastRunTime), "\t", NextText(report), "\t",
+                     task.m_strLastRunResult.empty() ? L"-" : task.m_strLastRunResult, "\t",
+                     task.m_strProjectPath, "\n");
+    }
+    return text;
+}
+
+std::string TasksAsCsv(const std::vector<TaskReport>& reports) {
+    std::string text(kCsvStart);
+    AppendCsvRow(text,
+                 {"Enabled", "Project", "Last run", "Last result", "Next run", "Command line", "Section"});
+    const auto time = [](std::int64_t instant) {
+        return instant == 0 ? std::string() : FormatSecond(instant);
+    };
+    for (const TaskReport& report : reports) {
+        const CSCVShchedulerTask& task = *report.task;
+        AppendCsvRow(text, {task.m_bEnable != 0 ? "yes" : "no", Join(task.m_strProjectPath),
+                            time(task.m_tLastRunTime), Join(task.m_strLastRunResult), time(report.NextRun()),
+                            Join(task.BuildCommandLine()), Join(task.m_strIniSection)});
+    }
+    return text;
+}
+
+std::string NextRunsAsCsv(const std::vector<TaskReport>& reports) {
+    std::string text(kCsvStart);
+    AppendCsvRow(text, {"Run", "Project"});
+    for (const TaskReport& report : reports) {
+        const std::string project = Join(report.task->m_strProjectPath);
+        for (const std::int64_t run : report.runs) {
+            AppendCsvRow(text, {FormatSecond(run), project});
+        }
+        if (report.runs.empty()) {
+            AppendCsvRow(text, {"", project});
+        }
+    }
+    return text;
+}
+
 std::string NextRunsAsText(const std::vector<TaskReport>& reports) {
     std::string text;
     for (const TaskReport& report : reports) {
@@ -114,7 +157,7 @@ std::string NextRunsAsText(const std::vector<TaskReport>& reports) {
             text += FormatSecond(run) + "  " + path + '\n';
         }
         if (!report.error.empty()) {
-            text += "cannot be told       " + path + " (" + report.error + ")\n";
+            text += "cannot be computed   " + path + " (" + report.error + ")\n";
         } else if (report.runs.empty()) {
             text += (report.task->m_bEnable != 0 ? "never                " : "disabled             ") + path +
                     '\n';

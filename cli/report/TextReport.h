@@ -12,6 +12,13 @@
 
 // The tasks as a table that is at most `width` columns wide.
 [[nodiscard]] std::string TasksAsText(const std::vector<TaskReport>& reports, std::size_t width);
+// A line for each task, its fields separated by tabs: last run, next run, last result ("-" when there is
+// none), project.
+[[nodiscard]] std::string TasksAsLines(const std::vector<TaskReport>& reports);
+// With a header: whether it is enabled, project, last run, last result, next run, command line, section.
+[[nodiscard]] std::string TasksAsCsv(const std::vector<TaskReport>& reports);
+// With a header: the runs of each task, of which there may be none.
+[[nodiscard]] std::string NextRunsAsCsv(const std::vector<TaskReport>& reports);
 // A line for each run, earliest first within its task.
 [[nodiscard]] std::string NextRunsAsText(const std::vector<TaskReport>& reports);
 // A line for each finding.

@@ -5,10 +5,12 @@
 #include <exception>
 #include <iostream>
 
-#include "cli/commands/Passes.h"
 #include "cli/commands/Subcommands.h"
+#include "cli/commands/Watch.h"
 #include "cli/report/Refusal.h"
 #include "cli/win32/Console.h"
+#include "cli/win32/FailureCommand.h"
+#include "cli/win32/Files.h"
 #include "cli/win32/Instances.h"
 #include "core/list/TaskListPath.h"
 #include "core/platform/Clock.h"
@@ -23,16 +25,6 @@
 #include "util/win32/ProcessHardening.h"
 
 namespace {
-
-std::wstring FullPath(const std::wstring& path) {
-    const DWORD size = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
-    if (size == 0) {
-        return path;
-    }
-    std::wstring full(size, L'\0');
-    full.resize(GetFullPathNameW(path.c_str(), size, full.data(), nullptr));
-    return full;
-}
 
 // The list that the window program uses.
 std::wstring DefaultList() {
@@ -74,6 +66,7 @@ int Run(int argc, wchar_t** argv) {
     CWindowsFileSystem files;
     CWindowsShell shell;
     CInstances instances;
+    CFailureCommand failureCommand;
     const auto settleList = [&] {
         if (arguments.list.empty()) {
             SettleDefaultList(files);
@@ -88,6 +81,9 @@ int Run(int argc, wchar_t** argv) {
                                      .tryClaimLaunching = [&] { return instances.TryClaimLaunching(); },
                                      .tryClaimEditing = [&] { return instances.TryClaimEditing(); },
                                      .settleList = settleList,
+                                     .findFiles = FindFiles,
+                                     .fileStamp = FileStamp,
+                                     .failureCommand = failureCommand,
                                      .waitForStop = CConsole::WaitForStop});
 }
 

@@ -66,6 +66,9 @@ std::optional<std::int64_t> ParseTime(std::string_view text) {
     if (iso.size() > 10 && iso[10] == ' ') {
         iso[10] = 'T';
     }
+    if (HasShape(iso, "0000-00-00")) {
+        iso += "T00:00";
+    }
     if (HasShape(iso, "0000-00-00T00:00")) {
         iso += ":00";
     }

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/commands/Subcommands.h"
@@ -27,6 +29,21 @@ inline std::vector<std::string> Words(const std::string& line) {
     }
     return words;
 }
+
+// Starts nothing and records what it was to start.
+class CFakeFailureCommand final : public IFailureCommand {
+public:
+    [[nodiscard]] std::wstring Start(const std::wstring& command, const std::wstring& project,
+                                     const std::wstring& result) override {
+        starts.push_back(command + L"|" + project + L"|" + result);
+        return refusal;
+    }
+    [[nodiscard]] std::vector<std::uint32_t> TakeFailures() override { return std::exchange(failures, {}); }
+
+    std::vector<std::wstring> starts;
+    std::wstring refusal;  // why it cannot be started
+    std::vector<std::uint32_t> failures;
+};
 
 // The console program in memory: words in, texts and a list file out. The list is C:\l.ini, relative paths
 // lie below C:\w.
@@ -57,7 +74,9 @@ protected:
     std::istringstream in;
     std::ostringstream out, err;
     std::string whyNotLaunch, whyNotEdit;
-    int settled = 0;  // how often the list was moved to its place
+    int settled = 0;                                          // how often the list was moved to its place
+    std::map<std::wstring, std::vector<std::wstring>> found;  // what patterns of files match
+    CFakeFailureCommand failureCommand;
     int ticks = 1;
     std::function<void()> onTick = [] {};
     const Context context{.platform = platform,
@@ -69,6 +88,14 @@ protected:
                           .tryClaimLaunching = [this] { return whyNotLaunch; },
                           .tryClaimEditing = [this] { return whyNotEdit; },
                           .settleList = [this] { ++settled; },
+                          .findFiles = [this](const std::wstring& pattern) { return found[pattern]; },
+                          .fileStamp =
+                              [this](const std::wstring& file) {
+                                  return files.Has(file)
+                                             ? std::to_string(files.Replacements()) + files.Bytes(file)
+                                             : std::string();
+                              },
+                          .failureCommand = failureCommand,
                           .waitForStop =
                               [this](unsigned milliseconds) {
                                   EXPECT_EQ(milliseconds, 2000U);

@@ -95,19 +95,23 @@ TEST_F(Edit, ChangesAreReported) {
     } table[] = {
         {"add a.scvpr b.oslpr", kFine, "added  C:\\w\\a.scvpr\nadded  C:\\w\\b.oslpr\n"},
         {"disable a.scvpr", kFine, "disabled  C:\\w\\a.scvpr\n"},
-        {"disable a.scvpr b.oslpr", kFine, "disabled  C:\\w\\b.oslpr\n"},
+        {"disable a.scvpr b.oslpr", kFine, "disabled  C:\\w\\b.oslpr\nunchanged  C:\\w\\a.scvpr\n"},
+        {"enable *.oslpr --dry-run", kFine, "would be enabled  C:\\w\\b.oslpr\n"},
         {"enable B.oslpr", kFine, "enabled  C:\\w\\b.oslpr\n"},
         {"set b.oslpr --monthly", kFine, "set  C:\\w\\b.oslpr\n"},
-        {"set b.oslpr --monthly", kFine, ""},
-        {"run a.scvpr", kFine, "2024-06-03 10:00:00  C:\\w\\a.scvpr  Success\n"},  // disabled or not
+        {"set b.oslpr --monthly", kFine, "unchanged  C:\\w\\b.oslpr\n"},
+        {"run *", kFine,  // disabled or not
+         "2024-06-03 10:00:00  C:\\w\\a.scvpr  Success\n2024-06-03 10:00:00  C:\\w\\b.oslpr  Success\n"},
+        {"run a.scvpr --dry-run", kFine, "would be run  C:\\w\\a.scvpr\n"},
+        {"remove * --dry-run", kFine, "would be removed  C:\\w\\a.scvpr\nwould be removed  C:\\w\\b.oslpr\n"},
         {"remove a.scvpr A.scvpr", kFine, "removed  C:\\w\\a.scvpr\n"},
         {"set b.oslpr --every 1h --until 9:00", kUsage, ""},
     };
     for (const auto& row : table) {
-        EXPECT_EQ(Run(row.line), row.exitCode) << err.str();
-        EXPECT_EQ(out.str(), row.told);
+        EXPECT_EQ(Run(row.line), row.exitCode) << row.line << err.str();
+        EXPECT_EQ(out.str(), row.told) << row.line;
     }
-    EXPECT_EQ(shell.starts.size(), 1U);
+    EXPECT_EQ(shell.starts.size(), 2U);
 
     shell.missing.insert(b);
     EXPECT_EQ(Run("check"), kFindings);
@@ -140,7 +144,9 @@ TEST_F(Edit, RefusalsNameTheFaultAndChangeNothing) {
         {"set b.scvpr a.scvpr --exit --until 18:00", "--until goes with"},
         {"disable a.scvpr none.scvpr", "none.scvpr"},
         {"remove a.scvpr none.scvpr", "none.scvpr"},
-        {"run none.scvpr", "none.scvpr"},
+        {"run a.scvpr none.scvpr", "none.scvpr"},
+        {"enable *.oslpr", "no project of the list matches *.oslpr"},
+        {"add *.scvpr", "no file matches C:\\w\\*.scvpr"},
     };
     for (const auto& [line, told] : table) {
         EXPECT_EQ(Run(line), kUsage) << line;
@@ -149,6 +155,30 @@ TEST_F(Edit, RefusalsNameTheFaultAndChangeNothing) {
         EXPECT_EQ(out.str(), "");
         EXPECT_EQ(files.Bytes(kList), before) << line;
     }
+}
+
+TEST_F(Edit, AddTakesFilesAndWarnsOfMissingOnes) {
+    found[L"C:\\w\\*.scvpr"] = {a, L"C:\\w\\c.scvpr"};
+    shell.missing.insert(b);
+    EXPECT_EQ(Run("add *.scvpr b.oslpr --dry-run"), kFine) << err.str();
+    EXPECT_FALSE(files.Has(kList));
+    EXPECT_EQ(Run("add *.scvpr b.oslpr"), kFine) << err.str();
+    EXPECT_EQ(out.str(), "added  C:\\w\\a.scvpr\nadded  C:\\w\\c.scvpr\nadded  C:\\w\\b.oslpr\n");
+    EXPECT_EQ(err.str(), "scvsched: warning: C:\\w\\b.oslpr does not exist; the task fails until it does\n");
+}
+
+TEST_F(Edit, DryRunsIgnoreClaimsAndChangeNothing) {
+    ASSERT_EQ(Run("add a.scvpr"), kFine);
+    const std::string before = files.Bytes(kList);
+    whyNotLaunch = whyNotEdit = "in use";
+    in.str(R"({"tasks": [{"project": "C:\\i.scvpr"}]})");
+    for (const char* line : {"add c.scvpr", "set a.scvpr --monthly", "disable a.scvpr", "remove a.scvpr",
+                             "run a.scvpr", "import"}) {
+        EXPECT_EQ(Run(std::string(line) + " --dry-run"), kFine) << line << err.str();
+        EXPECT_THAT(out.str(), testing::StartsWith("would be ")) << line;
+        EXPECT_EQ(files.Bytes(kList), before) << line;
+    }
+    EXPECT_TRUE(shell.starts.empty());
 }
 
 TEST_F(Edit, MissingListsAreMadeByAddAndImportOnly) {

@@ -29,8 +29,8 @@ TEST_F(Exchange, ExportsComeBackWhole) {
         "-s -rs -ddr -fr\"f 1\" -qe\"C:\\o.csv\" -eft\"C:\\f.htm\" -ex'\n"
         "StartTime=1711850400\nUntilTime=1711900000\nLastRunTime=1711850401\nRepeatOnMon=1\nRepeatOnTue=1\n"
         "RepeatOnWen=1\nRepeatOnThu=1\nRepeatOnFri=1\nRepeatOnSat=1\nRepeatOnSun=1\nRepeatOnMonthly=1\n"
-        "EnableEvery=1\nEveryValue=-7\nEveryUnit=0\nLastRunResult='Failure to run ''C:\\x.exe'''\n"
-        "[SCVShchedulerTask2]\nCommandLine=\"C:\\b.txt\" -at -fr\nStartTime=4294967295\nLastRunResult=it's "
+        "EnableEvery=0\nEveryValue=-7\nEveryUnit=0\nLastRunResult='Failure to run ''C:\\x.exe'''\n"
+        "[SCVShchedulerTask2]\nCommandLine=\"C:\\b.scvpr\" -at -fr\nStartTime=4294967295\nLastRunResult=it's "
         "'''odd'\n"
         "[SCVShchedulerTask4]\nCommandLine='\"C:\\c.oslpr\" -qe "
         "-aiv\"q,,C:\\v.csv\"'\nEveryValue=1\nEveryUnit=1\n");
@@ -46,7 +46,7 @@ TEST_F(Exchange, ExportsComeBackWhole) {
 
     files.Remove(kList);
     EXPECT_EQ(Import(text), kFine) << err.str();
-    EXPECT_EQ(out.str(), "added  C:\\it's.scvpr\nadded  C:\\b.txt\nadded  C:\\c.oslpr\n");
+    EXPECT_EQ(out.str(), "added  C:\\it's.scvpr\nadded  C:\\b.scvpr\nadded  C:\\c.oslpr\n");
     ASSERT_EQ(Run("export e.json"), kFine) << err.str();
     EXPECT_EQ(files.Bytes(L"C:\\w\\e.json"), text);
     EXPECT_EQ(Run("set C:\\it''s.scvpr --no-monthly"), kFine) << "what add would refuse stays as it is";
@@ -97,6 +97,15 @@ TEST_F(Exchange, ErrorsNameTheirPlace) {
         {R"({"tasks": [)" + good + R"(, {"project": "C:\\A.scvpr"}]})",
          "tasks[1] names the project C:\\A.scvpr a second"},
         {R"({"tasks": [{"project": 5}]})", "tasks[0].project has to be a text"},
+        {R"({"tasks": [{"project": "a.scvpr"}]})", "tasks[0].project: 'a.scvpr' is no full path"},
+        {R"({"tasks": [{"project": "C:\\a.txt"}]})", "tasks[0].project: C:\\a.txt ends in neither"},
+        {task(R"("enabled": true, "enabled": false)"), "the key 'enabled' stands twice in tasks[1]"},
+        {task(R"("repeat": {"monthly": true, "monthly": true})"), "stands twice in tasks[1].repeat"},
+        {R"({"tasks": [], "version": 2})", "later version"},
+        {task(R"("commands": {"add-urls": "u.csv"})"), "tasks[1].commands.add-urls: 'u.csv' is no full path"},
+        {task(R"("repeat": {"every": {"value": 0}})"), "tasks[1].repeat.every.value has to be 1 or more"},
+        {task(R"("repeat": {"days": ["Mon"], "weekdays": ["tue"]})"), "weekdays differ"},
+        {task(R"("repeat": {"every": {"unit": "hours", "unitName": "minutes"}})"), "unitName differ"},
         {task(R"("repeat": [])"), "tasks[1].repeat has to be an object"},
         {task(R"("Enabled": true)"), "tasks[1] has the unknown key 'Enabled'"},
         {task(R"("enabled": 1)"), "tasks[1].enabled has to be true or false"},
@@ -107,13 +116,13 @@ TEST_F(Exchange, ErrorsNameTheirPlace) {
         {task(R"("lastRunResult": ")" + std::string(1024, 'x') + '"'),
          "tasks[1]: its last result takes 1024"},
         {task(R"("lastRunResult": "a\u0000b")"), "control character"},
-        {task(R"("repeat": {"days": ["Mon", "Fun"]})"), "tasks[1].repeat.days holds \"Fun\""},
+        {task(R"("repeat": {"days": ["Mon", "Fun"]})"), "tasks[1].repeat.days has \"Fun\""},
         {task(R"("repeat": {"every": {"value": 2147483648}})"),
          "tasks[1].repeat.every.value has to be a whole number"},
         {task(R"("repeat": {"every": {"unit": "days"}})"), "every.unit has to be \"hours\" or \"minutes\""},
         {task(R"("commands": {"add-urls": ""})"), "commands.add-urls has to be a file or false"},
-        {task(R"("commands": {"add-urls": "a\"b"})"), "tasks[1]: the list cannot keep add-urls"},
-        {task(R"("commands": {"import-values": "C:\\v.csv"})"), "import-values wants"},
+        {task(R"("commands": {"add-urls": "C:\\a\"b"})"), "tasks[1]: the list cannot keep add-urls"},
+        {task(R"("commands": {"import-values": "C:\\v.csv"})"), "import-values needs"},
         {task(R"("commands": {"element-id": "i"})"), "without import-values"},
     };
     for (const auto& [text, told] : table) {

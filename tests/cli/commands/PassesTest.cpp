@@ -2,9 +2,9 @@
 
 #include <nlohmann/json.hpp>
 
-#include "cli/report/Refusal.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/cli/ConsoleRun.h"
+#include "util/Utf8.h"
 
 namespace {
 
@@ -28,7 +28,9 @@ TEST_F(Passes, PassLaunchesOnceAndWatchGoesOn) {
     EXPECT_EQ(shell.starts.size(), 1U);
     ticks = 200;  // the second task is due after 300 seconds
     EXPECT_EQ(Run("watch"), kFine);
-    EXPECT_EQ(out.str(), "2024-06-03 10:05:00  C:\\later.scvpr  Success\n");
+    EXPECT_EQ(out.str(),
+              "Watching C:\\l.ini: 2 tasks, the next run is 2024-06-03 10:05:00  C:\\later.scvpr\n"
+              "2024-06-03 10:05:00  C:\\later.scvpr  Success\n");
     ticks = 200;
     onTick = [this] { whyNotLaunch = "the window program runs"; };
     EXPECT_EQ(Run("watch"), kFindings) << "it gives way to a window that is opened meanwhile";
@@ -71,6 +73,62 @@ TEST_F(Passes, UnwritableOrUsedListsAreNotLaunched) {
     files.PutFolder(kList);
     EXPECT_EQ(Run("check"), kNoList);
     EXPECT_EQ(err.str(), "scvsched: the task list cannot be read: Access denied: C:\\l.ini\n");
+}
+
+TEST_F(Passes, WatchSaysWhatItKeepsAndFollowsTheFile) {
+    ticks = 6;
+    onTick = [this] {
+        if (ticks == 6) {  // another program replaces the list
+            const std::string before = files.Bytes(kList);
+            std::string fewer = before;
+            fewer.replace(fewer.find("TaskCount=2"), 11, "TaskCount=1");
+            files.Put(kList, fewer);
+        } else if (ticks == 4) {
+            files.Remove(kList);
+        }
+    };
+    EXPECT_EQ(Run("watch"), kFine);
+    EXPECT_EQ(out.str(),
+              "Watching C:\\l.ini: 2 tasks, the next run is 2024-06-03 10:00:00  C:\\due.scvpr\n"
+              "2024-06-03 10:00:00  C:\\due.scvpr  Success\n"
+              "Changed: C:\\l.ini: 1 task, none of them has a next run\n");
+    EXPECT_EQ(err.str(), "scvsched: the task list C:\\l.ini is gone; nothing is launched until it is back\n");
+}
+
+TEST_F(Passes, WatchRemembersRunsItCouldNotSave) {
+    files.SetCapacity(0);
+    ticks = 3;
+    onTick = [this] { files.Put(kList, files.Bytes(kList) + "; touched\n"); };
+    EXPECT_EQ(Run("watch"), kFine);
+    EXPECT_EQ(shell.starts.size(), 1U) << "read again, the list still says that it never ran";
+}
+
+TEST_F(Passes, WatchKeepsApostrophesOverItsOwnSaves) {
+    ASSERT_EQ(Run("set C:\\due.scvpr --every 1m --until 23:59"), kFine);
+    std::string text = files.Bytes(kList);
+    text.replace(text.find("due.scvpr"), 9, "d'ue.scvpr");
+    files.Put(kList, text);
+    ticks = 120;
+    EXPECT_EQ(Run("watch"), kFine);
+    ASSERT_GE(shell.starts.size(), 3U);
+    EXPECT_EQ(shell.starts.back(), shell.starts.front()) << ToUtf8(shell.starts.back().parameters);
+}
+
+TEST_F(Passes, WatchStartsTheFailureCommandOnce) {
+    shell.missing.insert(L"C:\\due.scvpr");
+    failureCommand.refusal = L"Access is denied";
+    ticks = 5;
+    onTick = [this] {
+        if (ticks == 3) {
+            failureCommand.failures = {7};
+        }
+    };
+    EXPECT_EQ(Run("watch --on-failure mail.cmd"), kFine);
+    EXPECT_EQ(failureCommand.starts,
+              (std::vector<std::wstring>{L"mail.cmd|C:\\due.scvpr|Failure: File does not exist"}));
+    EXPECT_EQ(err.str(),
+              "scvsched: the command of --on-failure could not be started: Access is denied\n"
+              "scvsched: the command of --on-failure has ended with code 7\n");
 }
 
 }  // namespace

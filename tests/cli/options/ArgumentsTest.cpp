@@ -27,10 +27,18 @@ TEST(Arguments, ErrorsAreOneLine) {
     const std::pair<const char*, const char*> wrong[] = {
         {"--json", "a command is missing"},
         {"lost --json", "'lost' is no command"},
-        {"list extra", "extra"},
+        {"list --extra", "'--extra' is not understood; scvsched list --help"},
+        {"--list  list", "--list needs the name of a file"},
+        {"list --json --csv", "--json and --csv exclude"},
+        {"next --week --count 3", "--week shows seven days"},
+        {"next --from 2026-03-02 --to 2026-03-01", "--to lies before --from"},
+        {"next --count", "--count needs a value"},
+        {"next --count x", "--count: 'x' is no whole number"},
+        {"add a.scvpr --start 2026-03-02 --start 2026-03-03", "--start is given twice"},
+        {"export a b", "'b' is not understood"},
         {"next --at 2024-02-30T10:00", "--at: '2024-02-30T10:00'"},
         {"next --count 0", "--count"},
-        {"add", "PATH"},
+        {"add", "the path of a project is missing"},
         {"add a.scvpr --start 2038-01-20T00:00", "2038-01-19"},
         {"add a.scvpr --days mon,fun", "--days: 'mon,fun'"},
         {"add a.scvpr --every 0m", "--every: '0m'"},
@@ -41,7 +49,6 @@ TEST(Arguments, ErrorsAreOneLine) {
         {"set a.scvpr", "set needs at least one change"},
         {"set a.scvpr --exit --no-exit", "--exit and --no-exit exclude"},
         {"set a.scvpr --no-export-results --export-file f", "export-results"},
-        {"run a.scvpr b.scvpr", "PATH"},
     };
     for (const auto& [line, told] : wrong) {
         const ParsedCommandLine parsed = Parse(Words(line));
@@ -50,6 +57,17 @@ TEST(Arguments, ErrorsAreOneLine) {
         EXPECT_THAT(parsed.message, testing::HasSubstr(told));
         EXPECT_EQ(parsed.message.find('\n'), std::string::npos) << parsed.message;
     }
+}
+
+TEST(Arguments, HelpIsFoundTheWindowsWayToo) {
+    const std::string help = Parse({"--help"}).message;
+    EXPECT_THAT(help, testing::HasSubstr("watch"));
+    EXPECT_EQ(Parse({"/?"}).message, help);
+    EXPECT_EQ(Parse({"help"}).message, help);
+    const std::string add = Parse({"add", "--help"}).message;
+    EXPECT_THAT(add, testing::HasSubstr("--monthly"));
+    EXPECT_EQ(Parse({"add", "/?"}).message, add);
+    EXPECT_EQ(Parse({"help", "add"}).message, add);
 }
 
 TEST(Arguments, HelpShowsAnExampleThatParses) {

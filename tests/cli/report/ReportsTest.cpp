@@ -24,12 +24,14 @@ protected:
         tasks[1]->m_bEnable = 0;
     }
 
+    std::vector<CSCVShchedulerTask*> All() { return {tasks[0], tasks[1]}; }
+
     const std::int64_t now = FromLocalTime(2024, 6, 3, 10, 0, 0);  // a Monday
     CSCVShchedulerTaskArray tasks;
 };
 
 TEST_F(Reports, TableFitsItsWidthAndLosesNothing) {
-    const std::string text = TasksAsText(ReportTasks(tasks, {}, now, 1), 80);
+    const std::string text = TasksAsText(ReportTasks(All(), now, 1), 80);
     EXPECT_NE(text.find("yes C:\\p\\a.scvpr"), std::string::npos) << text;
     EXPECT_NE(text.find("2024-06-03 09:00  2024-06-05 09:00\n"), std::string::npos) << text;
     std::size_t ideographs = 0;
@@ -45,20 +47,24 @@ TEST_F(Reports, TableFitsItsWidthAndLosesNothing) {
     }
     EXPECT_EQ(ideographs, 120U);
 
-    EXPECT_EQ(NextRunsAsText(ReportTasks(tasks, {L"c:\\P\\A.scvpr"}, now, 2)),
+    EXPECT_EQ(NextRunsAsText(ReportTasks({tasks[0]}, now, 2)),
               "2024-06-05 09:00:00  C:\\p\\a.scvpr\n2024-06-10 09:00:00  C:\\p\\a.scvpr\n");
-    EXPECT_EQ(NextRunsAsText(ReportTasks(tasks, {tasks[1]->m_strProjectPath}, now, 2)).substr(0, 9),
-              "disabled ");
+    EXPECT_EQ(NextRunsAsText(ReportTasks({tasks[1]}, now, 2)).substr(0, 9), "disabled ");
     tasks[0]->m_tLastRunTime = std::int64_t{1} << 60;
-    EXPECT_NE(TasksAsText(ReportTasks(tasks, {}, now, 1), 80).find("cannot be told"), std::string::npos);
+    EXPECT_NE(TasksAsText(ReportTasks(All(), now, 1), 80).find("cannot be computed"), std::string::npos);
 }
 
 TEST_F(Reports, JsonHasEveryFieldAndRunsWhenAsked) {
-    const std::vector<TaskReport> reports = ReportTasks(tasks, {}, now, 2);
+    const std::vector<TaskReport> reports = ReportTasks(All(), now, 2);
     auto expected = nlohmann::json::parse(R"({
         "section": "SCVShchedulerTask1", "enabled": true, "project": "C:\\p\\a.scvpr",
         "commandLine": "\"C:\\p\\a.scvpr\" -dt -s", "lastRunResult": "Failure: File does not exist",
-        "repeat": {"days": ["Mon", "Wen"], "monthly": false, "every": {"enabled": false, "value": 1, "unit": 1}}})");
+        "commands": {"delete-urls": true, "start-project": true},
+        "startTimeLocal": "2024-06-03T09:00:00", "untilTimeLocal": "2024-06-03T23:59:59",
+        "lastRunTimeLocal": "2024-06-03T09:00:00", "nextRunLocal": "2024-06-05T09:00:00",
+        "runsLocal": ["2024-06-05T09:00:00", "2024-06-10T09:00:00"],
+        "repeat": {"days": ["Mon", "Wen"], "weekdays": ["mon", "wed"], "monthly": false,
+                   "every": {"enabled": false, "value": 1, "unit": 1, "unitName": "hours"}}})");
     const std::int64_t next = FromLocalTime(2024, 6, 5, 9, 0, 0);
     expected.update({{"startTime", now - 3600},
                      {"untilTime", tasks[0]->m_tUntilTime},
@@ -69,6 +75,7 @@ TEST_F(Reports, JsonHasEveryFieldAndRunsWhenAsked) {
     const auto json = nlohmann::json::parse(TasksAsJson(L"C:\\x\\l.ini", now, reports, true));
     EXPECT_EQ(json["list"], "C:\\x\\l.ini");
     EXPECT_EQ(json["now"], now);
+    EXPECT_EQ(json["version"], 1);
     EXPECT_EQ(json["tasks"][0], expected);
     EXPECT_EQ(json["tasks"][1]["nextRun"], 0);
     EXPECT_FALSE(nlohmann::json::parse(TasksAsJson(L"", now, reports, false))["tasks"][0].contains("runs"));

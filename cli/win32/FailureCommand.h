@@ -1,0 +1,17 @@
+#pragma once
+
+#include <vector>
+
+#include "cli/commands/Context.h"
+#include "util/win32/Handle.h"
+
+// Starts the command without a window of its own. Commands that still run when the object goes run on.
+class CFailureCommand final : public IFailureCommand {
+public:
+    [[nodiscard]] std::wstring Start(const std::wstring& command, const std::wstring& project,
+                                     const std::wstring& result) override;
+    [[nodiscard]] std::vector<std::uint32_t> TakeFailures() override;
+
+private:
+    std::vector<CKernelHandle> m_running;
+};
