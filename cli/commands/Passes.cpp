@@ -13,7 +13,7 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, CLau
     bool isFine = true;
     std::string why;
     try {
-        RunSchedulingPass(tasks, context.platform, claim, [&](const PassRun& run) {
+        const FileResult passed = RunSchedulingPass(tasks, context.platform, claim, [&](const PassRun& run) {
             launched(run);
             isFine = isFine && run.isStarted && run.isSaved;
             if (!run.isSaved) {
@@ -21,13 +21,16 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, CLau
             }
             return true;
         });
+        if (!passed) {
+            why = Join("what is due is left to the next pass: ", context.Reason(passed));
+        }
     } catch (const std::exception& cause) {
-        why = cause.what();
-        isFine = false;
+        why = Join("the pass stopped at a task whose next run cannot be computed: ", cause.what());
     }
     if (!why.empty() && why != stopped) {
-        context.Complain("the pass stopped at a task whose next run cannot be computed: ", why);
+        context.Complain(why);
     }
+    isFine = isFine && why.empty();
     stopped = why;
     return isFine;
 }

@@ -132,6 +132,12 @@ void LoadList(const Subcommand& subcommand, const Context& context, CSCVShchedul
     } else if (!loaded) {
         throw CRefusal(Join("the task list cannot be read: ", context.Reason(loaded)), kNoList);
     }
+    if (tasks.IsForeign() && subcommand.claim != Claim::None) {
+        throw CRefusal(Join(context.list, " has a text that is no task list; nothing is written into it"));
+    }
+    if (tasks.IsForeign()) {
+        context.Warn(context.list, " has a text that is no task list");
+    }
 }
 
 }  // namespace

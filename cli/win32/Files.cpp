@@ -38,7 +38,7 @@ std::vector<std::wstring> FindFiles(const std::wstring& pattern) {
     return files;
 }
 
-std::string FileStamp(const std::wstring& file) {
+std::string StampOf(const std::wstring& file) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &data) == FALSE) {
         return {};

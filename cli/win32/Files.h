@@ -7,4 +7,4 @@
 [[nodiscard]] std::wstring FullPath(const std::wstring& path);
 // As Context::findFiles and Context::fileStamp have to be.
 [[nodiscard]] std::vector<std::wstring> FindFiles(const std::wstring& pattern);
-[[nodiscard]] std::string FileStamp(const std::wstring& file);
+[[nodiscard]] std::string StampOf(const std::wstring& file);

@@ -82,7 +82,7 @@ int Run(int argc, wchar_t** argv) {
                                      .tryClaimEditing = [&] { return instances.TryClaimEditing(); },
                                      .settleList = settleList,
                                      .findFiles = FindFiles,
-                                     .fileStamp = FileStamp,
+                                     .fileStamp = StampOf,
                                      .failureCommand = failureCommand,
                                      .waitForStop = CConsole::WaitForStop});
 }

@@ -232,6 +232,22 @@ TEST_F(Edit, EachSubcommandMakesItsOwnClaim) {
     EXPECT_TRUE(shell.starts.empty());
 }
 
+TEST_F(Edit, FilesThatAreNoListAreNotWritten) {
+    const std::string letter = "Dear Ada,\r\n[greetings]\r\nfrom=Eve\r\n";
+    in.str(R"({"tasks": [{"project": "C:\\i.scvpr"}]})");
+    for (const char* line : {"add a.scvpr", "import", "pass"}) {
+        files.Put(kList, letter);
+        EXPECT_EQ(Run(line), kUsage) << line;
+        EXPECT_EQ(err.str(),
+                  "scvsched: C:\\l.ini has a text that is no task list; nothing is written into it\n");
+        EXPECT_EQ(files.Bytes(kList), letter) << line;
+    }
+    EXPECT_EQ(Run("list"), kFine);
+    EXPECT_EQ(err.str(), "scvsched: warning: C:\\l.ini has a text that is no task list\n");
+    files.Put(kList, "");
+    EXPECT_EQ(Run("add a.scvpr"), kFine) << "an empty file is an empty list";
+}
+
 TEST_F(Edit, UnwritableListsAreExportedAndNotChanged) {
     ASSERT_EQ(Run("add a.scvpr"), kFine);
     const std::string before = files.Bytes(kList);
