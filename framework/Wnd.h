@@ -53,7 +53,12 @@ public:
     [[nodiscard]] RECT GetClientRect() const;
     // In screen coordinates.
     [[nodiscard]] RECT GetWindowRect() const;
-    void Invalidate(BOOL erase = TRUE) const { ::InvalidateRect(m_hWnd, nullptr, erase); }
+    void Invalidate(BOOL erase = TRUE) const {
+        // A null handle stands for every window of the desktop.
+        if (m_hWnd != nullptr) {
+            ::InvalidateRect(m_hWnd, nullptr, erase);
+        }
+    }
     void UpdateWindow() const { ::UpdateWindow(m_hWnd); }
 
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {

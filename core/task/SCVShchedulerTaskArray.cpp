@@ -17,6 +17,13 @@ std::ptrdiff_t CSCVShchedulerTaskArray::AddTask(const std::wstring& projectPath,
     return InsertTask(GetSize(), projectPath, now);
 }
 
+std::ptrdiff_t CSCVShchedulerTaskArray::AddTask(const TaskFields& fields) {
+    auto task = std::make_unique<CSCVShchedulerTask>();
+    static_cast<TaskFields&>(*task) = fields;
+    m_tasks.push_back(std::move(task));
+    return GetSize() - 1;
+}
+
 std::ptrdiff_t CSCVShchedulerTaskArray::InsertTask(std::ptrdiff_t index, const std::wstring& projectPath,
                                                    std::int64_t now) {
     if (index < 0) {

@@ -28,6 +28,8 @@ public:
     // Appends a new task (see CSCVShchedulerTask::Reset) for the project and returns its index. Does not look
     // for duplicates.
     std::ptrdiff_t AddTask(const std::wstring& projectPath, std::int64_t now);
+    // Appends a task with these fields and returns its index.
+    std::ptrdiff_t AddTask(const TaskFields& fields);
     // As AddTask, at `index`, and returns it; -1 when index > GetSize(). Raises std::invalid_argument when
     // index < 0.
     std::ptrdiff_t InsertTask(std::ptrdiff_t index, const std::wstring& projectPath, std::int64_t now);

@@ -61,7 +61,7 @@ TEST_F(TextFile, TwentyMegabytes) {
     EXPECT_TRUE(ReadTextFile(path) == L"\uFEFF" + text);
 }
 
-TEST_F(TextFile, AFileThatDoesNotOpenIsAskedForUntilTheUserCancels) {
+TEST_F(TextFile, AsksUntilTheUserCancels) {
     const std::wstring held = m_folder.File(L"held", "old");
     const std::wstring missing = m_folder.Path(std::wstring(240, L'x'));
     CFileHandle holder = HoldForWriting(held);

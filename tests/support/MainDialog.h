@@ -13,6 +13,7 @@
 #include "core/launch/ExtractionProgram.h"
 #include "core/platform/LocalTime.h"
 #include "core/task/SCVShchedulerTaskArray.h"
+#include "framework/MessageLoop.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"

@@ -1,12 +1,11 @@
 #include "ui/model/ListSession.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
-#include <vector>
 
 #include "core/launch/SchedulingPass.h"
 #include "core/platform/Clock.h"
-#include "ui/model/AddProjects.h"
 
 namespace {
 
@@ -22,37 +21,124 @@ private:
     bool& m_flag;
 };
 
+CSCVShchedulerTaskArray CopyOf(const CSCVShchedulerTaskArray& tasks) {
+    CSCVShchedulerTaskArray copy;
+    copy.CopyFrom(tasks);
+    return copy;
+}
+
+// Adds what `tasks` does not list yet, with its settings.
+void Join(CSCVShchedulerTaskArray& tasks, const CSCVShchedulerTaskArray& added) {
+    for (std::ptrdiff_t i = 0; i < added.GetSize(); ++i) {
+        if (tasks.FindTask(added[i]->m_strProjectPath) < 0) {
+            tasks.AddTask(*added[i]);
+        }
+    }
+}
+
 }  // namespace
 
 CListSession::CListSession(const CPlatform& platform, std::wstring file)
     : m_platform(platform), m_strFile(std::move(file)), m_claim(platform.files, m_strFile) {}
 
 void CListSession::Load() {
-    const FileResult loaded = m_tasks.TryLoad(m_platform.files, m_strFile);
-    m_bReadPending = !loaded && loaded != FileResult::Status::Missing;
-    m_bWasRead = m_bWasRead || !m_bReadPending;
-    m_passRecord.ApplyTo(m_tasks);
+    Read(m_platform.files, false);
 }
 
-bool CListSession::ReadPending() {
-    if (!m_bReadPending) {
+std::wstring CListSession::Notice() const {
+    if (m_bWasRead) {
+        return {};
+    }
+    return m_readFailure == FileResult::Status::Busy
+               ? L"The list is in use by another program. Trying again\u2026"
+               : L"The list cannot be read: " + DescribeFailure(m_platform.files, m_readFailure);
+}
+
+void CListSession::BeginEditing() {
+    if (!m_beforeEditing) {
+        m_beforeEditing = CopyOf(m_tasks);
+    }
+}
+
+bool CListSession::Accept() {
+    return AcceptInto(m_platform.files);
+}
+
+bool CListSession::AcceptInto(IFileSystem& files) {
+    m_beforeEditing.reset();
+    m_bSavePending = true;
+    m_bReadPending = !m_bWasRead;
+    return TryPending(files, true);
+}
+
+void CListSession::Discard() {
+    if (!m_bSavePending) {
+        Read(m_platform.files, false);
+    }
+    // A list that is missing leaves the tasks as they are, edits included.
+    if (m_beforeEditing && (m_bSavePending || m_bReadPending)) {
+        m_tasks = std::move(*m_beforeEditing);
+        m_passRecord.ApplyTo(m_tasks);
+    }
+    m_beforeEditing.reset();
+}
+
+void CListSession::Close(IFileSystem& files) {
+    AcceptInto(files);
+}
+
+bool CListSession::OnTick(bool mayReplaceTasks) {
+    return !m_bLaunching && m_retry.IsTryDue() && TryPending(m_platform.files, mayReplaceTasks);
+}
+
+// Reading, saving the list and saving single runs, as far as each is pending. Edits that nobody has accepted
+// keep a list that was read before from being read again or saved.
+bool CListSession::TryPending(IFileSystem& files, bool mayReplaceTasks) {
+    bool isReplaced = false;
+    if (m_bReadPending && mayReplaceTasks && !m_bLaunching && !(m_bWasRead && m_beforeEditing)) {
+        isReplaced = Read(files, !m_bWasRead);
+    }
+    if (m_bSavePending && m_bWasRead && !m_beforeEditing) {
+        Save(files);
+    }
+    if (m_passRecord.HasUnsaved()) {
+        m_passRecord.SaveTo(files, m_tasks);
+    }
+    if (!m_bLaunching && !m_passRecord.HasUnsaved()) {
+        // What a pass has kept because others could not know its runs.
+        m_claim.Release();
+    }
+    m_bReadPending || m_bSavePending || m_passRecord.HasUnsaved() ? m_retry.OnFailure() : m_retry.OnSuccess();
+    return isReplaced;
+}
+
+// True when the tasks were replaced by those of the file, which what was added before `joins`. Reads into an
+// array of its own, for one that could not read a list refuses to save it.
+bool CListSession::Read(IFileSystem& files, bool joins) {
+    CSCVShchedulerTaskArray read;
+    FileResult result = read.TryLoad(files, m_strFile);
+    m_bReadPending = !result && result != FileResult::Status::Missing;
+    m_bWasRead = m_bWasRead || !m_bReadPending;
+    if (!result) {
+        m_readFailure = std::move(result);
         return false;
     }
-    // What was added while the list could not be read at all is no part of it yet.
-    std::vector<std::wstring> added;
-    for (std::ptrdiff_t i = 0; !m_bWasRead && i < m_tasks.GetSize(); ++i) {
-        added.push_back(m_tasks[i]->m_strProjectPath);
+    if (joins && m_beforeEditing) {
+        CSCVShchedulerTaskArray before = CopyOf(read);
+        Join(before, *m_beforeEditing);
+        m_beforeEditing = std::move(before);
     }
-    Load();
-    if (m_bReadPending) {
-        return false;
+    if (joins) {
+        Join(read, m_tasks);
     }
-    AddProjects(m_tasks, added, m_platform.clock.Now());
+    m_tasks = std::move(read);
+    m_passRecord.ApplyTo(m_tasks);
     return true;
 }
 
-void CListSession::Save() {
-    if (m_tasks.TrySave(m_platform.files, m_strFile)) {
+void CListSession::Save(IFileSystem& files) {
+    m_bSavePending = !m_tasks.TrySave(files, m_strFile);
+    if (!m_bSavePending) {
         m_passRecord.Clear();
     }
 }
@@ -67,7 +153,7 @@ std::string CListSession::RunDueProjects(const std::function<void()>& onRun) {
         RunSchedulingPass(m_tasks, m_platform, m_claim, [&](const PassRun& run) {
             m_passRecord.Add(run.task, run.isSaved);
             onRun();
-            return true;
+            return !m_bPassEnds;
         });
     } catch (const std::exception& failure) {
         error = failure.what();

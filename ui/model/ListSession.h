@@ -1,9 +1,11 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "core/launch/LaunchClaim.h"
+#include "core/list/RetryTicks.h"
 #include "core/platform/Platform.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "ui/model/PassRecord.h"
@@ -11,8 +13,9 @@
 // The tasks of the running window and their file: when it is read, saved and read again, and which project
 // may be launched now.
 //
-// A list that is there but cannot be read is not an empty list. Nothing is saved over it, and it is tried
-// again until it can be read; what was added meanwhile then joins what it holds.
+// Another program may hold the file at any time. A list that is there but cannot be read is not an empty
+// list: nothing is saved over it, and projects that were added meanwhile join what it holds. What could not
+// be read or saved stays pending, and OnTick tries again. All calls but Close rely on files that do not wait.
 class CListSession {
 public:
     // What `platform` refers to outlives the session. `file` is the task list file.
@@ -20,13 +23,25 @@ public:
 
     [[nodiscard]] CSCVShchedulerTaskArray& Tasks() noexcept { return m_tasks; }
 
-    // Reads the list, at the start and to discard edits. Runs that could not be saved are kept. A list that
-    // cannot be read leaves the tasks as they are, and ReadPending tries again.
+    // Reads the list for the first time.
     void Load();
-    // True when a list that could not be read before has now replaced the tasks.
-    bool ReadPending();
-    // Saves all tasks. A failure is not reported.
-    void Save();
+    // What to show in place of the rows while the list has not been read; empty once it has been.
+    [[nodiscard]] std::wstring Notice() const;
+
+    // The user can edit from here on until Accept or Discard.
+    void BeginEditing();
+    // Saves all tasks, edits included; they win over a reading that is still pending. True when the tasks
+    // were replaced, because what was added before the list could be read has joined it.
+    bool Accept();
+    // Takes the edits back by reading the list again; runs that could not be saved are kept. When it cannot
+    // be read, or does not hold yet what was accepted before, the tasks become those of BeginEditing.
+    void Discard();
+    // As Accept, at the end of the program, with `files` that may wait for a busy file.
+    void Close(IFileSystem& files);
+
+    // To be called every two seconds: tries what is pending, at the next tick and then at every second one. A
+    // list is read only if `mayReplaceTasks`. True when it has replaced the tasks.
+    bool OnTick(bool mayReplaceTasks);
 
     // While a project is being launched the shell may dispatch messages: nothing may be launched a second
     // time then, and no task may be removed.
@@ -35,18 +50,30 @@ public:
     // ended the pass early, in UTF-8; empty when nothing did, and when that was returned for the pass before:
     // a pass that fails is reported once and not every two seconds.
     [[nodiscard]] std::string RunDueProjects(const std::function<void()>& onRun);
+    // For the end of the program: ends the pass that is going on after the project at hand.
+    void EndPass() noexcept { m_bPassEnds = true; }
     // Launches this task's project unless a launch is going on, and does not save it. False when it was not
     // tried.
     bool RunProject(CSCVShchedulerTask& task);
 
 private:
+    bool Read(IFileSystem& files, bool joins);
+    bool AcceptInto(IFileSystem& files);
+    void Save(IFileSystem& files);
+    bool TryPending(IFileSystem& files, bool mayReplaceTasks);
+
     CPlatform m_platform;
     std::wstring m_strFile;
     CSCVShchedulerTaskArray m_tasks;
+    std::optional<CSCVShchedulerTaskArray> m_beforeEditing;
     CPassRecord m_passRecord;
     CLaunchClaim m_claim;
-    bool m_bWasRead = false;      // the tasks come from the file, or there was none
-    bool m_bReadPending = false;  // the file is there and could not be read
+    bool m_bWasRead = false;  // the tasks come from the file, or there was none
+    bool m_bReadPending = false;
+    FileResult m_readFailure;  // of the last reading that failed
+    bool m_bSavePending = false;
+    CRetryTicks m_retry;
     bool m_bLaunching = false;
+    bool m_bPassEnds = false;
     std::string m_strPassError;  // what the last pass failed with
 };

@@ -26,14 +26,14 @@ void CPassRecord::ApplyTo(const CSCVShchedulerTaskArray& tasks) const {
     }
 }
 
-void CPassRecord::SaveTo(IFileSystem& files, const CSCVShchedulerTaskArray& tasks) {
+void CPassRecord::SaveTo(IFileSystem& files, CSCVShchedulerTaskArray& tasks) {
     for (std::ptrdiff_t i = 0; i < tasks.GetSize() && HasUnsaved(); ++i) {
         CSCVShchedulerTask& task = *tasks[i];
         const auto run = m_runs.find(KeyOf(task));
         if (run == m_runs.end() || run->second.isSaved || task.m_strIniSection.empty()) {
             continue;
         }
-        run->second.isSaved = bool{task.TrySaveToIni(files, task.m_strIniFile, task.m_strIniSection)};
+        run->second.isSaved = bool{tasks.TrySaveRun(files, task)};
         if (!run->second.isSaved) {
             return;
         }

@@ -20,7 +20,7 @@ public:
     // only an older one.
     void ApplyTo(const CSCVShchedulerTaskArray& tasks) const;
     // Saves the tasks whose runs could not be saved, up to the first failure.
-    void SaveTo(IFileSystem& files, const CSCVShchedulerTaskArray& tasks);
+    void SaveTo(IFileSystem& files, CSCVShchedulerTaskArray& tasks);
     // Whether a task that has a section has a run that could not be saved.
     [[nodiscard]] bool HasUnsaved() const noexcept;
     // To be called once the whole list has been saved.

@@ -14,8 +14,9 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR lpCmdLine, int) {
     RefreshTimeZone();
     const CComApartment apartment;
     const CSystemClock clock;
-    CWindowsFileSystem files;
+    CWindowsFileSystem files(CWindowsFileSystem::Waiting::Never);
+    CWindowsFileSystem patientFiles;
     CWindowsShell shell;
-    CSCVSchedulerApp app({clock, files, shell});
+    CSCVSchedulerApp app({clock, files, shell}, patientFiles);
     return AfxWinMain(app, lpCmdLine);
 }

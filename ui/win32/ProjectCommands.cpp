@@ -121,6 +121,7 @@ void CProjectCommands::OnDeleteProject() {
     if (m_session.IsLaunching()) {
         return;
     }
+    const HWND focus = GetFocus();
     const std::vector<int> rows = m_list.SelectedRows();
     std::vector<std::wstring> projects;
     for (const int row : rows) {
@@ -135,6 +136,11 @@ void CProjectCommands::OnDeleteProject() {
         m_list.Select(next);
     } else {
         m_editor.UpdateStates();
+    }
+    // While nothing was selected the button was disabled and had to let the focus go: the next key would have
+    // changed the next project.
+    if (GetFocus() != focus && IsChild(m_dialog.m_hWnd, focus) && ::IsWindowEnabled(focus)) {
+        m_dialog.SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(focus), TRUE);
     }
 }
 

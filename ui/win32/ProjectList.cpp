@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "framework/IconResource.h"
+#include "ui/model/FailureColour.h"
 #include "ui/model/ProjectColumns.h"
 #include "ui/model/RowOrder.h"
 #include "ui/model/RowSelection.h"
@@ -31,6 +32,13 @@ CImageListHandle LoadSortMarks() {
         }
     }
     return list;
+}
+
+bool IsHighContrast() {
+    HIGHCONTRASTW settings{};
+    settings.cbSize = sizeof(settings);
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof(settings), &settings, 0) != FALSE &&
+           (settings.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
 int ScreenResolution() {
@@ -202,6 +210,10 @@ void CProjectList::ClearSelection() const {
     SetItemState(-1, 0, LVIS_SELECTED | LVIS_FOCUSED);
 }
 
+void CProjectList::SelectAll() const {
+    SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+}
+
 void CProjectList::SetItemState(int row, UINT state, UINT mask) const {
     LVITEMW item{};
     item.state = state;
@@ -218,6 +230,39 @@ void CProjectList::OnGetDispInfo(NMLVDISPINFOW& request) const {
     const std::wstring text = CellText(*task, item.iSubItem, m_clock.Now());
     const std::size_t length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax - 1));
     *std::copy_n(text.begin(), length, item.pszText) = L'\0';
+}
+
+LRESULT CProjectList::OnCustomDraw(NMLVCUSTOMDRAW& draw, const std::wstring& notice) const {
+    switch (draw.nmcd.dwDrawStage) {
+        case CDDS_PREPAINT:
+            return RowCount() > 0 ? CDRF_NOTIFYITEMDRAW : CDRF_NOTIFYPOSTPAINT;
+        case CDDS_ITEMPREPAINT: {
+            const auto* task = reinterpret_cast<const CSCVShchedulerTask*>(draw.nmcd.lItemlParam);
+            if (task != nullptr && IsFailure(task->m_strLastRunResult)) {
+                // Not of a selected row: the list view draws these in the selection's own colours.
+                draw.clrText =
+                    FailureColour(IsHighContrast(), GetSysColor(COLOR_HOTLIGHT), GetSysColor(COLOR_WINDOW));
+            }
+            return CDRF_DODEFAULT;
+        }
+        case CDDS_POSTPAINT:
+            DrawNotice(draw.nmcd.hdc, notice);
+            return CDRF_DODEFAULT;
+        default:
+            return CDRF_DODEFAULT;
+    }
+}
+
+// In the first row's place, indented as its text is.
+void CProjectList::DrawNotice(HDC context, const std::wstring& notice) const {
+    RECT place = GetClientRect();
+    place.top = CWnd(Header()).GetClientRect().bottom + 2 * GetSystemMetrics(SM_CYEDGE);
+    place.left += 3 * GetSystemMetrics(SM_CXEDGE);
+    const HGDIOBJ before = SelectObject(context, reinterpret_cast<HGDIOBJ>(SendMessage(WM_GETFONT)));
+    SetBkMode(context, TRANSPARENT);
+    SetTextColor(context, GetSysColor(COLOR_WINDOWTEXT));
+    DrawTextW(context, notice.c_str(), -1, &place, DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
+    SelectObject(context, before);
 }
 
 void CProjectList::OnItemChanged(const NMLISTVIEW& change) const {

@@ -4,6 +4,7 @@
 
 #include <commctrl.h>
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -59,9 +60,13 @@ public:
     // is not.
     void Select(int row) const;
     void ClearSelection() const;
+    void SelectAll() const;
 
     // Answers the list view's request for what a row shows.
     void OnGetDispInfo(NMLVDISPINFOW& request) const;
+    // Draws rows of failed runs in their colour and, while there is no row, the notice. Returns what the list
+    // view wants to know.
+    [[nodiscard]] LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw, const std::wstring& notice) const;
     // Takes a change of a row's check box over into its task.
     void OnItemChanged(const NMLISTVIEW& change) const;
 
@@ -70,6 +75,7 @@ private:
     void SetItemState(int row, UINT state, UINT mask) const;
     void SetMark(int column, bool show, bool ascending) const;
     [[nodiscard]] HWND Header() const;
+    void DrawNotice(HDC context, const std::wstring& notice) const;
 
     const CSCVShchedulerTaskArray& m_tasks;
     const IClock& m_clock;

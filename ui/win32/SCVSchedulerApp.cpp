@@ -46,9 +46,11 @@ BOOL CSCVSchedulerApp::InitInstance() {
     }
 
     m_dialog = std::make_unique<CSCVSchedulerDlg>(
-        m_platform, SettleTaskListPath({m_strHelpFilePath, GetKnownFolder(CSIDL_APPDATA),
-                                        GetKnownFolder(CSIDL_LOCAL_APPDATA), m_strAppName, m_strExeName},
-                                       m_platform.files));
+        m_platform,
+        SettleTaskListPath({m_strHelpFilePath, GetKnownFolder(CSIDL_APPDATA),
+                            GetKnownFolder(CSIDL_LOCAL_APPDATA), m_strAppName, m_strExeName},
+                           m_patientFiles),
+        &m_patientFiles);
     if (!m_dialog->Create(IDD_MAIN)) {
         return FALSE;
     }

@@ -12,14 +12,17 @@
 // on purpose.
 class CSCVSchedulerApp : public CWinApp {
 public:
-    // What `platform` refers to outlives the application.
-    explicit CSCVSchedulerApp(const CPlatform& platform) noexcept : m_platform(platform) {}
+    // What `platform` refers to outlives the application, and so do `patientFiles`: its files do not wait for
+    // a busy file, these may, before the window is there and when it is gone.
+    CSCVSchedulerApp(const CPlatform& platform, IFileSystem& patientFiles) noexcept
+        : m_platform(platform), m_patientFiles(patientFiles) {}
 
     BOOL InitInstance() override;
     int ExitInstance() override;
 
 private:
     CPlatform m_platform;
+    IFileSystem& m_patientFiles;
     CKernelHandle m_firstEvent;  // held by the first instance from before its window exists
     CKernelHandle m_instanceEvent;
     std::unique_ptr<CSCVSchedulerDlg> m_dialog;

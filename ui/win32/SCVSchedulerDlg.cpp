@@ -23,6 +23,8 @@ namespace {
 
 constexpr UINT kTimerPeriod = 2000;  // milliseconds
 constexpr int kTipTime = 30'000;     // milliseconds, for all that there is to read about a row
+// Posted when the tray's menu is closed, with the window that had the foreground before it.
+constexpr UINT kTrayMenuClosed = kTrayMessage + 1;
 constexpr wchar_t kSection[] = L"CSCVSchedulerDlg";
 constexpr wchar_t kSortColumn[] = L"sortColumnIndex";
 constexpr wchar_t kAscending[] = L"ascSort";
@@ -75,9 +77,11 @@ constexpr struct {
 
 }  // namespace
 
-CSCVSchedulerDlg::CSCVSchedulerDlg(const CPlatform& platform, std::wstring taskListPath)
+CSCVSchedulerDlg::CSCVSchedulerDlg(const CPlatform& platform, std::wstring taskListPath,
+                                   IFileSystem* closingFiles)
     : CResizingDialog(IDD_MAIN),
       m_platform(platform),
+      m_closingFiles(closingFiles != nullptr ? *closingFiles : platform.files),
       m_session(platform, std::move(taskListPath)),
       m_list(m_session.Tasks(), m_platform.clock),
       m_editor(*this, m_list, m_platform.clock),
@@ -109,8 +113,7 @@ BOOL CSCVSchedulerDlg::OnInitDialog() {
                          app.GetProfileInt(kSection, kAscending, 1) != 0);
     m_bReady = true;
     m_session.Load();
-    m_commands.FillProjectList();
-    m_commands.SelectFirstRow();
+    ShowTasksAnew();
     CheckDlgButton(IDC_RUN_AT_STARTUP, IsStartedWithWindows());
     SetTimer(kTimer, kTimerPeriod);
     DragAcceptFiles(m_hWnd, TRUE);
@@ -168,13 +171,34 @@ void CSCVSchedulerDlg::SetOpeningSize() {
 BOOL CSCVSchedulerDlg::PreTranslateMessage(MSG* message) {
     m_rowTip.Follow(*message);
     m_toolTip.RelayEvent(message);
-    if (message->message == WM_KEYDOWN && message->wParam == VK_DELETE && message->hwnd == m_list.m_hWnd) {
-        m_commands.OnDeleteProject();
+    const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
+    // A hidden window can still have the keyboard, after the tray's menu for instance.
+    if (isKey && !IsWindowVisible() && (message->hwnd == m_hWnd || IsChild(m_hWnd, message->hwnd))) {
+        return TRUE;
+    }
+    if (message->message == WM_KEYDOWN && message->hwnd == m_list.m_hWnd) {
+        if (message->wParam == VK_DELETE) {
+            m_commands.OnDeleteProject();
+        } else if (message->wParam == 'A' && GetKeyState(VK_CONTROL) < 0 && GetKeyState(VK_MENU) >= 0) {
+            m_list.SelectAll();
+            return TRUE;
+        }
     }
     return CResizingDialog::PreTranslateMessage(message);
 }
 
 LRESULT CSCVSchedulerDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (const std::optional<LRESULT> answer = OnOwnMessage(message, wParam, lParam)) {
+        return *answer;
+    }
+    const LRESULT result = CResizingDialog::WindowProc(message, wParam, lParam);
+    if (message == WM_SHOWWINDOW) {
+        OnShowWindow(wParam != FALSE);
+    }
+    return result;
+}
+
+std::optional<LRESULT> CSCVSchedulerDlg::OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_TIMER:
             if (wParam != kTimer) {
@@ -185,6 +209,9 @@ LRESULT CSCVSchedulerDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         case kTrayMessage:
             OnTrayMessage(LOWORD(lParam));
             return 1;
+        case kTrayMenuClosed:
+            OnTrayMenuClosed(reinterpret_cast<HWND>(lParam));
+            return 0;
         case WM_COPYDATA:
             OnHandOver(reinterpret_cast<const COPYDATASTRUCT*>(lParam));
             break;
@@ -196,17 +223,20 @@ LRESULT CSCVSchedulerDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         case WM_POWERBROADCAST:
             OnLocalTimeChanged();
             break;
+        case WM_QUERYENDSESSION:
+            return TRUE;
+        case WM_ENDSESSION:
+            if (wParam != FALSE) {
+                OnEndSession();
+            }
+            return 0;
         case WM_DESTROY:
             OnDestroy();
             break;
         default:
             break;
     }
-    const LRESULT result = CResizingDialog::WindowProc(message, wParam, lParam);
-    if (message == WM_SHOWWINDOW) {
-        OnShowWindow(wParam != FALSE);
-    }
-    return result;
+    return std::nullopt;
 }
 
 BOOL CSCVSchedulerDlg::OnCommand(int id, UINT code, HWND control) {
@@ -228,17 +258,21 @@ BOOL CSCVSchedulerDlg::OnCommand(int id, UINT code, HWND control) {
             OnExit();
             return TRUE;
         default:
-            return m_commands.OnCommand(id) ? TRUE : CResizingDialog::OnCommand(id, code, control);
+            if (m_commands.OnCommand(id)) {
+                OnLaunchEnded();
+                return TRUE;
+            }
+            return CResizingDialog::OnCommand(id, code, control);
     }
 }
 
-BOOL CSCVSchedulerDlg::OnNotify(NMHDR* header, LRESULT*) {
+BOOL CSCVSchedulerDlg::OnNotify(NMHDR* header, LRESULT* result) {
     if (!m_bReady) {
         return FALSE;
     }
     if (header->hwndFrom == m_list.m_hWnd) {
-        OnListNotify(*header);
-        return FALSE;
+        *result = OnListNotify(*header);
+        return *result != 0;
     }
     if (m_rowTip.OnGetDispInfo(*reinterpret_cast<NMTTDISPINFOW*>(header))) {
         return TRUE;
@@ -250,10 +284,10 @@ BOOL CSCVSchedulerDlg::OnNotify(NMHDR* header, LRESULT*) {
     return isHandled;
 }
 
-void CSCVSchedulerDlg::OnListNotify(const NMHDR& header) {
+LRESULT CSCVSchedulerDlg::OnListNotify(NMHDR& header) {
     switch (header.code) {
         case LVN_GETDISPINFOW:
-            m_list.OnGetDispInfo(*reinterpret_cast<NMLVDISPINFOW*>(const_cast<NMHDR*>(&header)));
+            m_list.OnGetDispInfo(reinterpret_cast<NMLVDISPINFOW&>(header));
             break;
         case LVN_ITEMCHANGED: {
             const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
@@ -279,9 +313,12 @@ void CSCVSchedulerDlg::OnListNotify(const NMHDR& header) {
                 m_editor.Load(-1);
             }
             break;
+        case NM_CUSTOMDRAW:
+            return m_list.OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header), m_session.Notice());
         default:
             break;
     }
+    return 0;
 }
 
 BOOL CSCVSchedulerDlg::ShowAndSelectProject(int showCommand, const std::wstring& projectPath) {
@@ -299,6 +336,7 @@ void CSCVSchedulerDlg::OnShowWindow(bool show) {
     if (!show || m_bRestoring || !m_bReady) {
         return;
     }
+    m_session.BeginEditing();
     m_bRestoring = true;
     m_list.SetFocus();
     RestoreWindowPlacement(kSection);
@@ -306,12 +344,26 @@ void CSCVSchedulerDlg::OnShowWindow(bool show) {
 }
 
 void CSCVSchedulerDlg::OnShowCommand() {
-    ShowAndSelectProject(SW_SHOW, {});
+    OpenWindow({});
+}
+
+void CSCVSchedulerDlg::OpenWindow(const std::wstring& projectPath) {
+    if (IsIconic(m_hWnd)) {
+        ShowWindow(SW_RESTORE);
+    }
+    ShowAndSelectProject(SW_SHOW, projectPath);
     SetForegroundWindow();
 }
 
+void CSCVSchedulerDlg::ShowTasksAnew() {
+    m_commands.FillProjectList();
+    m_commands.SelectFirstRow();
+}
+
 void CSCVSchedulerDlg::OnOK() {
-    m_session.Save();
+    if (m_session.Accept()) {
+        ShowTasksAnew();
+    }
     ShowAndSelectProject(SW_HIDE, {});
 }
 
@@ -319,14 +371,35 @@ void CSCVSchedulerDlg::OnCancel() {
     if (m_session.IsLaunching()) {
         return;
     }
-    m_session.Load();
-    m_commands.FillProjectList();
-    m_commands.SelectFirstRow();
+    m_session.Discard();
+    ShowTasksAnew();
     ShowAndSelectProject(SW_HIDE, {});
 }
 
 void CSCVSchedulerDlg::OnExit() {
-    m_session.Save();
+    // The task that is being launched is in use.
+    if (m_session.IsLaunching()) {
+        m_session.EndPass();
+        m_bExits = true;
+        return;
+    }
+    m_bReady = false;
+    // The last save may wait for the file, and a window that does not answer is not to be seen.
+    ShowWindow(SW_HIDE);
+    m_session.Close(m_closingFiles);
+    DestroyWindow();
+}
+
+void CSCVSchedulerDlg::OnLaunchEnded() {
+    if (m_bExits && m_hWnd != nullptr && !m_session.IsLaunching()) {
+        OnExit();
+    }
+}
+
+// The system ends the process after this, also in the middle of a launch.
+void CSCVSchedulerDlg::OnEndSession() {
+    m_session.EndPass();
+    m_session.Close(m_closingFiles);
     DestroyWindow();
 }
 
@@ -334,14 +407,18 @@ void CSCVSchedulerDlg::OnTimer() {
     if (m_session.IsLaunching() || !m_bReady) {
         return;
     }
+    const bool hadNotice = !m_session.Notice().empty();
     // Not while a dialog stands before the window: what it is asking about may go with the old tasks.
-    if (IsWindowEnabled() && m_session.ReadPending()) {
-        m_commands.FillProjectList();
-        m_commands.SelectFirstRow();
+    if (m_session.OnTick(IsWindowEnabled() != FALSE)) {
+        ShowTasksAnew();
+    } else if (hadNotice && m_session.Notice().empty()) {
+        m_list.Invalidate();
     }
-    if (const std::string error = m_session.RunDueProjects([this] { OnRun(); }); !error.empty()) {
+    const std::string error = m_session.RunDueProjects([this] { OnRun(); });
+    if (!error.empty() && !m_bExits) {
         AfxReportException(error.c_str());
     }
+    OnLaunchEnded();
 }
 
 void CSCVSchedulerDlg::OnRun() {
@@ -360,17 +437,26 @@ void CSCVSchedulerDlg::OnTrayMessage(UINT mouseMessage) {
     } else if (mouseMessage == WM_RBUTTONUP) {
         POINT point{};
         GetCursorPos(&point);
+        const HWND foregroundBefore = GetForegroundWindow();
         // The system closes the menu of a foreground window when the user clicks elsewhere, of another one it
         // does not.
         SetForegroundWindow();
         ShowPopupMenu(IDR_TRAY_MENU, point.x, point.y, m_hWnd, 0);
+        // Behind the command that the menu may have posted.
+        PostMessage(kTrayMenuClosed, 0, reinterpret_cast<LPARAM>(foregroundBefore));
+    }
+}
+
+// A hidden window would keep the keyboard.
+void CSCVSchedulerDlg::OnTrayMenuClosed(HWND foregroundBefore) {
+    if (!IsWindowVisible() && GetForegroundWindow() == m_hWnd) {
+        ::SetForegroundWindow(foregroundBefore);
     }
 }
 
 void CSCVSchedulerDlg::OnHandOver(const COPYDATASTRUCT* data) {
     if (data != nullptr && data->dwData == kHandOverTag) {
-        ShowAndSelectProject(SW_SHOW, ReadHandOver(data->lpData, data->cbData));
-        SetForegroundWindow();
+        OpenWindow(ReadHandOver(data->lpData, data->cbData));
     }
 }
 

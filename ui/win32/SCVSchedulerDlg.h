@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -22,9 +23,11 @@ class CSCVSchedulerDlg : public CResizingDialog {
 public:
     static constexpr UINT_PTR kTimer = 101;
 
-    // What `platform` refers to outlives the dialog. `taskListPath` is the file that the list is loaded from
-    // and saved to.
-    CSCVSchedulerDlg(const CPlatform& platform, std::wstring taskListPath);
+    // What `platform` refers to outlives the dialog; its files do not wait, or the window would not answer.
+    // `taskListPath` is the file that the list is loaded from and saved to. `closingFiles` may wait: for the
+    // save with which the program ends. Null for those of the platform.
+    CSCVSchedulerDlg(const CPlatform& platform, std::wstring taskListPath,
+                     IFileSystem* closingFiles = nullptr);
     ~CSCVSchedulerDlg() override;
 
     // Shows or hides the window. A listed project is selected by the position rule of RowAtProjectsPosition;
@@ -42,6 +45,8 @@ protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    // The answer to a message that is this dialog's alone.
+    std::optional<LRESULT> OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void SetIcons();
     bool CreateToolTips();
     void RegisterControls();
@@ -51,13 +56,19 @@ private:
     void OnRun();
     void OnLocalTimeChanged();
     void OnTrayMessage(UINT mouseMessage);
+    void OnTrayMenuClosed(HWND foregroundBefore);
     void OnHandOver(const COPYDATASTRUCT* data);
     void OnDestroy();
     void OnShowCommand();
+    void OpenWindow(const std::wstring& projectPath);
+    void ShowTasksAnew();
     void OnExit();
-    void OnListNotify(const NMHDR& header);
+    void OnLaunchEnded();
+    void OnEndSession();
+    LRESULT OnListNotify(NMHDR& header);
 
     CPlatform m_platform;
+    IFileSystem& m_closingFiles;
     CListSession m_session;
     CProjectList m_list;
     CTaskEditor m_editor;
@@ -69,4 +80,5 @@ private:
 
     bool m_bReady = false;      // initialised, and not being destroyed
     bool m_bRestoring = false;  // the placement is being restored
+    bool m_bExits = false;      // as soon as the launch that is going on is over
 };

@@ -82,4 +82,50 @@ TEST(EditorRules, AnImpossibleStartCanBeReplaced) {
     EXPECT_EQ(task.m_tStartTime, start);
 }
 
+TEST(EditorRules, PickersChangeTheirHalfOfTheStart) {
+    T first;
+    T second;
+    first.m_tStartTime = FromLocalTime(2024, 3, 5, 8, 15, 42);
+    second.m_tStartTime = FromLocalTime(2024, 3, 5, 9, 15, 42);
+    T* const selected[]{&first, nullptr, &second};
+    ApplyStartDate({2024, 3, 6, 0, 1, 1, 1}, selected);
+    EXPECT_EQ(first.m_tStartTime, FromLocalTime(2024, 3, 6, 8, 15, 42)) << "the date keeps the seconds";
+    EXPECT_EQ(second.m_tStartTime, FromLocalTime(2024, 3, 6, 9, 15, 42)) << "and each task's own time";
+    ApplyStartTime({2001, 1, 1, 0, 10, 30, 59}, selected);
+    EXPECT_EQ(first.m_tStartTime, FromLocalTime(2024, 3, 6, 10, 30, 0)) << "the time clears them";
+    ApplyUntilTime({2024, 3, 6, 0, 18, 45, 7}, selected);
+    EXPECT_EQ(second.m_tUntilTime, FromLocalTime(2024, 3, 6, 18, 45, 7)) << "as picked";
+    ApplyStartNow(FromLocalTime(2026, 2, 25, 10, 0, 59), selected);
+    EXPECT_EQ(second.m_tStartTime, FromLocalTime(2026, 2, 25, 10, 0, 0)) << "without seconds";
+    EXPECT_THROW(ApplyStartDate({1800, 3, 6, 0, 1, 1, 1}, selected), std::invalid_argument);
+    EXPECT_EQ(first.m_tStartTime, FromLocalTime(2026, 2, 25, 10, 0, 0)) << "as it was";
+}
+
+TEST(EditorRules, BoxesEnableTheirDependants) {
+    const struct {
+        std::int32_t stEditorMembers::*box;
+        std::set<int> dependants;
+    } cases[] = {{&stEditorMembers::m_bExportIntoNewFile, {1020, 1243}},
+                 {&stEditorMembers::m_bExportFailedUrls, {1021, 1244}},
+                 {&stEditorMembers::m_bAddUrls, {1018, 1242}},
+                 {&stEditorMembers::m_bGenerateUrls, {1051, 1247}},
+                 {&stEditorMembers::m_bImportInputValues, {1023, 1024, 1025, 1246}},
+                 {&stEditorMembers::m_bEnableEvery, {1039, 1040, 1041, 1044, 1038}}};
+    const auto enabled = [](const stEditorMembers& members, bool hasSelection) {
+        std::set<int> ids;
+        for (const stControlState& state : EditorStates(members, hasSelection)) {
+            if (state.isEnabled) {
+                ids.insert(state.id);
+            }
+        }
+        return ids;
+    };
+    for (const auto& item : cases) {
+        stEditorMembers members;
+        members.*item.box = 1;
+        EXPECT_EQ(enabled(members, false), item.dependants) << *item.dependants.begin();
+    }
+    EXPECT_EQ(enabled({}, true), (std::set<int>{1251, 1026, 1043, 1045})) << "what acts on projects";
+}
+
 }  // namespace

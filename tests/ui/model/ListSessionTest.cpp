@@ -19,11 +19,7 @@ protected:
 
     // Puts a list of these projects into the file, none of them due, and starts the program on it.
     void Start(const Texts& projects) {
-        CSCVShchedulerTaskArray tasks;
-        for (const std::wstring& project : projects) {
-            tasks.AddTask(project, clock.now);
-        }
-        ASSERT_TRUE(tasks.TrySave(files, kList));
+        SaveElsewhere(projects);
         StartAgain();
     }
     void StartAgain() {
@@ -36,6 +32,20 @@ protected:
         CSCVShchedulerTaskArray saved;
         saved.Load(files, kList);
         return ProjectsOf(saved);
+    }
+    void Hold(bool isHeld) { files.Hold(kList, isHeld ? CFakeFileSystem::kForever : 0); }
+    void SaveElsewhere(const Texts& projects) {
+        CSCVShchedulerTaskArray tasks;
+        for (const std::wstring& project : projects) {
+            tasks.AddTask(project, clock.now);
+        }
+        ASSERT_TRUE(tasks.TrySave(files, kList));
+    }
+    // Within two ticks.
+    bool TicksReplaceTasks() {
+        const bool first = session->OnTick(true);
+        const bool second = session->OnTick(true);
+        return first || second;
     }
     void RunDue() {
         errors.push_back(session->RunDueProjects([this] { ++runs; }));
@@ -59,53 +69,218 @@ private:
     }
 };
 
-TEST_F(ListSession, HeldListIsReadOnceItCanBe) {
+TEST_F(ListSession, CancelWithTheListHeldTakesEditsBack) {
     Start({L"a.scvpr"});
-    files.Hold(kList, CFakeFileSystem::kForever);
+    session->BeginEditing();
     Task(0).m_strProjectPath = L"edited.scvpr";
-    session->Load();
-    EXPECT_FALSE(session->ReadPending());
-    EXPECT_EQ(Projects(), Texts{L"edited.scvpr"}) << "a list that cannot be read discards nothing";
-    files.Hold(kList, 0);
-    EXPECT_TRUE(session->ReadPending());
+    Hold(true);
+    session->Discard();
     EXPECT_EQ(Projects(), Texts{L"a.scvpr"});
-    EXPECT_FALSE(session->ReadPending()) << "once";
+    EXPECT_FALSE(session->OnTick(true));
+    Hold(false);
+    SaveElsewhere({L"b.scvpr"});
+    EXPECT_TRUE(TicksReplaceTasks());
+    EXPECT_EQ(Projects(), Texts{L"b.scvpr"}) << "read as soon as it can be";
+    EXPECT_FALSE(TicksReplaceTasks()) << "once";
 }
 
-TEST_F(ListSession, ListThatWasNeverReadIsNotSavedOver) {
+TEST_F(ListSession, AcceptedEditsWinOverAPendingRead) {
     Start({L"a.scvpr"});
-    files.Hold(kList, CFakeFileSystem::kForever);
+    Hold(true);
+    session->BeginEditing();
+    session->Discard();
+    session->BeginEditing();
+    Task(0).m_strProjectPath = L"edited.scvpr";
+    Hold(false);
+    EXPECT_FALSE(TicksReplaceTasks()) << "nor is a list read below the user's hands";
+    Hold(true);
+    session->Accept();
+    Hold(false);
+    EXPECT_FALSE(TicksReplaceTasks());
+    EXPECT_EQ(Projects(), Texts{L"edited.scvpr"});
+    EXPECT_EQ(SavedProjects(), Texts{L"edited.scvpr"});
+}
+
+TEST_F(ListSession, CancelGoesBackToWhatWasAccepted) {
+    Start({L"a.scvpr"});
+    Hold(true);
+    session->BeginEditing();
+    Task(0).m_strProjectPath = L"accepted.scvpr";
+    session->Accept();
+    session->BeginEditing();
+    Task(0).m_strProjectPath = L"edited.scvpr";
+    Hold(false);
+    TicksReplaceTasks();
+    EXPECT_EQ(SavedProjects(), Texts{L"a.scvpr"}) << "not while nobody has accepted what is edited";
+    session->Discard();
+    EXPECT_EQ(Projects(), Texts{L"accepted.scvpr"});
+    TicksReplaceTasks();
+    EXPECT_EQ(SavedProjects(), Texts{L"accepted.scvpr"});
+}
+
+TEST_F(ListSession, WhatIsAddedBeforeTheListIsReadJoinsIt) {
+    const struct {
+        const char* label;
+        bool isAccepted, isDiscarded;
+        Texts projects, saved, afterCancel;
+    } cases[] = {
+        {"still editing", false, false, {L"a.scvpr", L"added.scvpr"}, {L"a.scvpr"}, {L"a.scvpr"}},
+        {"OK",
+         true,
+         false,
+         {L"a.scvpr", L"added.scvpr"},
+         {L"a.scvpr", L"added.scvpr"},
+         {L"a.scvpr", L"added.scvpr"}},
+        {"Cancel", false, true, {L"a.scvpr"}, {L"a.scvpr"}, {L"a.scvpr"}},
+    };
+    for (const auto& item : cases) {
+        SCOPED_TRACE(item.label);
+        Start({L"a.scvpr"});
+        Hold(true);
+        StartAgain();
+        EXPECT_NE(session->Notice(), L"");
+        session->BeginEditing();
+        for (const wchar_t* project : {L"A.SCVPR", L"added.scvpr"}) {
+            session->Tasks().AddTask(project, clock.now);
+        }
+        Task(1).m_bResetUrls = 1;
+        if (item.isAccepted) {
+            session->Accept();
+        } else if (item.isDiscarded) {
+            session->Discard();
+        }
+        Hold(false);
+        EXPECT_FALSE(session->OnTick(false)) << "not below a dialog";
+        EXPECT_TRUE(TicksReplaceTasks());
+        EXPECT_EQ(session->Notice(), L"");
+        EXPECT_EQ(Projects(), item.projects);
+        EXPECT_EQ(SavedProjects(), item.saved);
+        EXPECT_EQ(Task(session->Tasks().GetSize() - 1).m_bResetUrls, item.isDiscarded ? 0 : 1);
+        session->BeginEditing();
+        Hold(true);
+        session->Discard();
+        EXPECT_EQ(Projects(), item.afterCancel);
+        Hold(false);
+    }
+}
+
+TEST_F(ListSession, ListThatIsMissingLeavesTheEdits) {
+    StartAgain();
+    EXPECT_EQ(session->Notice(), L"") << "there is no list yet";
+    session->BeginEditing();
+    session->Tasks().AddTask(L"a.scvpr", clock.now);
+    session->Discard();
+    EXPECT_EQ(Projects(), Texts{L"a.scvpr"});
+}
+
+TEST_F(ListSession, SavedWithinTwoTicksOfTheRelease) {
+    for (int ticks = 0; ticks < 12; ++ticks) {
+        Start({L"a.scvpr"});
+        Hold(true);
+        Task(0).m_strProjectPath = L"edited.scvpr";
+        session->Accept();
+        for (int tick = 0; tick < ticks; ++tick) {
+            session->OnTick(true);
+        }
+        Hold(false);
+        TicksReplaceTasks();
+        EXPECT_EQ(SavedProjects(), Texts{L"edited.scvpr"}) << ticks;
+    }
+}
+
+TEST_F(ListSession, ExitSavesAddedProjectsOfAHeldList) {
+    Start({L"a.scvpr"});
+    Hold(true);
     StartAgain();
     session->Tasks().AddTask(L"added.scvpr", clock.now);
-    session->Save();
-    files.Hold(kList, 0);
-    session->Save();
-    EXPECT_EQ(SavedProjects(), Texts{L"a.scvpr"});
-    EXPECT_TRUE(session->ReadPending());
-    EXPECT_EQ(Projects(), (Texts{L"a.scvpr", L"added.scvpr"}));
+    Hold(false);
+    session->Close(files);
+    EXPECT_EQ(SavedProjects(), (Texts{L"a.scvpr", L"added.scvpr"}));
 }
 
 TEST_F(ListSession, EditsOutliveASaveThatFails) {
     Start({L"a.scvpr"});
     files.SetReadOnly(kList);
     Task(0).m_bResetUrls = 1;
-    session->Save();
-    EXPECT_FALSE(session->ReadPending());
+    session->Accept();
+    EXPECT_FALSE(TicksReplaceTasks());
     EXPECT_EQ(Task(0).m_bResetUrls, 1);
 }
 
-TEST_F(ListSession, RunWhoseSaveFailedIsNotRepeated) {
-    Start({L"a.scvpr"});
+TEST_F(ListSession, RunThatCouldNotBeSavedIsSavedLater) {
+    Start({L"a.scvpr", L"b.scvpr"});
     clock.now += 300;
-    files.Hold(kList, CFakeFileSystem::kForever);
+    Task(1).m_bEnable = 0;
+    session->BeginEditing();
+    Task(1).m_strProjectPath = L"edited.scvpr";
+    Hold(true);
     RunDue();
-    session->Save();  // forgets nothing, for it saves nothing
-    files.Hold(kList, 0);
-    session->Load();
-    EXPECT_EQ(Task(0).m_tLastRunTime, clock.now) << "the file knows nothing of it";
+    Hold(false);
+    TicksReplaceTasks();
+    CSCVShchedulerTaskArray saved;
+    saved.Load(files, kList);
+    EXPECT_EQ(saved[0]->m_tLastRunTime, clock.now);
+    EXPECT_EQ(saved[1]->m_strProjectPath, L"b.scvpr") << "edits are not saved with it";
+}
+
+TEST_F(ListSession, RunOutlivesACancel) {
+    const struct {
+        const char* label;
+        bool isHeldAtCancel, isAdded;
+    } cases[] = {
+        {"read again", false, false}, {"put back", true, false}, {"put back, from no file", true, true}};
+    for (const auto& item : cases) {
+        SCOPED_TRACE(item.label);
+        Start({L"a.scvpr"});
+        shell.starts.clear();
+        Hold(true);
+        if (item.isAdded) {
+            session->Tasks().AddTask(L"added.scvpr", clock.now);
+            Task(0).m_bEnable = 0;
+            session->Accept();
+        }
+        session->BeginEditing();
+        clock.now += 300;
+        RunDue();
+        Hold(item.isHeldAtCancel);
+        session->Discard();
+        RunDue();
+        EXPECT_EQ(shell.starts.size(), 1U);
+        Hold(false);
+    }
+}
+
+TEST_F(ListSession, PassEndsAfterTheProjectAtHand) {
+    Start({L"a.scvpr", L"b.scvpr"});
+    clock.now += 300;
+    shell.whileOpening = [&] { session->EndPass(); };
     RunDue();
     EXPECT_EQ(shell.starts.size(), 1U);
-    EXPECT_EQ(runs, 1);
+}
+
+TEST_F(ListSession, AcceptedResetIsNotUndone) {
+    Start({L"a.scvpr"});
+    clock.now += 300;
+    RunDue();
+    Task(0).m_tLastRunTime = 0;
+    session->Accept();
+    session->Discard();
+    EXPECT_EQ(Task(0).m_tLastRunTime, 0);
+}
+
+TEST_F(ListSession, LaunchKeepsTheTasksInPlace) {
+    Start({L"a.scvpr"});
+    Hold(true);
+    StartAgain();
+    session->Tasks().AddTask(L"added.scvpr", clock.now);
+    Hold(false);
+    shell.whileOpening = [&] {
+        EXPECT_FALSE(session->OnTick(true));
+        EXPECT_FALSE(session->Accept());
+    };
+    EXPECT_TRUE(session->RunProject(Task(0)));
+    EXPECT_EQ(Projects(), Texts{L"added.scvpr"});
+    EXPECT_TRUE(TicksReplaceTasks());
 }
 
 TEST_F(ListSession, NothingIsLaunchedDuringALaunch) {

@@ -16,14 +16,11 @@ using ProjectList = MainDialogTest;
 TEST_F(ProjectList, ShowsTheTasksAsTheyAre) {
     constexpr UINT kUnchecked = INDEXTOSTATEIMAGEMASK(1);
     constexpr UINT kChecked = INDEXTOSTATEIMAGEMASK(2);
-    Open({L"C:\\folder\\a.scvpr", L"C:\\" + std::wstring(300, L'x') + L"\\b.scvpr"});
-    EXPECT_EQ(Cell(0, 3) + Cell(0, 4), L"25/02/2026 10:05C:\\folder\\");
-    EXPECT_EQ(Cell(1, 4).size(), 254U);
-    for (const auto& [lastRun, shown] :
-         {std::pair{clock.now, L"25/02/2026 10:00"}, {INT64_MAX, L""}, {0, L""}}) {
-        Task(0).m_tLastRunTime = lastRun;
-        EXPECT_EQ(Cell(0, 1), shown);
-    }
+    Open({L"C:\\folder\\a.scvpr", L"C:\\b.scvpr"});
+    EXPECT_EQ(Cell(0, 4), L"C:\\folder\\");
+    Task(0).m_tLastRunTime = clock.now;
+    EXPECT_EQ(Cell(0, 1), L"25/02/2026 10:00") << "as the task is now";
+    Task(0).m_tLastRunTime = 0;
     for (const UINT state : {kUnchecked, kChecked, kUnchecked}) {
         SetState(0, state, LVIS_STATEIMAGEMASK);
         EXPECT_EQ(Task(0).m_bEnable, state == kChecked);
@@ -67,7 +64,7 @@ TEST_F(ProjectList, EveryHeaderClickTurnsTheDirection) {
     expectAfterClick(4, {L"Z.p", L"x.p", L"y.p"}, 0);
 }
 
-TEST_F(ProjectList, AddsTheChosenProjectsAndRegistersWithTheFirst) {
+TEST_F(ProjectList, AddsChosenProjects) {
     Open({});
     EXPECT_FALSE(IsEnabled(IDC_RUN_PROJECT));
     {
@@ -84,13 +81,6 @@ TEST_F(ProjectList, AddsTheChosenProjectsAndRegistersWithTheFirst) {
     EXPECT_NE(Registered(kRunKey, L"SCVScheduler"), L"");
     Click(IDC_RUN_AT_STARTUP);
     EXPECT_EQ(Registered(kRunKey, L"SCVScheduler"), L"");
-    Task(1).m_bStart = 0;
-    const FileDialogAnswer answer(std::wstring(L"C:\\\0c.scvpr\0B.scvpr", 19));
-    Click(IDC_ADD_PROJECT);
-    EXPECT_EQ(Rows(), (Texts{L"a.scvpr", L"b.scvpr", L"c.scvpr"}));
-    EXPECT_EQ(Cell(2, 4), L"C:\\");
-    EXPECT_EQ(Task(1).m_bStart, 0) << "a listed project keeps its settings";
-    EXPECT_FALSE(dialog->IsDlgButtonChecked(IDC_RUN_AT_STARTUP)) << "only the first of a list";
 }
 
 TEST_F(ProjectList, DropTakesProjectsOfOneKind) {
@@ -110,22 +100,63 @@ TEST_F(ProjectList, DropTakesProjectsOfOneKind) {
     EXPECT_FALSE(dialog->IsDlgButtonChecked(IDC_RUN_AT_STARTUP));
 }
 
-TEST_F(ProjectList, DeletesTheSelectedAndSelectsWhereTheLastOneWas) {
+TEST_F(ProjectList, DeletesTheSelectedRows) {
     Open({L"C:\\a.scvpr", L"C:\\b.scvpr", L"C:\\c.scvpr", L"C:\\d.scvpr"});
-    const struct {
-        std::vector<int> rows;
-        Texts left, selected;
-    } cases[] = {{{}, {L"a.scvpr", L"b.scvpr", L"c.scvpr", L"d.scvpr"}, {}},
-                 {{0, 1}, {L"c.scvpr", L"d.scvpr"}, {L"d.scvpr"}},
-                 {{1}, {L"c.scvpr"}, {L"c.scvpr"}},
-                 {{0}, {}, {}}};
-    for (const auto& item : cases) {
-        Select(item.rows);
+    Select({0, 1});
+    dialog->SendMessage(WM_COMMAND, IDC_DELETE_PROJECT);
+    EXPECT_EQ(Rows(), (Texts{L"c.scvpr", L"d.scvpr"}));
+    EXPECT_EQ(Selected(), Texts{L"d.scvpr"});
+    Select({0, 1});
+    dialog->SendMessage(WM_COMMAND, IDC_DELETE_PROJECT);
+    EXPECT_FALSE(IsEnabled(IDC_DELETE_PROJECT)) << "none left";
+}
+
+TEST_F(ProjectList, FocusStaysOnTheDeleteButton) {
+    Open({L"C:\\a.scvpr", L"C:\\b.scvpr", L"C:\\c.scvpr"});
+    for (const int id : {IDC_DELETE_PROJECT, IDC_PROJECT_LIST}) {
+        SetFocus(Item(id));
         dialog->SendMessage(WM_COMMAND, IDC_DELETE_PROJECT);
-        EXPECT_EQ(Rows(), item.left);
-        EXPECT_EQ(Selected(), item.selected);
-        EXPECT_EQ(IsEnabled(IDC_DELETE_PROJECT), !item.selected.empty());
+        EXPECT_EQ(GetDlgCtrlID(GetFocus()), id) << "the next key deletes the next project";
     }
+}
+
+TEST_F(ProjectList, ControlASelectsAllRows) {
+    Open({L"C:\\a.scvpr", L"C:\\b.scvpr"});
+    dialog->ShowWindow(SW_SHOW);
+    const auto press = [&](int target) {
+        BYTE keys[256] = {};
+        keys[VK_CONTROL] = 0x80;
+        SetKeyboardState(keys);
+        MSG message{Item(target), WM_KEYDOWN, 'A', 0, 0, {}};
+        dialog->PreTranslateMessage(&message);
+        keys[VK_CONTROL] = 0;
+        SetKeyboardState(keys);
+    };
+    press(IDC_EXPORT_FILE);
+    EXPECT_EQ(Selected(), Texts{L"a.scvpr"}) << "elsewhere the key is not the list's";
+    press(IDC_PROJECT_LIST);
+    EXPECT_EQ(Selected(), (Texts{L"a.scvpr", L"b.scvpr"}));
+}
+
+TEST_F(ProjectList, RowsOfFailedRunsAreColoured) {
+    Open({L"C:\\a.scvpr", L"C:\\b.scvpr", L"C:\\c.scvpr"});
+    Task(0).m_strLastRunResult = L"Success";
+    Task(1).m_strLastRunResult = L"Failure: File does not exist";
+    const auto draw = [&](DWORD stage, std::size_t row) {
+        NMLVCUSTOMDRAW record{};
+        record.nmcd.hdr = {Item(IDC_PROJECT_LIST), IDC_PROJECT_LIST, NM_CUSTOMDRAW};
+        record.nmcd.dwDrawStage = stage;
+        record.nmcd.dwItemSpec = row;
+        record.nmcd.lItemlParam = reinterpret_cast<LPARAM>(&Task(static_cast<int>(row)));
+        record.clrText = CLR_DEFAULT;
+        const LRESULT result =
+            dialog->SendMessage(WM_NOTIFY, IDC_PROJECT_LIST, reinterpret_cast<LPARAM>(&record));
+        return std::pair{result & CDRF_NOTIFYITEMDRAW, record.clrText};
+    };
+    EXPECT_NE(draw(CDDS_PREPAINT, 0).first, 0) << "asks for the rows";
+    EXPECT_EQ(draw(CDDS_ITEMPREPAINT, 0).second, CLR_DEFAULT) << "success";
+    EXPECT_NE(draw(CDDS_ITEMPREPAINT, 1).second, CLR_DEFAULT) << "failure";
+    EXPECT_EQ(draw(CDDS_ITEMPREPAINT, 2).second, CLR_DEFAULT) << "never run";
 }
 
 TEST_F(ProjectList, EditRunAndResetActOnTheFirstSelectedRow) {
@@ -136,7 +167,8 @@ TEST_F(ProjectList, EditRunAndResetActOnTheFirstSelectedRow) {
     EXPECT_EQ(Cell(1, 2), L"Success");
     Task(2).m_tLastRunTime = 7;
     Click(IDC_RESET_LAST_RUN);
-    EXPECT_EQ(Cell(1, 1) + Cell(1, 2), L"");
+    EXPECT_EQ(Cell(1, 1), L"");
+    EXPECT_EQ(Cell(1, 2), L"");
     EXPECT_EQ(Task(2).m_tLastRunTime, 7);
     {
         const FileDialogAnswer answer(L"c:\\A.scvpr");

