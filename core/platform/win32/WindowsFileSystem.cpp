@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <aclapi.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -111,6 +113,54 @@ FileResult OpenToWrite(const std::wstring& path, DWORD access, DWORD disposition
     return result;
 }
 
+// Whether the file was given entries of its own, beside those that its folder hands down.
+bool HasExplicitEntry(PACL list) {
+    for (DWORD i = 0; i < list->AceCount; ++i) {
+        void* entry = nullptr;
+        if (GetAce(list, i, &entry) != FALSE &&
+            (static_cast<const ACE_HEADER*>(entry)->AceFlags & INHERITED_ACE) == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void CopyAccessList(const std::wstring& from, std::wstring to) {
+    PACL list = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                              &list, nullptr, &descriptor) != ERROR_SUCCESS) {
+        return;
+    }
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
+    GetSecurityDescriptorControl(descriptor, &control, &revision);
+    const bool isProtected = (control & SE_DACL_PROTECTED) != 0;
+    if (list != nullptr && (isProtected || HasExplicitEntry(list))) {
+        SetNamedSecurityInfoW(
+            to.data(), SE_FILE_OBJECT,
+            DACL_SECURITY_INFORMATION |
+                (isProtected ? PROTECTED_DACL_SECURITY_INFORMATION : UNPROTECTED_DACL_SECURITY_INFORMATION),
+            nullptr, nullptr, list, nullptr);
+    }
+    LocalFree(descriptor);
+}
+
+// Gives the file that is to take the other's place what the user sees of that: hidden, system, not indexed,
+// and who may use it. What cannot be had is left out, for a save is worth more than an attribute.
+void CopyProtection(const std::wstring& from, const std::wstring& to) {
+    constexpr DWORD kKept =
+        FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+    const DWORD attributes = GetFileAttributesW(from.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        return;
+    }
+    CopyAccessList(from, to);
+    if ((attributes & kKept) != 0) {
+        SetFileAttributesW(to.c_str(), (attributes & kKept) | FILE_ATTRIBUTE_ARCHIVE);
+    }
+}
+
 }  // namespace
 
 bool CWindowsFileSystem::Exists(const std::wstring& path) {
@@ -171,7 +221,13 @@ FileResult CWindowsFileSystem::CreateLock(const std::wstring& path, std::unique_
 }
 
 FileResult CWindowsFileSystem::Create(const std::wstring& path, std::unique_ptr<IFile>& file) {
-    return OpenToWrite(path, GENERIC_WRITE, CREATE_ALWAYS, 0, file);
+    FileResult result = OpenToWrite(path, GENERIC_WRITE, CREATE_ALWAYS, 0, file);
+    // One that is hidden, left behind by a power cut before it took the place of a hidden file, is refused.
+    if (result.error == ERROR_ACCESS_DENIED &&
+        SetFileAttributesW(ToSystemPath(path).c_str(), FILE_ATTRIBUTE_NORMAL) != FALSE) {
+        result = OpenToWrite(path, GENERIC_WRITE, CREATE_ALWAYS, 0, file);
+    }
+    return result;
 }
 
 void CWindowsFileSystem::CreateFolder(const std::wstring& folder) {
@@ -179,9 +235,11 @@ void CWindowsFileSystem::CreateFolder(const std::wstring& folder) {
 }
 
 FileResult CWindowsFileSystem::Replace(const std::wstring& from, const std::wstring& to) {
-    // Not ReplaceFileW, which has moments in which nothing bears the name.
-    return MoveFileExW(ToSystemPath(from).c_str(), ToSystemPath(to).c_str(),
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
+    const std::wstring fresh = ToSystemPath(from);
+    const std::wstring target = ToSystemPath(to);
+    CopyProtection(target, fresh);
+    // Not ReplaceFileW, which keeps all that by itself and has moments in which nothing bears the name.
+    return MoveFileExW(fresh.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
                ? FileResult()
                : LastFailure(to);
 }

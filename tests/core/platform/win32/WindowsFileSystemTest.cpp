@@ -2,7 +2,9 @@
 
 #include <windows.h>
 
+#include <aclapi.h>
 #include <process.h>
+#include <sddl.h>
 
 #include <gtest/gtest.h>
 
@@ -79,6 +81,41 @@ TEST_F(WindowsFileSystem, TakesPathsLongerThanMaxPath) {
     EXPECT_EQ(files.Read(list, bytes), Status::Ok);
     EXPECT_EQ(bytes, kNew);
     files.Remove(list);
+}
+
+TEST_F(WindowsFileSystem, SavedFileStaysHidden) {
+    constexpr DWORD kAttributes = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    // What a power cut left behind is hidden already.
+    for (const std::wstring& hidden : {path, folder.File(L"a.ini.tmp", "left")}) {
+        SetFileAttributesW(hidden.c_str(), kAttributes);
+    }
+    EXPECT_TRUE(LockAndEditProfile(files, path, SetNew));
+    EXPECT_EQ(BytesOf(path), kNew);
+    EXPECT_EQ(GetFileAttributesW(path.c_str()) & kAttributes, kAttributes);
+}
+
+TEST_F(WindowsFileSystem, SavedFileKeepsItsAccessList) {
+    // Everybody, and nothing from the folder.
+    PSECURITY_DESCRIPTOR wanted = nullptr;
+    ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;WD)", SDDL_REVISION_1,
+                                                                     &wanted, nullptr));
+    ASSERT_TRUE(SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, wanted));
+    LocalFree(wanted);
+    const auto list = [&] {
+        PSECURITY_DESCRIPTOR found = nullptr;
+        wchar_t* text = nullptr;
+        GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                              nullptr, nullptr, &found);
+        ConvertSecurityDescriptorToStringSecurityDescriptorW(found, SDDL_REVISION_1,
+                                                             DACL_SECURITY_INFORMATION, &text, nullptr);
+        const std::wstring result = text != nullptr ? text : L"";
+        LocalFree(text);
+        LocalFree(found);
+        return result;
+    };
+    const std::wstring before = list();
+    EXPECT_TRUE(LockAndEditProfile(files, path, SetNew));
+    EXPECT_EQ(list(), before);
 }
 
 // SCV_KILL_ROUNDS asks for another number of rounds than 200.
