@@ -95,7 +95,7 @@ int wmain(int argc, wchar_t** argv) {
             for (int i = 0; i < count; ++i) {
                 ++tasks[i]->m_tLastRunTime;
             }
-            Require(tasks.TrySave(files, path), "a save failed");
+            Require(tasks.TrySave(files, path) == FileResult::Status::Ok, "a save failed");
         },
         kRepeats);
     const double ownLoad = Best(

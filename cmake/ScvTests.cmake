@@ -88,7 +88,7 @@ add_test(NAME ${arch}.package COMMAND ${scripts}/package.sh ${kind})
 set_tests_properties(${arch}.package PROPERTIES LABELS package FIXTURES_SETUP ${arch}.package TIMEOUT 600 COST 600
   RESOURCE_LOCK ${arch}.build)
 # The shipped programs as their users meet them, each suite with displays and prefixes of its own.
-file(GLOB suites CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/journeys/test_*.py)
+file(GLOB suites CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/journeys/test_*.py ${CMAKE_CURRENT_SOURCE_DIR}/cli/test_*.py)
 foreach(suite IN LISTS suites)
   string(REGEX REPLACE ".*/test_(.*)\\.py" "\\1" name ${suite})
   add_test(NAME ${arch}.${name} COMMAND ${suite})

@@ -9,6 +9,7 @@
 #include "cli/report/TaskReport.h"
 #include "cli/report/TextReport.h"
 #include "core/check/Check.h"
+#include "core/launch/LaunchResult.h"
 #include "core/list/ProfileFile.h"
 #include "core/platform/FileSystem.h"
 #include "core/platform/LocalTime.h"

@@ -27,9 +27,9 @@ enum class Takes : std::uint8_t {
 
 // A row of the table of subcommands (Subcommands.h).
 struct Subcommand {
-    const char* name;
-    const char* help;
-    const char* example;  // what follows the name
+    const char* name = nullptr;
+    const char* help = nullptr;
+    const char* example = nullptr;  // what follows the name
     Takes takes = Takes::Nothing;
     Claim claim = Claim::None;
     bool makesList = false;  // a list that does not exist counts as an empty one

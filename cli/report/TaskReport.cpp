@@ -24,7 +24,3 @@ std::vector<TaskReport> ReportTasks(const std::vector<CSCVShchedulerTask*>& task
     }
     return reports;
 }
-
-bool HasFailed(const CSCVShchedulerTask& task) {
-    return task.m_strLastRunResult.starts_with(L"Failure");
-}

@@ -20,6 +20,3 @@ struct TaskReport {
 // Each task with its next `count` runs seen from `now`.
 [[nodiscard]] std::vector<TaskReport> ReportTasks(const std::vector<CSCVShchedulerTask*>& tasks,
                                                   std::int64_t now, int count);
-
-// Whether the task's last launch failed.
-[[nodiscard]] bool HasFailed(const CSCVShchedulerTask& task);

@@ -115,22 +115,3 @@ void CSCVShchedulerTaskArray::CopyFrom(const CSCVShchedulerTaskArray& other) {
     }
     m_stamp = other.m_stamp;
 }
-
-void CSCVShchedulerTaskArray::AdoptPlaces(const CSCVShchedulerTaskArray& saved) {
-    std::multimap<std::wstring, const CSCVShchedulerTask*> places;
-    for (const auto& task : saved.m_tasks) {
-        places.emplace(ProjectKey(task->m_strProjectPath), task.get());
-    }
-    for (const auto& task : m_tasks) {
-        const auto place = places.find(ProjectKey(task->m_strProjectPath));
-        const CSCVShchedulerTask none;
-        const CSCVShchedulerTask& stored = place != places.end() ? *place->second : none;
-        task->m_strIniFile = stored.m_strIniFile;
-        task->m_strIniSection = stored.m_strIniSection;
-        task->m_tStoredRunTime = stored.m_tStoredRunTime;
-        if (place != places.end()) {
-            places.erase(place);
-        }
-    }
-    m_stamp = saved.m_stamp;
-}

@@ -73,9 +73,6 @@ public:
     [[nodiscard]] bool HasUnsavedRun() const;
     // Copies of the other's tasks take the place of the tasks.
     void CopyFrom(const CSCVShchedulerTaskArray& other);
-    // The file now holds `saved`, an earlier copy of this array: each task learns its place in it. One that
-    // is not in it learns that it is in no file.
-    void AdoptPlaces(const CSCVShchedulerTaskArray& saved);
 
 private:
     void TakeOverRuns(const CPrivateProfile& profile);

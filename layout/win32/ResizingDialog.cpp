@@ -181,7 +181,7 @@ void CResizingDialog::ExcludeControls(HDC dc) const {
 
 LRESULT CResizingDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     // A control that asks for the background behind itself hands over a device context of its own.
-    const auto dc = reinterpret_cast<HDC>(wParam);
+    HDC const dc = reinterpret_cast<HDC>(wParam);
     if (message == WM_ERASEBKGND && WindowFromDC(dc) == m_hWnd) {
         const int state = SaveDC(dc);
         ExcludeControls(dc);

@@ -16,10 +16,12 @@ public:
     }
     CLocalZone(const CLocalZone&) = delete;
     CLocalZone& operator=(const CLocalZone&) = delete;
+#ifdef _WIN32
+    ~CLocalZone() = default;
+#else
     ~CLocalZone() {
-#ifndef _WIN32
         unsetenv("TZ");
         RefreshTimeZone();
-#endif
     }
+#endif
 };

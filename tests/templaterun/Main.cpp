@@ -30,7 +30,7 @@ using Fields = std::vector<std::wstring>;
 Fields Split(const std::wstring& text, wchar_t separator) {
     Fields fields;
     std::size_t begin = 0;
-    for (std::size_t end; (end = text.find(separator, begin)) != std::wstring::npos; begin = end + 1) {
+    for (std::size_t end = 0; (end = text.find(separator, begin)) != std::wstring::npos; begin = end + 1) {
         fields.push_back(text.substr(begin, end - begin));
     }
     fields.push_back(text.substr(begin));
@@ -112,5 +112,6 @@ int wmain(int count, wchar_t** arguments) {
         const double taken = ProcessorTime() - begin;
         output << taken << '\x1f' << ToUtf8(result) << '\x1e';
     }
+    std::cout << records.size() << " records\n";
     return output ? 0 : 1;
 }

@@ -1,5 +1,7 @@
 #include "ui/win32/ProjectCommands.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 #include "core/launch/ExtractionProgram.h"
@@ -52,13 +54,13 @@ bool CProjectCommands::OnCommand(int id) {
         {IDC_PROGRAM_BROWSE, &CProjectCommands::OnBrowseProgram},
         {IDC_PROGRAM_RUN, &CProjectCommands::OnRunProgram},
     };
-    for (const auto& handler : kHandlers) {
-        if (handler.id == id) {
-            (this->*handler.handle)();
-            return true;
-        }
+    const auto* const handler = std::find_if(std::begin(kHandlers), std::end(kHandlers),
+                                             [=](const auto& row) { return row.id == id; });
+    if (handler == std::end(kHandlers)) {
+        return false;
     }
-    return false;
+    (this->*handler->handle)();
+    return true;
 }
 
 void CProjectCommands::FillProjectList() {
