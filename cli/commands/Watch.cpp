@@ -52,7 +52,7 @@ public:
 
 private:
     struct UnsavedRun {
-        std::int64_t time;
+        std::int64_t time = 0;
         std::wstring result;
     };
 

@@ -66,7 +66,7 @@ private:
     void Add(const Subcommand& row);
     void AddOptions(Takes takes, CLI::App& command);
     CLI::Option* AddPaths(CLI::App& command, const char* text);
-    void AddTime(CLI::App& command, const char* name, std::string& text, const char* help);
+    static void AddTime(CLI::App& command, const char* name, std::string& text, const char* help);
     void AddFilter(CLI::App& command);
     void AddNextRuns(CLI::App& command);
     [[nodiscard]] std::wstring Project(
@@ -266,7 +266,7 @@ Arguments Parser::Take(const std::function<std::wstring(const std::wstring&)>& f
 
 // The parser's own message speaks of its internals; this is the same in a user's words.
 std::string InOurWords(const CLI::ParseError& error) {
-    const std::string what = OneLine(error.what());
+    std::string what = OneLine(error.what());
     const std::string name = what.substr(0, what.find(':'));
     if (error.get_name() == "RequiredError") {
         return what.starts_with("PATH")

@@ -19,17 +19,17 @@ namespace {
 
 constexpr int kDays = 7;
 constexpr int kHours = 24;
-constexpr int kMostRuns = 100'000;  // of one task
+constexpr int kMostRunsOfATask = 100'000;  // of one task
 
 // The runs of one task up to `to`, or until `count` are not before `from`.
 std::vector<std::int64_t> RunsUpTo(CSCVShchedulerTask& task, std::int64_t now, std::int64_t from,
                                    std::int64_t to, std::size_t count) {
-    for (int tried = 16;; tried = std::min(8 * tried, kMostRuns)) {
+    for (int tried = 16;; tried = std::min(8 * tried, kMostRunsOfATask)) {
         std::vector<std::int64_t> runs = NextRuns(task, now, tried);
         const auto first = std::lower_bound(runs.begin(), runs.end(), from);
         const bool isComplete = runs.size() < static_cast<std::size_t>(tried) || runs.back() > to ||
                                 static_cast<std::size_t>(runs.end() - first) >= count;
-        if (isComplete || tried == kMostRuns) {
+        if (isComplete || tried == kMostRunsOfATask) {
             runs.erase(std::upper_bound(first, runs.end(), to), runs.end());
             runs.erase(runs.begin(), std::lower_bound(runs.begin(), runs.end(), from));
             return runs;
@@ -121,7 +121,7 @@ WeekGrid CountStarts(const std::vector<PlannedRun>& runs, std::int64_t now) {
     int atOnce = 0;
     for (const PlannedRun& run : runs) {
         const LocalTime local = ToLocalTime(run.time);
-        const auto day = std::find_if(days.begin(), days.end(), [&](const LocalTime& date) {
+        const auto* const day = std::find_if(days.begin(), days.end(), [&](const LocalTime& date) {
             return std::tie(date.year, date.month, date.day) == std::tie(local.year, local.month, local.day);
         });
         if (day != days.end()) {

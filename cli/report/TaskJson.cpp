@@ -120,7 +120,7 @@ std::optional<std::wstring> ImportUnit(const CJsonFields& fields) {
     if (unit && unitName && *unit != *unitName) {
         throw CRefusal(fields.Where("unit") + " and unitName differ; one of them is enough");
     }
-    const auto found = unit ? unit : unitName;
+    auto found = unit ? unit : unitName;
     if (found && *found != L"hours" && *found != L"minutes") {
         throw CRefusal(fields.Where(unit ? "unit" : "unitName") + R"( has to be "hours" or "minutes")");
     }
@@ -177,7 +177,6 @@ Json CommandsAsJson(const Task& task) {
     return json;
 }
 
-#include "core/task/TaskSwitches.h"
 Json ExportTask(const CSCVShchedulerTask& task) {
     // Only what the list would keep: a switch without its argument, say, is left out by every save.
     Task kept;

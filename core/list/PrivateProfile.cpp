@@ -173,7 +173,7 @@ public:
     }
     // Until `visit` returns false, and then false.
     template <typename Visit>
-    bool ForEachMissing(Visit visit) const {
+    [[nodiscard]] bool ForEachMissing(Visit visit) const {
         for (std::size_t i = 0; i < m_entries.size() && m_missing > 0; ++i) {
             if (!m_seen[i] && !visit(m_entries[i])) {
                 return false;

@@ -111,7 +111,7 @@ void CSCVShchedulerTaskArray::CopyFrom(const CSCVShchedulerTaskArray& other) {
     RemoveAllTasks();
     for (const auto& task : other.m_tasks) {
         m_tasks.push_back(std::make_unique<CSCVShchedulerTask>());
-        static_cast<TaskFields&>(*m_tasks.back()) = *task;
+        static_cast<TaskFields&>(*m_tasks.back()) = static_cast<const TaskFields&>(*task);
     }
     m_stamp = other.m_stamp;
 }

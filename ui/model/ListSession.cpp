@@ -12,7 +12,7 @@ namespace {
 // Sets a flag for as long as it lives.
 class CFlagGuard {
 public:
-    explicit CFlagGuard(bool& flag) noexcept : m_flag(flag) { m_flag = true; }
+    explicit CFlagGuard(bool& flag) noexcept : m_flag(flag) { flag = true; }
     CFlagGuard(const CFlagGuard&) = delete;
     CFlagGuard& operator=(const CFlagGuard&) = delete;
     ~CFlagGuard() { m_flag = false; }
