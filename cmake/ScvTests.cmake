@@ -82,7 +82,7 @@ if(CMAKE_HOST_WIN32)
 endif()
 if(arch STREQUAL x64)
   # The templates that extract elements beside html5lib and soupsieve, on generated pages.
-  add_test(NAME ${arch}.elements COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/script/compare_elements.py --pages 100
+  add_test(NAME ${arch}.elements COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/script/compare_elements.py --pages 150
     ${fixture} run ${arch} $<TARGET_FILE:templaterun> WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
   set_tests_properties(${arch}.elements PROPERTIES LABELS wine FIXTURES_REQUIRED ${arch}.prefix COST 100 TIMEOUT 1500)
 
