@@ -93,8 +93,8 @@ class InstallerJourney(Journey):
         lines = set()
         for path in self.wine.drive_c.rglob("*"):
             name = str(path.relative_to(self.wine.drive_c))
-            # The last is there for as long as a pass launches.
-            if name.startswith("windows/") or "/Temp/" in name or name.endswith(".ini.launch"):
+            # The last two: what is there for as long as a pass launches, and what the started program notes, at its own time.
+            if name.startswith("windows/") or "/Temp/" in name or name.endswith((".ini.launch", ".runs.txt")):
                 continue
             if path.is_dir():
                 lines.add(name + "/")
