@@ -192,7 +192,7 @@ def main():
         soup = bs4.BeautifulSoup(page.text, "html5lib")
         for _ in range(6):
             wanted = selector(chance, page)
-            for _ in range(chance.choice([0, 8])):
+            for _ in range(chance.choice([0, 12, 12])):
                 if expected(soup, wanted):
                     break
                 wanted = selector(chance, page)
