@@ -63,11 +63,11 @@ std::string CChangeReport::Write(const std::wstring& list, std::int64_t now, boo
         return DumpJson(AsJson(list, now, isTry)) + '\n';
     }
     std::string text;
+    const char* const before = isTry ? "would be " : "";
     for (const Change& change : m_changes) {
         const std::wstring& project = change.task == nullptr ? change.project : change.task->m_strProjectPath;
-        text += change.name == kLaunched && !isTry
-                    ? LaunchAsText(*change.task)
-                    : Join(isTry ? "would be " : "", change.name, "  ", project);
+        text += change.name == kLaunched && !isTry ? LaunchAsText(*change.task)
+                                                   : Join(before, change.name, "  ", project);
         text += '\n';
     }
     for (const CSCVShchedulerTask* task : m_unchanged) {

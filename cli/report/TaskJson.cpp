@@ -100,11 +100,11 @@ std::vector<const TaskDay*> ImportDays(const Json& days, const std::string& wher
 void ImportWeekdays(const CJsonFields& fields, Task& task) {
     const Json* const days = fields.Find("days");
     const Json* const weekdays = fields.Find("weekdays");
-    if (days == nullptr && weekdays == nullptr) {
+    const Json* const given = days != nullptr ? days : weekdays;
+    if (given == nullptr) {
         return;
     }
-    const char* const key = days != nullptr ? "days" : "weekdays";
-    const auto found = ImportDays(days != nullptr ? *days : *weekdays, fields.Where(key));
+    const auto found = ImportDays(*given, fields.Where(given == days ? "days" : "weekdays"));
     if (days != nullptr && weekdays != nullptr && ImportDays(*weekdays, fields.Where("weekdays")) != found) {
         throw CRefusal(fields.Where("days") + " and weekdays differ; one of them is enough");
     }

@@ -69,9 +69,10 @@ inline constexpr auto kFlagControls = [] {
                                 [](const stSwitchControls& row) {
                                     return stFlagControl{row.box, row.flag, false};
                                 });
-    for (std::size_t day = 0; day < std::size(kTaskDays); ++day) {
-        *next++ = {IDC_REPEAT_MON + static_cast<int>(day), kTaskDays[day].flag, true};
-    }
+    next = std::transform(std::begin(kTaskDays), std::end(kTaskDays), next,
+                          [box = IDC_REPEAT_MON](const TaskDay& row) mutable {
+                              return stFlagControl{box++, row.flag, true};
+                          });
     std::copy(std::begin(kRepeats), std::end(kRepeats), next);
     return all;
 }();
