@@ -11,6 +11,12 @@ wchar_t ToUpper(wchar_t unit) noexcept {
     return SystemUpperCase(unit);
 }
 
+std::wstring ToUpperText(std::wstring_view text) {
+    std::wstring upper(text.size(), L'\0');
+    std::transform(text.begin(), text.end(), upper.begin(), ToUpper);
+    return upper;
+}
+
 int CompareNoCase(std::wstring_view left, std::wstring_view right) noexcept {
     const std::size_t common = std::min(left.size(), right.size());
     for (std::size_t i = 0; i < common; ++i) {

@@ -1,7 +1,6 @@
 // The members of the task array that are about a list which other programs save as well.
 
 #include <algorithm>
-#include <iterator>
 #include <map>
 #include <optional>
 #include <string>
@@ -18,8 +17,7 @@ namespace {
 // The same for all spellings of a project's path in memory and in the file: in upper case, and a row of
 // apostrophes, which each save and load doubles, as one.
 std::wstring ProjectKey(const std::wstring& path) {
-    std::wstring key;
-    std::transform(path.begin(), path.end(), std::back_inserter(key), ToUpper);
+    std::wstring key = ToUpperText(path);
     key.erase(std::unique(key.begin(), key.end(),
                           [](wchar_t left, wchar_t right) { return left == L'\'' && right == L'\''; }),
               key.end());

@@ -1,5 +1,6 @@
 #include "core/task/NewProject.h"
 
+#include "core/task/ProjectSet.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 
@@ -11,8 +12,12 @@ void SetNewProjectDefaults(CSCVShchedulerTask& task) noexcept {
     task.m_bExit = 1;
 }
 
-void AddProject(CSCVShchedulerTaskArray& tasks, const std::wstring& projectPath, std::int64_t now) {
-    if (tasks.FindTask(projectPath) < 0) {
-        SetNewProjectDefaults(*tasks[tasks.AddTask(projectPath, now)]);
+void AddNewProjects(CSCVShchedulerTaskArray& tasks, std::span<const std::wstring> projectPaths,
+                    std::int64_t now) {
+    CProjectSet listed(tasks);
+    for (const std::wstring& path : projectPaths) {
+        if (listed.Add(path)) {
+            SetNewProjectDefaults(*tasks[tasks.AddTask(path, now)]);
+        }
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 
 class CSCVShchedulerTask;
@@ -11,6 +12,7 @@ class CSCVShchedulerTaskArray;
 // Switches on what a new project does: delete its URLs and results, start, export results, close the program.
 void SetNewProjectDefaults(CSCVShchedulerTask& task) noexcept;
 
-// Appends a task with those defaults unless the project is listed already, in any case of its letters. Raises
-// std::invalid_argument when the array refuses the task.
-void AddProject(CSCVShchedulerTaskArray& tasks, const std::wstring& projectPath, std::int64_t now);
+// Appends a task with those defaults for each project that is not listed yet, in any case of its letters. Of
+// equal paths the first counts. Throws what CSCVShchedulerTask::Reset throws.
+void AddNewProjects(CSCVShchedulerTaskArray& tasks, std::span<const std::wstring> projectPaths,
+                    std::int64_t now);

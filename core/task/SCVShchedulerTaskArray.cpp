@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <unordered_map>
 #include <utility>
 
 #include "util/CaseFold.h"
@@ -52,6 +53,17 @@ int CSCVShchedulerTaskArray::RemoveTask(std::wstring_view projectPath) {
     }
     RemoveTaskAt(index);
     return 1;
+}
+
+std::size_t CSCVShchedulerTaskArray::RemoveTasks(std::span<const std::wstring> projectPaths) {
+    std::unordered_map<std::wstring, std::ptrdiff_t> wanted;  // how often each path is given, in upper case
+    for (const std::wstring& path : projectPaths) {
+        ++wanted[ToUpperText(path)];
+    }
+    return std::erase_if(m_tasks, [&](const auto& task) {
+        const auto found = wanted.find(ToUpperText(task->m_strProjectPath));
+        return found != wanted.end() && found->second-- > 0;
+    });
 }
 
 std::ptrdiff_t CSCVShchedulerTaskArray::RemoveTaskAt(std::ptrdiff_t index) {

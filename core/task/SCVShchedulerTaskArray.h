@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,6 +38,8 @@ public:
     [[nodiscard]] std::ptrdiff_t FindTask(std::wstring_view projectPath) const noexcept;
     // 1 when the first task with that project path was removed, 0 when there is none.
     int RemoveTask(std::wstring_view projectPath);
+    // As RemoveTask for each of the paths, in one pass over the array. Returns how many tasks were removed.
+    std::size_t RemoveTasks(std::span<const std::wstring> projectPaths);
     // Returns the new count. Raises std::invalid_argument for an index outside the array.
     std::ptrdiff_t RemoveTaskAt(std::ptrdiff_t index);
     void RemoveAllTasks() noexcept;

@@ -9,9 +9,9 @@ stAddedProjects AddProjects(CSCVShchedulerTaskArray& tasks, const std::vector<st
                             std::int64_t now) {
     const bool wasEmpty = tasks.GetSize() == 0;
     stAddedProjects added;
-    for (const std::wstring& path : projectPaths) {
-        AddProject(tasks, path, now);
-        added.selectPath = path;
+    AddNewProjects(tasks, projectPaths, now);
+    if (!projectPaths.empty()) {
+        added.selectPath = projectPaths.back();
     }
     added.isFirstOfList = wasEmpty && tasks.GetSize() > 0;
     return added;

@@ -16,7 +16,7 @@ struct stAddedProjects {
         false;  // an empty list is so no longer: the program is to start with Windows from now on
 };
 
-// AddProject for each path, in their order.
+// AddNewProjects for the paths.
 stAddedProjects AddProjects(CSCVShchedulerTaskArray& tasks, const std::vector<std::wstring>& projectPaths,
                             std::int64_t now);
 

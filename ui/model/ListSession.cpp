@@ -6,6 +6,7 @@
 
 #include "core/launch/SchedulingPass.h"
 #include "core/platform/Clock.h"
+#include "core/task/ProjectSet.h"
 
 namespace {
 
@@ -29,8 +30,9 @@ CSCVShchedulerTaskArray CopyOf(const CSCVShchedulerTaskArray& tasks) {
 
 // Adds what `tasks` does not list yet, with its settings.
 void Join(CSCVShchedulerTaskArray& tasks, const CSCVShchedulerTaskArray& added) {
+    CProjectSet listed(tasks);
     for (std::ptrdiff_t i = 0; i < added.GetSize(); ++i) {
-        if (tasks.FindTask(added[i]->m_strProjectPath) < 0) {
+        if (listed.Add(added[i]->m_strProjectPath)) {
             tasks.AddTask(*added[i]);
         }
     }

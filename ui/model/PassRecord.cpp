@@ -6,9 +6,7 @@
 #include "util/CaseFold.h"
 
 CPassRecord::Key CPassRecord::KeyOf(const CSCVShchedulerTask& task) {
-    std::wstring project = task.m_strProjectPath;
-    std::transform(project.begin(), project.end(), project.begin(), ToUpper);
-    return {task.m_strIniSection, std::move(project)};
+    return {task.m_strIniSection, ToUpperText(task.m_strProjectPath)};
 }
 
 void CPassRecord::Add(const CSCVShchedulerTask& task, bool isSaved) {

@@ -1,6 +1,5 @@
 #include "ui/model/ProjectColumns.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 #include "core/platform/LocalTime.h"
@@ -11,11 +10,6 @@
 namespace {
 
 using Task = CSCVShchedulerTask;
-
-std::wstring Folded(std::wstring text) {
-    std::transform(text.begin(), text.end(), text.begin(), ToUpper);
-    return text;
-}
 
 std::wstring TwoDigits(int number) {
     return {static_cast<wchar_t>(L'0' + number / 10), static_cast<wchar_t>(L'0' + number % 10)};
@@ -36,7 +30,7 @@ std::wstring FileNameText(const Task& task, std::int64_t) {
 }
 
 SortKey FileNameKey(const Task& task, std::int64_t) {
-    return Folded(StripFileExtension(task.m_strProjectPath));
+    return ToUpperText(StripFileExtension(task.m_strProjectPath));
 }
 
 std::wstring LastRunTimeText(const Task& task, std::int64_t) {
@@ -52,7 +46,7 @@ std::wstring LastRunResultText(const Task& task, std::int64_t) {
 }
 
 SortKey LastRunResultKey(const Task& task, std::int64_t) {
-    return Folded(task.m_strLastRunResult);
+    return ToUpperText(task.m_strLastRunResult);
 }
 
 std::wstring NextRunTimeText(const Task& task, std::int64_t now) {
@@ -68,7 +62,7 @@ std::wstring FilePathText(const Task& task, std::int64_t) {
 }
 
 SortKey FilePathKey(const Task& task, std::int64_t) {
-    return Folded(task.m_strProjectPath);
+    return ToUpperText(task.m_strProjectPath);
 }
 
 }  // namespace

@@ -129,9 +129,7 @@ void CProjectCommands::OnDeleteProject() {
     for (const int row : rows) {
         projects.push_back(m_list.TaskOfRow(row)->m_strProjectPath);
     }
-    for (const std::wstring& project : projects) {
-        m_session.Tasks().RemoveTask(project);
-    }
+    m_session.Tasks().RemoveTasks(projects);
     FillProjectList();
     const auto next = static_cast<int>(RowAfterDeletion(rows.empty() ? -1 : rows.back(), m_list.RowCount()));
     if (next >= 0) {

@@ -17,3 +17,29 @@ TEST(TaskArray, FindsAndRemovesInAnyCase) {
     EXPECT_THROW(tasks.RemoveTaskAt(1), std::invalid_argument);
     EXPECT_THROW(tasks.InsertTask(-1, L"b", 0), std::invalid_argument);
 }
+
+TEST(TaskArray, RemovesManyOneTaskForEachPath) {
+    const struct {
+        const char* label;
+        std::vector<std::wstring> removed;
+        std::wstring left;  // of aAbAca
+    } cases[] = {
+        {"none", {}, L"aAbAca"},
+        {"the first of equal projects", {L"A"}, L"AbAca"},
+        {"a path given twice, in any order", {L"c", L"a", L"b", L"A"}, L"Aa"},
+        {"more often than listed", {L"b", L"b", L"x"}, L"aAAca"},
+        {"all", {L"a", L"a", L"a", L"a", L"b", L"c"}, L""},
+    };
+    for (const auto& c : cases) {
+        CSCVShchedulerTaskArray tasks;
+        for (const wchar_t unit : std::wstring(L"aAbAca")) {
+            tasks.AddTask(std::wstring(1, unit), 0);
+        }
+        EXPECT_EQ(tasks.RemoveTasks(c.removed), 6 - c.left.size()) << c.label;
+        std::wstring left;
+        for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
+            left += tasks[i]->m_strProjectPath;
+        }
+        EXPECT_EQ(left, c.left) << c.label;
+    }
+}
