@@ -18,13 +18,13 @@
 #include "tests/support/FakeShell.h"
 #include "tests/support/TaskRules.h"
 
-// What a next run costs beside the local-time conversions that its path needs, that it makes no others, and
-// what a pass costs beside its tick. Figures of one run are compared with each other; exit 1 when one misses
-// its mark.
+// Compares the time for a next run with that of the local-time conversions which it needs, checks that it
+// makes no others, and compares a pass with the time between two ticks. Ratios are of one run; the exit code
+// is 1 when a bound is missed.
 
-// The linker leads the conversions through here (--wrap), so that the code that is counted is the code that
-// ships.
-// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables, bugprone-reserved-identifier): for --wrap
+// The linker redirects the conversions to these functions (--wrap), so that the counted code is the code that
+// ships. NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables, bugprone-reserved-identifier): for
+// --wrap
 namespace {
 int localTimesMade = 0;
 int instantsMade = 0;
@@ -112,7 +112,7 @@ struct List {
     }
 };
 
-// A shell that notes when it is first called.
+// A shell that records the time of its first call.
 class CTimingShell final : public IShell {
 public:
     bool FileExists(const std::wstring&) override { return true; }

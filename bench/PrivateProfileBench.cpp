@@ -21,14 +21,14 @@
 #pragma GCC diagnostic ignored "-Wsign-conversion"
 #pragma GCC diagnostic ignored "-Wold-style-cast"
 #pragma GCC diagnostic ignored "-Wuseless-cast"
-#define SI_NO_CONVERSION  // bytes in, bytes out: its quickest form
+#define SI_NO_CONVERSION  // no change of encoding: its quickest form
 #include <SimpleIni.h>
 #pragma GCC diagnostic pop
 
 #include "core/list/PrivateProfile.h"
 
-// The private-profile text against SimpleIni on the same files of tasks, and against its own bounds. Ratios
-// are of the quickest repetition of each, inside one run; the exit code is 1 when a bound is missed.
+// Compares the private-profile text with SimpleIni on the same files of tasks, and with its own bounds.
+// Ratios compare the quickest repetition of each inside one run. The exit code is 1 when a bound is missed.
 
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables, cppcoreguidelines-no-malloc): counts memory
 namespace {
@@ -78,7 +78,7 @@ std::wstring SectionName(int number) {
     return L"SCVShchedulerTask" + std::to_wstring(number);
 }
 
-// In the folder the benchmark is started in, so that a flush reaches a disk.
+// In the current folder, so that a flush reaches a disk.
 const std::filesystem::path kFolder = "PrivateProfileBench.scratch";
 
 // A task list of that many sections; made once.
@@ -123,7 +123,7 @@ std::string ReadFile(const std::string& path) {
     return bytes;
 }
 
-// Flushed, then put in the place of the file in one step.
+// Writes and flushes a new file, then replaces the old file by it in one step.
 void ReplaceFile(const std::string& path, const std::string& bytes) {
     const std::string temporary = path + ".new";
     const int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
@@ -224,7 +224,7 @@ void SaveSimpleIni(benchmark::State& state) {
     }
 }
 
-// What the program does on OK: every key of every task, all of them new.
+// As the program does on OK: sets every key of every task, each to a new value.
 void WriteAllEngine(benchmark::State& state) {
     const int tasks = static_cast<int>(state.range(0));
     std::vector<CPrivateProfile::Entry> entries;
@@ -278,8 +278,7 @@ BENCHMARK(WriteAllEngine)
     ->Unit(benchmark::kMillisecond)
     ->Repetitions(5);
 
-// Time of the quickest repetition by the benchmark's name: that of the processor, where nothing waits for the
-// disk.
+// Time of the quickest repetition by the benchmark's name: processor time where nothing waits for the disk.
 class CQuickest : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
@@ -347,16 +346,16 @@ std::string ManyShortNames() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // Large blocks are kept for the next round, as small ones are: else 100,000 tasks would be charged for
-    // pages that the kernel clears anew each time, and 10,000 not.
+    // malloc keeps large blocks for the next round, as it keeps small ones. Otherwise the kernel would clear
+    // pages again in each round with 100,000 tasks but not with 10,000.
     mallopt(M_MMAP_MAX, 0);
     mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     benchmark::Initialize(&argc, argv);
     CQuickest times;
     benchmark::RunSpecifiedBenchmarks(&times);
     bool passed = !times.Failed();
-    // Growth is judged against ten lists held at once: a single one of 10,000 fits the processor's caches,
-    // which says nothing about the code.
+    // Growth compares one list of 100,000 with ten lists of 10,000: a single one of 10,000 fits into the
+    // processor's caches, which would make its time too short.
     try {
         std::puts("");
         passed &= Check("load, times quicker than SimpleIni",

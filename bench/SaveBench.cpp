@@ -6,8 +6,8 @@
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/support/FakeFileSystem.h"
 
-// What saving a list of 100,000 tasks computes: files are in memory, and processor time counts. Ends with 1
-// when a bound is missed.
+// Processor time for saving a list of 100,000 tasks into files in memory. The exit code is 1 when a bound is
+// missed.
 
 namespace {
 
@@ -15,7 +15,7 @@ constexpr int kTasks = 100'000;
 constexpr double kBound = 150;  // ms
 const std::wstring kList = L"C:\\list.ini";
 
-// The quickest of some saves, each after a change to the tasks.
+// Time of the quickest save; each one follows a change of the tasks.
 template <typename Change>
 double SaveMilliseconds(CFakeFileSystem& files, CSCVShchedulerTaskArray& tasks, Change change) {
     double best = 1e9;

@@ -1,5 +1,6 @@
-// What a next run costs here, in systemd's timers and in croniter, which people use for schedules elsewhere.
-// All compute the same runs, Monday and Thursday at 9, one from the other, and must agree on the last one.
+// Compares the time for a next run with systemd's timers and croniter, which are widely used for schedules.
+// All compute the same runs, Monday and Thursday at 9, each from the one before, and must agree on the last
+// one.
 #include <sys/resource.h>
 
 #include <array>
@@ -73,7 +74,7 @@ int main() {
     const Answer ours = Ours(start);
     const struct {
         const char* name;
-        // The command for that many runs. Its start-up is taken off: what one run costs in the same way.
+        // The command that computes that many runs. The time of a single run, its start-up, is subtracted.
         std::string (*command)(int runs);
     } peers[] = {
         {"systemd-analyze calendar",

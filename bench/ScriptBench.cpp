@@ -58,7 +58,7 @@ bool JudgeEditor() {
     dialog.SetDlgItemText(IDC_SCRIPT_TEST_TEXT, L"x");
     const auto run = [&] { SendMessageW(dialog.GetDlgItem(IDC_SCRIPT_TEST_RUN), BM_CLICK, 0, 0); };
     areMet &= Judge("ms to run it", Best(run), 500);
-    // Otherwise it would have been quick because it did nothing.
+    // An empty result would be quick because nothing was done.
     areMet &= dialog.GetDlgItemText(IDC_SCRIPT_TEST_RESULT) == L"x" &&
               dialog.GetDlgItemText(IDC_SCRIPT_TEXT) == script;
     dialog.DestroyWindow();

@@ -13,8 +13,8 @@
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/support/TemporaryFolder.h"
 
-// How much faster a task list is saved and loaded than through the system's private-profile functions, which
-// rewrite or read their file once a key. Both in one run, on the same tasks; the ratios are what counts.
+// Compares saving and loading a task list with the system's private-profile functions, which rewrite or read
+// the file for each key. Both run in one process on the same tasks; the ratios count.
 //   scv_winbench [TASKS]     ends with 1 when a bound is missed
 
 namespace {
@@ -44,7 +44,7 @@ void FillTasks(CSCVShchedulerTaskArray& tasks, int count) {
     }
 }
 
-// What the array's file holds, written key by key.
+// Writes the contents of the array's file key by key.
 void SaveThroughSystem(const CPrivateProfile& profile, int count, const std::wstring& path) {
     WritePrivateProfileStringW(L"SCVShchedulerTaskList", L"TaskCount", std::to_wstring(count).c_str(),
                                path.c_str());
@@ -89,7 +89,7 @@ int wmain(int argc, wchar_t** argv) {
     CSCVShchedulerTaskArray tasks;
     FillTasks(tasks, count);
 
-    // Every save changes every task: a text that stays the same would not be written.
+    // Changes every task before every save, because an unchanged text is not written.
     const double ownSave = Best(
         [&] {
             for (int i = 0; i < count; ++i) {

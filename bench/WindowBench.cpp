@@ -19,8 +19,8 @@
 #include "ui/resource.h"
 #include "ui/win32/SCVSchedulerDlg.h"
 
-// What the window costs with long lists, and what an idle one costs as time goes by. Exit 1 when a bound is
-// missed. Needs a display.
+// Measures the window with long lists and while it is idle. The exit code is 1 when a bound is missed. Needs
+// a display.
 
 namespace {
 
@@ -47,7 +47,7 @@ struct Window {
         }
         const bool isSaved{tasks.TrySave(files, kList)};
         dialog.emplace(CPlatform{clock, files, shell}, kList);
-        // A window that is not there is quick at everything.
+        // Without a window every operation would seem quick.
         if (!isSaved || !dialog->Create(IDD_MAIN) || List(LVM_GETITEMCOUNT) != count) {
             std::fputs("The window with its tasks could not be made.\n", stderr);
             std::exit(2);

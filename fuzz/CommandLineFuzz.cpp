@@ -7,7 +7,7 @@
 
 namespace {
 
-// A path that reads as a switch would turn that switch on at the next reading.
+// A path that looks like a switch would turn that switch on at the next reading.
 bool LooksLikeASwitch(const std::wstring& path) {
     return path.starts_with(L'-') || path.starts_with(L'/');
 }

@@ -12,7 +12,7 @@ inline std::wstring TextOf(const std::uint8_t* data, std::size_t size) {
     return FromUtf8({reinterpret_cast<const char*>(data), size});
 }
 
-// Ends the run as a finding.
+// Ends the run; the fuzzer reports it as a finding.
 inline void Require(bool condition) {
     if (!condition) {
         std::abort();

@@ -15,11 +15,11 @@ const std::wstring kValues[] = {
 using Values = std::vector<std::optional<std::wstring>>;
 
 std::vector<Values> Answers(const CPrivateProfile& profile) {
-    std::vector<Values> answers;
+    std::vector<Values> all;
     for (const auto section : kSections) {
-        answers.push_back(profile.GetStrings(section, kKeys));
+        all.push_back(profile.GetStrings(section, kKeys));
     }
-    return answers;
+    return all;
 }
 
 std::vector<std::wstring> Names(const CPrivateProfile& profile) {
@@ -28,7 +28,7 @@ std::vector<std::wstring> Names(const CPrivateProfile& profile) {
     return names;
 }
 
-// What the value is read as once it is written.
+// The value as it is read after it was written.
 std::wstring AsRead(std::wstring value) {
     const auto first = value.find_first_not_of(L' ');
     value = first == std::wstring::npos ? L"" : value.substr(first, value.find_last_not_of(L' ') + 1 - first);
@@ -39,8 +39,8 @@ std::wstring AsRead(std::wstring value) {
 
 }  // namespace
 
-// Three letters choose the edits, two bits each for section and key and three for a value; the rest is the
-// file.
+// The first three characters choose the edits: two bits for the section, two for the key, three for the
+// value. The rest is the file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t kEdits = 3;
     if (size < kEdits) {
@@ -72,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             profile.SetStrings(kSections[section], {&entry, 1});
             Require(profile.Serialise() == after);
         }
-        // The text in memory and the one written and read again answer alike.
+        // The text in memory and the text written and read again give the same values.
         const CPrivateProfile again(profile.Serialise());
         Require(Answers(profile) == expected);
         Require(Answers(again) == expected);

@@ -6,7 +6,7 @@
 
 namespace {
 
-// Number 0 is `text`, any other nothing but a main function.
+// Template 0 is `text`; any other number is a script with a main function alone.
 struct CTexts : IScriptTexts {
     [[nodiscard]] std::wstring GetTemplate(std::int32_t number) const override {
         return number == 0 ? text : L"{{MAIN_FUNCTION_NAME}}";
@@ -18,7 +18,7 @@ struct CTexts : IScriptTexts {
 
 }  // namespace
 
-// The text as template, as value and as the script that another one is added to.
+// Uses the text as template, as value and as the script to which another one is added.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     CTexts texts;
     texts.text = TextOf(data, size);

@@ -4,7 +4,7 @@
 
 // The geometry of resizable dialogs, in pixels.
 
-// Which of a dialog's edges a control keeps its distance from. Without ANCHOR_LEFT a control follows the
+// The edges of the dialog from which a control keeps its distance. Without ANCHOR_LEFT a control follows the
 // right edge whether or not ANCHOR_RIGHT is set, and without ANCHOR_TOP the bottom edge. ANCHOR_ALL stands
 // alone.
 enum : std::uint32_t {
@@ -40,18 +40,19 @@ struct Placement {
 // How far a control's edges lie inside the client area's.
 [[nodiscard]] Edges MeasureDistances(const Edges& client, const Edges& control);
 
-// Where a control belongs in a client area of another size: anchored edges keep their distances, and what
-// does not stretch keeps the size of `current`. A stretched edge never passes the opposite one, so a control
-// is not turned inside out; the position is never negative, but the size does not follow that correction.
+// A control's rectangle in a client area of another size: anchored edges keep their distances, and a control
+// that does not stretch keeps the size of `current`. A stretched edge never passes the opposite edge, so that
+// no size is negative. A negative position becomes 0 without changing the size.
 [[nodiscard]] Placement Arrange(std::uint32_t flags, const Edges& distances, const Edges& client,
                                 const Edges& current);
 
-// The smallest width or height to which a window may be dragged, from the client area's first one: 80 %, cut.
+// The smallest width or height to which a window may be dragged: 80 % of the client area's first one, rounded
+// down.
 [[nodiscard]] std::int32_t MinTrackSize(std::int32_t clientSize);
 
-// A window moved, and made smaller where it has to be, until it lies in this part of the screen.
+// The window's rectangle moved into this part of the screen, and made smaller where it does not fit.
 [[nodiscard]] Placement FitInto(const Edges& area, const Placement& window);
 
-// A stored window rectangle as it is used on a screen of this size: edges off the screen are replaced. A
-// right edge left of the left one is not corrected and gives a width that is not positive.
+// A stored window rectangle, corrected for a screen of this size: edges off the screen are replaced. A right
+// edge that is left of the left edge stays and gives a width of 0 or less.
 [[nodiscard]] Placement CorrectPlacement(Edges stored, std::int32_t screenWidth, std::int32_t screenHeight);

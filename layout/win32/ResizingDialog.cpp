@@ -21,7 +21,7 @@ bool IsGroupBox(HWND control, DWORD style) {
     return (style & BS_TYPEMASK) == BS_GROUPBOX && std::wstring_view(kind) == WC_BUTTONW;
 }
 
-// Of the monitor that shows most of the rectangle.
+// The work area of the monitor that shows most of the rectangle.
 Edges WorkArea(const Placement& place) {
     const RECT rect{place.x, place.y, place.x + place.width, place.y + place.height};
     MONITORINFO monitor{};
@@ -87,12 +87,12 @@ void CResizingDialog::ArrangeControls() {
         }
     }
     for (const stChildControl& record : m_arrChildControls) {
-        // A null handle would stand for every window on the screen.
+        // A null handle would repaint every window on the screen.
         if (record.hWnd != nullptr) {
             InvalidateRect(record.hWnd, nullptr, FALSE);
         }
     }
-    // Their pixels moved with them, and with those what was drawn over them by a control that moved across.
+    // The system moves a control's pixels with it, including those that another control has drawn over it.
     for (HWND control : moved) {
         RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     }
@@ -111,12 +111,13 @@ void CResizingDialog::RestoreWindowPlacement(const wchar_t* section, const RECT*
         return;
     }
     if (IsZoomed(m_hWnd)) {
-        // It was hidden so. Placed anew it would be one of normal size that Windows takes for maximised.
+        // Hidden while maximised. A new place would give it its normal size while Windows still takes it for
+        // maximised.
         SetWindowPos(m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
         return;
     }
     Placement place = CorrectPlacement(stored, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
-    // As large as the system will make it.
+    // The system limits the size; use the rest.
     place.width = std::max(place.width, m_nMinTrackWidth);
     place.height = std::max(place.height, m_nMinTrackHeight);
     place = FitInto(WorkArea(place), place);
@@ -141,7 +142,7 @@ void CResizingDialog::SaveWindowPlacement(const wchar_t* section) const {
 
 BOOL CResizingDialog::OnInitDialog() {
     CDialog::OnInitDialog();
-    // Without WM_WINDOWPOSCHANGING, in whose processing the system limits the size once more.
+    // Without WM_WINDOWPOSCHANGING: there the system would limit the size to the screen's.
     const SIZE window = WindowSize(TemplateClientSize());
     SetWindowPos(m_hWnd, nullptr, 0, 0, window.cx, window.cy,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSENDCHANGING);
@@ -167,8 +168,8 @@ void CResizingDialog::OpenWith(SIZE client) {
     SetWindowPos(m_hWnd, nullptr, place.x, place.y, place.width, place.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// So that the background is not painted where a control paints right afterwards, which would flicker. The
-// inside of a group box nobody but the dialog paints.
+// Excludes the controls from the background, because painting it under them flickers. The inside of a group
+// box is painted by the dialog alone and stays included.
 void CResizingDialog::ExcludeControls(HDC dc) const {
     for (HWND child = GetWindow(m_hWnd, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
         const auto style = static_cast<DWORD>(GetWindowLongPtrW(child, GWL_STYLE));
@@ -180,7 +181,7 @@ void CResizingDialog::ExcludeControls(HDC dc) const {
 }
 
 LRESULT CResizingDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    // A control that asks for the background behind itself hands over a device context of its own.
+    // A control that asks for the background behind itself passes a device context of its own.
     HDC const dc = reinterpret_cast<HDC>(wParam);
     if (message == WM_ERASEBKGND && WindowFromDC(dc) == m_hWnd) {
         const int state = SaveDC(dc);
@@ -201,7 +202,7 @@ LRESULT CResizingDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) 
 void CResizingDialog::OnSize(UINT, int, int) {
     ArrangeControls();
     if (IsWindow(m_hWnd)) {
-        // Without the controls, which ArrangeControls has invalidated: those that stay where they are would
+        // Without the controls: ArrangeControls has invalidated those that moved, and the others would
         // flicker.
         RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_NOCHILDREN);
     }

@@ -11,8 +11,8 @@
 // than 80 % of its first client size, and which keeps its place on the screen in the application's settings.
 //
 // A derived dialog calls this OnInitDialog first and registers its controls afterwards, while they are where
-// the template puts them. The client area is the template's until then, even where that is larger than the
-// screen. Whoever changes the size follows; see OpenWith.
+// the template puts them. Until then the client area has the template's size, even where that is larger than
+// the screen. Code that changes the size has to run afterwards; see OpenWith.
 class CResizingDialog : public CDialog {
 public:
     explicit CResizingDialog(UINT templateId, CWnd* parent = nullptr) noexcept
@@ -28,7 +28,7 @@ public:
         int nBottom;
     };
 
-    // Measures and appends a record; always 1. The control exists already.
+    // Measures the control, which must exist, and appends its record. Always returns 1.
     int AddControl(HWND control, UINT flags);
     int AddControl(const CWnd* control, UINT flags);
     // 1 when the control is registered, else 0.
@@ -39,12 +39,12 @@ public:
     // Lays the controls out for the present client size.
     void ArrangeControls();
 
-    // Puts the window, shown, where SaveWindowPlacement found it under this section of the settings; where
-    // nothing was saved, at the default rectangle, and without one nothing happens. Screen coordinates. What
-    // was saved on another screen is fitted into the work area of this one. A window that is maximised
-    // already stays so.
+    // Shows the window at the place that SaveWindowPlacement stored in this section of the settings, in
+    // screen coordinates; when nothing was stored, at the default rectangle; without one does nothing. A
+    // place stored on another screen is fitted into the work area of this one. A window that is already
+    // maximised stays maximised.
     void RestoreWindowPlacement(const wchar_t* section, const RECT* defaultRect = nullptr);
-    // Of a maximised window only that it is: the normal rectangle saved before stays for the next restore.
+    // For a maximised window stores only that it is maximised: the normal rectangle stored before stays.
     void SaveWindowPlacement(const wchar_t* section) const;
 
 protected:
@@ -54,8 +54,8 @@ protected:
     virtual void OnGetMinMaxInfo(MINMAXINFO* info);
 
     std::vector<stChildControl> m_arrChildControls;
-    // Centres the window in the work area with a client area of this size, or as much of it as there is room
-    // for: the size with which a dialog opens when it is not the template's.
+    // Centres the window in the work area with a client area of this size, or as large as fits. For a dialog
+    // that opens with another size than its template's.
     void OpenWith(SIZE client);
 
     // Pixels. Taken from the client area and applied to the whole window, frame included; kept so on purpose.

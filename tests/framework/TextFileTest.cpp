@@ -86,7 +86,7 @@ TEST_F(TextFile, AsksUntilTheUserCancels) {
 }
 
 TEST_F(TextFile, OnlyRetryTriesAgain) {
-    // Of a box that goes with the program's window the system returns none of its buttons.
+    // When the program's window closes a message box, the system returns none of the box's buttons.
     MessageRecorder gone(0);
     gone.whileOpen = [&] {
         if (gone.texts.size() > 2) {

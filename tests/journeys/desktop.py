@@ -90,8 +90,9 @@ class Desktop:
         self.xdotool("mousemove", *point)
         until(f'"{window["title"] or window["class"]}" is at {point}', lambda: window["x11"] in self._screen.windows())
 
-    def has_keys(self, window):
-        return self._screen.focus() == window["x11"]
+    def x11_focus(self):
+        """Returns the id of the X window that gets the keys."""
+        return self._screen.focus()
 
     def click_at(self, window, point, button=1, times=1):
         self.move_to(window, point)
@@ -137,6 +138,7 @@ class Desktop:
     def choose_file(self, title, path):
         """Types a path into the file dialog of that title once it comes up."""
         dialog = self.shown(title)
+        dialog.activate()  # now and then Wine leaves the X server's focus with the window before it
         dialog.type_into_focus(path)
         self.keys("Return")
         dialog.is_gone()

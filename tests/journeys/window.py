@@ -52,11 +52,16 @@ class Window:
 
     def has_keyboard(self):
         """Waits until keys arrive here; returns the control that gets them."""
+        state = {}
+
         def focus():
-            foreground = self.desktop.ask("foreground")
-            is_here = foreground and foreground["window"] == self.handle
-            return is_here and self.desktop.has_keys(self.facts) and foreground["focus"]
-        return until(f'"{self.facts["title"]}" has the keyboard', focus)
+            state.update(foreground=self.desktop.ask("foreground"), x11=self.desktop.x11_focus())
+            is_here = state["foreground"] and state["foreground"]["window"] == self.handle
+            return is_here and state["x11"] == self.facts["x11"] and state["foreground"]["focus"]
+        try:
+            return until(f'"{self.facts["title"]}" has the keyboard', focus)
+        except AssertionError as error:
+            raise AssertionError(f"{error}: {self.facts} beside {state}") from None
 
     def activate(self):
         """Clicks the window's caption, for where another program has shown it and kept the keyboard."""

@@ -20,7 +20,7 @@ TEST(AnchorGeometry, WindowIsFittedIntoTheWorkArea) {
     }
 }
 
-// How controls follow, MainDialogLayoutTest sees.
+// MainDialogLayoutTest tests how controls follow.
 TEST(AnchorGeometry, StoredPlacesStayOnTheScreen) {
     const std::pair<Edges, Placement> cases[] = {
         {{0, 0, 1280, 900}, {0, 0, 1280, 900}},

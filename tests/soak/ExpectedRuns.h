@@ -6,14 +6,14 @@
 
 #include "tests/support/TaskRules.h"
 
-// When tasks are to run, worked out a second time: with a calendar of Europe/Berlin in 2026 written by hand,
-// so that nothing is asked of the code or of the system that are being tested.
+// When tasks have to run, computed a second time: with a calendar of Europe/Berlin in 2026 written by hand,
+// so that nothing comes from the code under test or from the system.
 
 inline constexpr std::int64_t kHour = 3600, kDay = 86400;
 inline constexpr std::int64_t kSpring = 1774746000;  // 2026-03-29 01:00 UTC: 02:00 becomes 03:00
 inline constexpr std::int64_t kAutumn = 1792890000;  // 2026-10-25 01:00 UTC: 03:00 becomes 02:00
 
-// The clock on the wall, as seconds of an unchanging one; its days since 1970; the time of day in minutes.
+// Local time as seconds of a clock that never changes; its days since 1970; its time of day in minutes.
 inline std::int64_t WallOf(std::int64_t instant) {
     return instant + (instant >= kSpring && instant < kAutumn ? 2 : 1) * kHour;
 }
@@ -24,8 +24,8 @@ inline std::int64_t TimeOf(std::int64_t instant) {
     return WallOf(instant) % kDay / 60 * 60;
 }
 
-// The instant of that time of day. A time that is skipped comes out as the run-time has it, a time that is
-// repeated as the second.
+// The instant of that time of day. A skipped time gives what the C run-time gives, a repeated time the second
+// instant.
 inline std::int64_t InstantOf(std::int64_t day, std::int64_t time) {
     const std::int64_t winter = day * kDay + time - kHour;
     const std::int64_t summer = winter - kHour;
@@ -36,14 +36,14 @@ inline std::int64_t InstantOf(std::int64_t day, std::int64_t time) {
 #endif
 }
 
-// The same time of day so many days of 24 hours later, except where that would be on another date.
+// So many days of 24 hours later, unless that falls on another date: then at the same time of day.
 inline std::int64_t DaysLater(std::int64_t day, std::int64_t days, std::int64_t time) {
     const std::int64_t later = InstantOf(day, time) + days * kDay;
     return DayOf(later) == day + days ? later : InstantOf(day + days, time);
 }
 
-// The task's next run seen from `now`; nothing when there is none. Of a wall time that a clock change repeats
-// it means the second, which the system may not.
+// The task's next run seen from `now`; nullopt when there is none. For a local time that a clock change
+// repeats it returns the second instant; the system may return the first.
 inline std::optional<std::int64_t> ExpectedRun(const Rules& rules, std::int64_t now) {
     const auto isFlagged = [&](std::int64_t day) { return (rules.days >> (day + 4) % 7 & 1) != 0; };
     if (now < rules.start || rules.last == 0) {

@@ -10,13 +10,13 @@
 #else
 #include "tests/support/FakeFileSystem.h"
 
-// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's, of which gcc has no header
+// NOLINTNEXTLINE(bugprone-reserved-identifier): the sanitizer's name; gcc has no header for it
 extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
-// What the soak runs on: files in memory, and real ones on Windows. Break lets the call fail that comes so
-// many calls later or, on Windows, every save, until Mend. Use may not grow: kilobytes, and on Windows
-// handles.
+// The machine of the soak test: files in memory, real files on Windows. After Break the call that comes so
+// many calls later fails or, on Windows, every save does, until Mend. Use must not grow: kilobytes and, on
+// Windows, handles.
 struct SoakMachine {
     const CLocalZone zone{"Europe/Berlin"};
 #ifdef _WIN32

@@ -15,13 +15,13 @@
 #include "tests/support/FakeShell.h"
 #include "ui/model/PassRecord.h"
 
-// A day of schedule in minutes: many tasks with mixed rules, a tick after another of an injected clock, over
-// a clock change, while files, registry and launches fail at random and the user saves, reloads and kills the
-// program at random. Tasks must run exactly when ExpectedRun says, once, and the list must be whole whatever
-// happened.
+// Plays a day of schedule in minutes: many tasks with mixed rules, tick by tick of a clock that the test
+// sets, across a clock change. Files, registry and launches fail at random, and the user saves, reloads and
+// kills the program at random. Each task must run exactly once at each instant of ExpectedRun, and the list
+// must be intact after each fault.
 //
-// SCV_SOAK=whole plays all of it, else a tenth; SCV_SOAK_SEED=N another day than the usual one. The zone must
-// be Europe/Berlin (on Windows TZ, when the program is started).
+// SCV_SOAK=whole plays all of it, otherwise a tenth; SCV_SOAK_SEED=N plays another day than the usual one.
+// The zone must be Europe/Berlin (on Windows by TZ when the program starts).
 
 namespace {
 
@@ -58,7 +58,8 @@ protected:
         }
     }
 
-    // The list is whole and holds the last runs of before and those of now, `perhaps` or not, or all.
+    // Checks that the file's list is intact. The runs of now must be in it; with `perhaps` each of them may
+    // also be missing. `holdsAll`: runs that were not saved before must be in it too.
     void CheckFile(bool holdsAll, bool perhaps) {
         m_machine.Mend();
         std::string bytes;
@@ -91,7 +92,7 @@ protected:
         m_record.ApplyTo(*m_array);
     }
 
-    // What the file does not know is forgotten.
+    // Forgets the runs that are not in the file.
     void KillAndStart() {
         m_array = std::make_unique<CSCVShchedulerTaskArray>();
         m_record.Clear();
@@ -144,7 +145,7 @@ protected:
         }
     }
 
-    // With the results of all tasks alike: apostrophes in them grow with every load and save.
+    // With the same result for all tasks: its apostrophes double with every load and save.
     std::size_t UseOnceLoaded() {
         for (std::ptrdiff_t i = 0; i < m_array->GetSize(); ++i) {
             (*m_array)[i]->m_strLastRunResult = L"Success";
@@ -183,12 +184,12 @@ protected:
                 KillAndStart();
             }
             Pass();
-            if (end - m_now == 20 * kHour) {  // warm by now
+            if (end - m_now == 20 * kHour) {  // caches are full by now
                 use = UseOnceLoaded();
             }
         }
         EXPECT_LE(UseOnceLoaded(), use + 16);
-        // All that was to happen has happened.
+        // Every expected run has happened.
         EXPECT_GT(m_launches, std::ssize(m_tasks));
         EXPECT_GT(m_failedLaunches, m_launches / 20);
         EXPECT_GT(m_forgotten, 0);

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Milliseconds to hold the project, by its text.
+// The project's text is the time in milliseconds for which to hold it open.
 DWORD HoldOf(const CFileHandle& project) {
     constexpr double kForever = 24 * 60 * 60 * 1000;
     char text[64] = {};
@@ -37,7 +37,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
     if (hold == 0) {
         held.Close();
     }
-    // Writing is not shared, so that the lines of two processes cannot mix.
+    // Opened without shared writing, so that the lines of two processes cannot mix.
     CFileHandle record;
     for (int attempt = 0; !record && attempt < 1000; ++attempt) {
         Sleep(attempt == 0 ? 0 : 10);

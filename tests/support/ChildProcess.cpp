@@ -26,7 +26,7 @@ CKernelHandle StartChild(std::wstring commandLine, DWORD flags, STARTUPINFOW sta
     return CKernelHandle(process.hProcess);
 }
 
-// Files, as a full pipe would block the child.
+// Output goes to files: a full pipe would block the child.
 static CFileHandle OpenForChild(const std::wstring& path) {
     SECURITY_ATTRIBUTES inheritable{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
     return CFileHandle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inheritable, CREATE_ALWAYS,

@@ -6,7 +6,7 @@
 
 #include "util/win32/Handle.h"
 
-// Starts a command line as CreateProcessW does, with its flags; inherits the handles that can be inherited.
+// Starts a command line as CreateProcessW does, with its flags; the child inherits all inheritable handles.
 // Returns the process. Throws std::system_error with the system's code. Thread-safe.
 //
 // Under Wine a start in some thousands fails with ERROR_INTERNAL_ERROR (1359), because the new process dies
@@ -16,10 +16,10 @@
 
 struct ChildResult {
     unsigned exitCode;
-    std::string out;  // what it wrote, CR LF made LF
+    std::string out;  // its output, with LF for CR LF
     std::string err;
 };
 
-// Runs an executable, named by its path from the test's own folder, with the rest of its command line, for a
-// minute at most. Throws std::runtime_error when it cannot be started or had to be ended. Thread-safe.
+// Runs an executable, named relative to the test program's folder, with the rest of its command line. Throws
+// std::runtime_error when it cannot be started, or when it ran for a minute and had to be ended. Thread-safe.
 [[nodiscard]] ChildResult RunChild(const std::wstring& executable, const std::wstring& words);

@@ -39,11 +39,11 @@ void DialogLayoutTest::SetUp() {
     const INITCOMMONCONTROLSEX classes = {
         sizeof classes, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_DATE_CLASSES | ICC_UPDOWN_CLASS};
     InitCommonControlsEx(&classes);
-    // The template with another font size, which enlarges the dialog as a finer screen does.
+    // A copy of the template with another font size, which enlarges the dialog as a higher dpi does.
     const HRSRC resource = FindResourceW(nullptr, MAKEINTRESOURCEW(m_templateId), RT_DIALOG);
     const auto* bytes = static_cast<const WORD*>(LockResource(LoadResource(nullptr, resource)));
     std::vector<WORD> copy(bytes, bytes + SizeofResource(nullptr, resource) / sizeof(WORD));
-    const auto afterMenuAndClass = copy.begin() + 13 + 2;  // both are absent: one zero each
+    const auto afterMenuAndClass = copy.begin() + 13 + 2;  // neither is given: one zero each
     *(std::find(afterMenuAndClass, copy.end(), WORD{0}) + 1) = static_cast<WORD>(MulDiv(8, GetParam(), 96));
     m_dialog = CreateDialogIndirectParamW(
         nullptr, static_cast<const DLGTEMPLATE*>(static_cast<const void*>(copy.data())), nullptr, nullptr, 0);
@@ -56,12 +56,12 @@ void DialogLayoutTest::SetUp() {
         RECT rect;
         GetWindowRect(child, &rect);
         MapWindowPoints(nullptr, m_dialog, static_cast<POINT*>(static_cast<void*>(&rect)), 2);
-        // What a picker answers for its text is the time it shows.
+        // A picker's text is the time that it shows.
         const bool isFilledIn = kind == std::wstring(WC_EDITW) || kind == std::wstring(DATETIMEPICK_CLASSW);
         m_controls.push_back({GetDlgCtrlID(child), kind, isFilledIn ? L"" : text,
                               static_cast<DWORD>(GetWindowLongPtrW(child, GWL_STYLE)), rect});
     }
-    // What the template asks for; the window itself is never larger than the screen.
+    // The template's size; the window itself is never larger than the screen.
     m_client = {0, 0, bytes[11], bytes[12]};
     MapDialogRect(m_dialog, &m_client);
 }

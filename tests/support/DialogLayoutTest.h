@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-// A control as the template makes it.
+// A control of the template.
 struct LayoutControl {
     [[nodiscard]] bool IsVisible() const { return (style & WS_VISIBLE) != 0; }
     [[nodiscard]] bool IsButton(DWORD type) const {
@@ -30,24 +30,24 @@ struct LayoutControl {
     RECT rect;  // client coordinates
 };
 
-// A dialog template of the program, shown hidden with the fonts of the resolution that is the test's
-// parameter: see INSTANTIATE_DIALOG_LAYOUT.
+// A dialog of the program, created hidden with the fonts of the resolution that is the test's parameter; see
+// INSTANTIATE_DIALOG_LAYOUT.
 class DialogLayoutTest : public testing::TestWithParam<int> {
 protected:
     explicit DialogLayoutTest(int templateId) : m_templateId(templateId) {}
     void SetUp() override;
     void TearDown() override { DestroyWindow(m_dialog); }
 
-    // Everything has room for its text; `longest` is the longest one that a field with an arrow shows.
+    // Every control has room for its text; `longest` is the longest text that a field with an arrow shows.
     void ExpectNothingCutOff(const std::map<int, std::wstring>& longest) const;
-    // Everything lies inside the window and nothing that is visible at first overlaps, also not when the
-    // window is as small as it gets and the controls have followed by their anchors.
+    // Every control lies inside the window, and no two that are visible at first overlap; at the smallest
+    // window size too, after the controls have followed their anchors.
     void ExpectNoOverlap(const std::function<std::uint32_t(int id)>& anchorsOf) const;
     HWND m_dialog = nullptr;
     std::vector<LayoutControl> m_controls;
 
 private:
-    // Of the text in the dialog's font: on one line, or wrapped at a width.
+    // The size of the text in the dialog's font: on one line, or wrapped at a width.
     [[nodiscard]] SIZE TextSize(const std::wstring& text, LONG wrapAt = 0) const;
 
     int m_templateId;

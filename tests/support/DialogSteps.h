@@ -6,9 +6,9 @@
 #include <utility>
 #include <vector>
 
-// Answers the modal dialogs that this thread opens while it lives, one step for each in turn: called with the
-// dialog's window when it has been made and filled and before it is shown. A step that closes its dialog
-// keeps it from ever being seen.
+// While it exists, runs a step for each modal dialog that this thread opens, in turn. A step gets the
+// dialog's window after its initialisation and before it is shown. A dialog that its step closes is never
+// shown.
 class DialogSteps {
 public:
     using Step = std::function<void(HWND dialog)>;
@@ -22,7 +22,7 @@ public:
     DialogSteps& operator=(const DialogSteps&) = delete;
     ~DialogSteps() { UnhookWindowsHookEx(m_hook); }
 
-    // How many dialogs there were.
+    // The number of dialogs so far.
     std::size_t count = 0;
 
 private:

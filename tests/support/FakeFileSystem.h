@@ -17,12 +17,12 @@ class CFakeFileSystem : public IFileSystem {
 public:
     static constexpr int kForever = std::numeric_limits<int>::max();
 
-    // What a file holds; raises std::out_of_range when there is none.
+    // A file's contents; throws std::out_of_range when there is no such file.
     [[nodiscard]] const std::string& Bytes(const std::wstring& path) const { return m_files.at(path).bytes; }
     [[nodiscard]] bool Has(const std::wstring& path) const { return m_files.contains(path); }
     [[nodiscard]] std::size_t FileCount() const { return m_files.size(); }
     [[nodiscard]] bool HasFolder(const std::wstring& path) const { return m_folders.contains(path); }
-    // A file that is safely on the medium.
+    // Makes a file whose contents survive a power cut.
     void Put(const std::wstring& path, const std::string& bytes) {
         m_files[path] = {bytes, bytes.size(), ++m_created};
     }
@@ -31,13 +31,13 @@ public:
 
     // The next `tries` calls that open or replace this path find it busy.
     void Hold(const std::wstring& path, int tries) { m_held[path] = tries; }
-    // From now on no call may wait, as on the thread of a window.
+    // From now on Pause refuses to wait, as the files of a window's thread do.
     void ForbidWaiting() { m_mayWait = false; }
-    // Writing more than so many bytes at once fails and leaves what fitted.
+    // A Write of more than so many bytes fails and leaves what fitted.
     void SetCapacity(std::size_t bytes) { m_capacity = bytes; }
     // Calls first to last fail without effect, a Write after half of its bytes.
     void FailCalls(int first, int last) { m_firstFailure = first, m_lastFailure = last; }
-    // The power was cut and is back: every call works again, and what was not flushed is torn.
+    // Cuts the power and restores it: every call works again, and unflushed contents are torn.
     void RestorePower() {
         FailCalls(kForever, kForever);
         for (auto& [path, file] : m_files) {
@@ -60,7 +60,7 @@ public:
     }
     [[nodiscard]] FileResult Read(const std::wstring& path, std::string& bytes) override {
         const Status status = Answer(path);
-        // A file that cannot be opened leaves the caller's bytes alone; one that fails midway has given half.
+        // When opening fails the caller's bytes are unchanged; when reading fails they hold half of the file.
         if (status != Status::Busy && Has(path)) {
             bytes = Bytes(path).substr(0, status == Status::Ok ? std::string::npos : Bytes(path).size() / 2);
         }
@@ -105,7 +105,7 @@ public:
         m_paused += m_mayWait ? milliseconds : 0;
         return m_mayWait;
     }
-    // As the system words it.
+    // The system's words for the code.
     [[nodiscard]] std::wstring ErrorText(std::uint32_t error) override {
         return error == kNotFound ? L"File not found"
                : error == kInUse  ? L"Sharing violation"
@@ -115,7 +115,7 @@ public:
 private:
     struct File {
         std::string bytes;
-        std::size_t flushed = 0;  // so many of them survive a power cut
+        std::size_t flushed = 0;  // bytes that survive a power cut
         std::uint64_t number = 0;
     };
     class CFile final : public IFile {
@@ -147,7 +147,7 @@ private:
 
     static constexpr std::uint32_t kNotFound = 2, kDenied = 5, kInUse = 32;
 
-    // With the code that the system has for it and, but for Ok, the path.
+    // The result with the system's code for it and, unless it is Ok, the path.
     static FileResult Result(Status status, const std::wstring& path) {
         switch (status) {
             case Status::Ok:
@@ -165,7 +165,7 @@ private:
         ++m_calls;
         return m_calls < m_firstFailure || m_calls > m_lastFailure;
     }
-    // The same for a call that opens or replaces the path.
+    // Counts a call that opens or replaces the path.
     Status Answer(const std::wstring& path) {
         if (!Works() || m_folders.contains(path)) {
             return Status::Failed;

@@ -8,7 +8,7 @@
 
 #include "core/platform/Shell.h"
 
-// A shell that starts nothing: says what it is told to say and records every start.
+// A shell that starts nothing: returns what the test has set and records every start.
 class FakeShell final : public IShell {
 public:
     struct Start {
@@ -35,7 +35,7 @@ public:
     }
 
     std::set<std::wstring> missing;  // paths; every other project exists
-    std::set<std::wstring> held;     // paths that somebody has open
+    std::set<std::wstring> held;     // paths that another program has open
     // By registry key or extension.
     std::map<std::wstring, std::wstring> programs{{L"Software\\Talvernick\\Scrivane", L"C:\\scrivane.exe"},
                                                   {L"Software\\Talvernick\\Ostrel", L"C:\\ostrel.exe"}};

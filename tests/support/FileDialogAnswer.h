@@ -6,10 +6,10 @@
 
 #include "framework/FileDialog.h"
 
-// Answers every file dialog at once while it lives, or cancels it when there is no answer; and keeps what the
-// dialog was asked for. It leaves in the file buffer what the system's dialog leaves there: a multiple
-// selection (a folder and names, separated by zeros) ends with two zeros, a single path with one, and behind
-// that the buffer keeps the text with which the dialog was opened.
+// While it exists, closes every file dialog at once with a path, or cancels it when there is none, and
+// records how the dialog was opened. It leaves in the file buffer what the system's dialog leaves there: a
+// multiple selection (a folder and names, separated by zeros) ends with two zeros, a single path with one,
+// and behind that the buffer keeps the text with which the dialog was opened.
 class FileDialogAnswer {
 public:
     explicit FileDialogAnswer(const std::optional<std::wstring>& answer)

@@ -8,9 +8,8 @@
 #include <cstdlib>
 #include <new>
 
-// Looks at the bytes behind the block too, when the heap lays a pattern there. The library's operators of new
-// go with this one, and its other operators of delete call it.
-// NOLINTBEGIN(misc-new-delete-overloads)
+// Also checks the bytes behind the block when the heap writes a pattern there. The library's operators new
+// match this operator, and its other operators delete call it. NOLINTBEGIN(misc-new-delete-overloads)
 void operator delete(void* block) noexcept {
     if (block != nullptr && HeapValidate(reinterpret_cast<HANDLE>(_get_heap_handle()), 0, block) == 0) {
         std::fputs("heap: a block that is given back is damaged, or none\n", stderr);

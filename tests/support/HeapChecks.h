@@ -1,5 +1,5 @@
 #pragma once
 
-// Whether all blocks are whole; and a program that gives back a damaged one ends at once. How much is seen
-// depends on the heap: Wine's lays patterns behind and into blocks when WINEDEBUG has warn+heap.
+// Returns whether all heap blocks are intact. A program that frees a damaged block ends at once. The heap
+// decides how much is seen: Wine's writes patterns behind and into blocks when WINEDEBUG has warn+heap.
 [[nodiscard]] bool IsHeapWhole();

@@ -4,8 +4,8 @@
 
 #include "core/platform/LocalTime.h"
 
-// Puts this process into a time zone until the object goes. On Windows the zone stays the one that the
-// process was started in.
+// While the object exists this process is in another time zone. On Windows it does nothing: the zone stays
+// the one in which the process was started.
 class CLocalZone {
 public:
     explicit CLocalZone([[maybe_unused]] const char* name) {

@@ -24,8 +24,8 @@
 #include "ui/win32/SCVSchedulerDlg.h"
 #include "util/win32/Registry.h"
 
-// The main dialog, hidden, over files in memory, a shell that starts nothing, a clock that stands and a
-// registry of its own.
+// The main dialog, hidden, with files in memory, a shell that starts nothing, a clock that the test sets and
+// a registry of its own.
 class MainDialogTest : public testing::Test {
 protected:
     using Texts = std::vector<std::wstring>;

@@ -5,7 +5,7 @@
 
 #include "framework/MessageBox.h"
 
-// Answers every message box at once while it lives and keeps what it said.
+// While it exists, closes every message box at once and records its text.
 class MessageRecorder {
 public:
     explicit MessageRecorder(int answer = IDOK)
@@ -21,7 +21,7 @@ public:
 
     std::vector<std::wstring> texts;
     std::vector<UINT> styles;
-    // Runs while a box would be on the screen.
+    // Called while a box would be on the screen.
     std::function<void()> whileOpen = [] {};
 
 private:

@@ -2,6 +2,6 @@
 
 #include <string>
 
-// Title and text of every dialog that is open on the desktop, one line each in UTF-8; never waits for a
-// program that does not answer.
+// Title and text of every dialog that is open on the desktop, one line each in UTF-8. Never waits for a
+// program that does not respond.
 [[nodiscard]] std::string DescribeOpenDialogs();

@@ -7,10 +7,10 @@
 
 #include "util/win32/Handle.h"
 
-// What this process has of the machine, to be compared with what it has later. Wine 8 answers 0 to the
-// system's own questions for it.
+// What this process uses of the machine, to be compared with a later use. The system's own functions for it
+// return 0 in Wine 8.
 
-// Bytes taken of all heaps.
+// Bytes allocated in all heaps.
 inline std::size_t HeapUse() {
     HANDLE heaps[64];
     std::size_t used = 0;
@@ -25,7 +25,7 @@ inline std::size_t HeapUse() {
     return used;
 }
 
-// Handles, as the lowest one that is free tells, which rises as they leak.
+// The number of open handles, from the value of the lowest free one, which rises when handles leak.
 inline std::size_t HandleUse() {
     const CKernelHandle free(CreateEventW(nullptr, FALSE, FALSE, nullptr));
     return reinterpret_cast<std::size_t>(free.Get()) / 4;

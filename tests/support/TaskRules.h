@@ -8,15 +8,15 @@
 inline constexpr unsigned kSun = 1, kMon = 2, kTue = 4, kWed = 8, kThu = 16, kFri = 32, kSat = 64,
                           kDaily = 127;
 
-// When a task runs, in one expression; tasks themselves cannot be copied.
+// The schedule of a task, in one expression and copyable, which a task itself is not.
 struct Rules {
     std::int64_t start = 0;
-    std::int64_t last = 0;  // 0 is never
+    std::int64_t last = 0;  // the last run; 0 is never
     unsigned days = 0;
     bool monthly = false;
     bool isEvery = false;
     std::int32_t every = 1;
-    std::int32_t unit = 0;  // 1 is hours
+    std::int32_t unit = 0;  // of `every`: 1 is hours, else minutes
     std::int64_t until = 0;
 };
 

@@ -9,11 +9,11 @@
 #include <string>
 #include <string_view>
 
-// A new empty folder among the user's temporary files, gone with all its contents at the end.
+// A new empty folder among the user's temporary files; the destructor deletes it with its contents.
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        // Children run at once and runs that were killed left theirs behind.
+        // Several test processes run at once, and runs that were killed left their folders behind.
         static std::atomic<unsigned> counter = GetCurrentProcessId() * 10'000;
         do {
             m_path = std::filesystem::temp_directory_path() / (L"scv" + std::to_wstring(++counter));
@@ -40,7 +40,7 @@ private:
     std::filesystem::path m_path;
 };
 
-// What a file holds; nothing when there is none.
+// A file's contents; nullopt when there is no such file.
 inline std::string BytesOf(const std::wstring& path) {
     std::ifstream file(std::filesystem::path(path), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};

@@ -2,7 +2,8 @@
 
 #include "framework/WinApp.h"
 
-// An application while whose life HKEY_CURRENT_USER is a key of this process's own, which vanishes with it.
+// An application. While it exists HKEY_CURRENT_USER is a key of this process's own, which its destructor
+// deletes.
 class TestApp : public CWinApp {
 public:
     TestApp() {

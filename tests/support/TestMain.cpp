@@ -24,7 +24,7 @@ static bool IsHeapWhole() {
 namespace {
 
 // Ends the process, with a failure code and the test's name, when one test takes longer than SCV_TEST_TIMEOUT
-// seconds (300 when that is unset): a dialog that nobody answers would wait for ever.
+// seconds (300 when that is unset): a dialog that nobody closes would wait for ever.
 class Watchdog final : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override { m_ticks = 0; }
     void OnTestEnd(const testing::TestInfo&) override {
@@ -46,7 +46,7 @@ class Watchdog final : public testing::EmptyTestEventListener {
         }).detach();
     }
 
-    std::atomic<int> m_ticks = -1;  // of a fifth of a second since the test began, -1 between tests
+    std::atomic<int> m_ticks = -1;  // fifths of a second since the test began, -1 between tests
 };
 
 }  // namespace
@@ -59,7 +59,7 @@ int main(int argc, char** argv) {
 #endif
     RefreshTimeZone();
     testing::InitGoogleMock(&argc, argv);
-    static Watchdog watchdog;  // is read until the process is gone
+    static Watchdog watchdog;  // its thread reads it until the process ends
     testing::UnitTest::GetInstance()->listeners().Append(&watchdog);
     const int result = RUN_ALL_TESTS();
     testing::UnitTest::GetInstance()->listeners().Release(&watchdog);

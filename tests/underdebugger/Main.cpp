@@ -5,9 +5,9 @@
 
 #include "tests/support/ChildProcess.h"
 
-// Runs a program, whose command line is our own without our name, as its debugger, for only then does the
-// system tell of a handle that is closed twice or is none. Says each on its error output, and ends with what
-// the program ended with or, when there were any, with 98.
+// Runs a program as its debugger, because only then the system reports a handle that is invalid or closed
+// twice. The program's command line is our own without our name. Prints each report on standard error. The
+// exit code is the program's or, after a report, 98.
 int wmain(int, wchar_t** arguments) {
     std::wstring line = GetCommandLineW();
     const std::size_t at = line.find(arguments[1]);

@@ -11,7 +11,7 @@ class CSCVShchedulerTaskArray;
 
 struct stAddedProjects {
     std::wstring
-        selectPath;  // the last path given, listed before or not: the row to select. Empty when none was
+        selectPath;  // the last path given, whether listed before or not: the row to select; may be empty
     bool isFirstOfList =
         false;  // an empty list is so no longer: the program is to start with Windows from now on
 };

@@ -13,8 +13,8 @@
 #include "ui/model/FileFilters.h"
 #include "ui/resource.h"
 
-// What the task editor's controls hold: the task's fields, of which check boxes give 0 or 1 and the unit's
-// combo box its index, -1 for none. Nothing is shown before the first task.
+// The values of the task editor's controls: the fields of a task. A check box is 0 or 1; the unit is the
+// index in its combo box, -1 for none. All are empty until the first task is shown.
 struct stEditorMembers : TaskFields {
     stEditorMembers() {
         m_nEveryValue = 0;
@@ -58,7 +58,7 @@ struct stFlagControl {
     std::int32_t TaskFields::*field;
     bool changesNextRun;
 };
-// Every check box that stands for a flag of the task.
+// Every check box that shows a flag of the task.
 inline constexpr auto kFlagControls = [] {
     constexpr stFlagControl kRepeats[] = {
         {IDC_REPEAT_MONTHLY, &TaskFields::m_bRepeatOnMonthly, true},
@@ -81,7 +81,7 @@ struct stTextControl {
     int id;
     std::wstring TaskFields::*field;
 };
-// Every edit box that stands for a text of the task.
+// Every edit box that shows a text of the task.
 inline constexpr auto kTextControls = [] {
     constexpr stTextControl kElement[] = {{IDC_INPUT_ELEMENT_NAME, &TaskFields::m_strInputElementName},
                                           {IDC_INPUT_ELEMENT_ID, &TaskFields::m_strInputElementId}};
@@ -97,5 +97,5 @@ inline constexpr auto kTextControls = [] {
     return all;
 }();
 
-// What the editor shows of a task; for no task (null), of a new one made at `now`.
+// The values that the editor shows for a task; for no task (null), those of a new task made at `now`.
 [[nodiscard]] stEditorMembers EditorMembersOf(const CSCVShchedulerTask* task, std::int64_t now);

@@ -7,17 +7,17 @@
 #include "core/platform/LocalTime.h"
 #include "ui/model/EditorMembers.h"
 
-// What a change in the task editor does. It applies at once to every selected task; a null among them stands
-// for a row without a task and is passed over. Nothing here saves.
+// What a change in the task editor does. It applies at once to every selected task; a null pointer, for a row
+// without a task, is skipped. Nothing here saves.
 using SelectedTasks = std::span<CSCVShchedulerTask* const>;
 
-// After a change of check box, edit box, count or unit `id`: writes what `members` says into the tasks. True
-// when the list has to be repainted. Needed of `members` is the control's own value, for the two export boxes
-// also that of the other one and of the export file's edit box. An id of another control does nothing.
+// After a change of the check box, edit box, count or unit `id`: writes that control's value in `members`
+// into the tasks. Returns true when the list has to be repainted. For the two export boxes it also reads the
+// other box and the export file's edit box. The id of any other control does nothing.
 bool ApplyEditorChange(int id, const stEditorMembers& members, SelectedTasks tasks);
 
-// What a picker shows of an instant: midnight of 1 January 1970 for one without a local time, so that a task
-// with an impossible start can be given another one.
+// The local time that a picker shows for an instant: midnight of 1 January 1970 when the instant has no local
+// time, so that the user can give a task with an impossible start another one.
 [[nodiscard]] LocalTime ShownTime(std::int64_t instant);
 
 // After a change of a picker, whose broken-down local time is `picked`. The date keeps hour, minute and

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kRuns = 5;
 
-// What the schedule says; empty when its times cannot be computed, which is a finding.
+// The schedule's lines; empty when its times cannot be computed, which a finding then reports.
 std::string ScheduleLines(const CSCVShchedulerTask& task, std::int64_t now) {
     try {
         std::string lines = "\r\nSchedule: " + ScheduleInWords(task, now);

@@ -93,8 +93,8 @@ bool CListSession::OnTick(bool mayReplaceTasks) {
     return !m_bLaunching && m_retry.IsTryDue() && TryPending(m_platform.files, mayReplaceTasks);
 }
 
-// Reading, saving the list and saving single runs, as far as each is pending. Edits that nobody has accepted
-// keep a list that was read before from being read again or saved.
+// Reads the list, saves it or saves single runs, whichever is pending. While there are edits that were not
+// yet accepted, a list that was read before is neither read again nor saved.
 bool CListSession::TryPending(IFileSystem& files, bool mayReplaceTasks) {
     bool isReplaced = false;
     if (m_bReadPending && mayReplaceTasks && !m_bLaunching && !(m_bWasRead && m_beforeEditing)) {
@@ -107,15 +107,16 @@ bool CListSession::TryPending(IFileSystem& files, bool mayReplaceTasks) {
         m_passRecord.SaveTo(files, m_tasks);
     }
     if (!m_bLaunching && !m_passRecord.HasUnsaved()) {
-        // What a pass has kept because others could not know its runs.
+        // The pass kept the claim because other schedulers could not see its runs in the file.
         m_claim.Release();
     }
     m_bReadPending || m_bSavePending || m_passRecord.HasUnsaved() ? m_retry.OnFailure() : m_retry.OnSuccess();
     return isReplaced;
 }
 
-// True when the tasks were replaced by those of the file, which what was added before `joins`. Reads into an
-// array of its own, for one that could not read a list refuses to save it.
+// Returns true when the tasks of the file have replaced those in memory; with `joins` the projects that were
+// added before are added to them. Reads into a second array, because an array whose reading failed refuses to
+// save.
 bool CListSession::Read(IFileSystem& files, bool joins) {
     CSCVShchedulerTaskArray read;
     FileResult result = read.TryLoad(files, m_strFile);

@@ -25,35 +25,35 @@ public:
 
     // Reads the list for the first time.
     void Load();
-    // What to show in place of the rows while the list has not been read; empty once it has been.
+    // The line to show in place of the rows until the list has been read; then empty.
     [[nodiscard]] std::wstring Notice() const;
 
-    // The user can edit from here on until Accept or Discard.
+    // The user may edit from now on, until Accept or Discard.
     void BeginEditing();
-    // Saves all tasks, edits included; they win over a reading that is still pending. True when the tasks
-    // were replaced, because what was added before the list could be read has joined it.
+    // Saves all tasks, edits included; they win over a reading that is still pending. Returns true when the
+    // tasks were replaced: projects added before the list could be read were then added to those of the file.
     bool Accept();
-    // Takes the edits back by reading the list again; runs that could not be saved are kept. When it cannot
-    // be read, or does not hold yet what was accepted before, the tasks become those of BeginEditing.
+    // Discards the edits by reading the list again; keeps runs that could not be saved. When the file cannot
+    // be read, or an earlier Accept has not been saved yet, the tasks become those of BeginEditing.
     void Discard();
-    // As Accept, at the end of the program, with `files` that may wait for a busy file.
+    // Accept for the end of the program, with `files` that may wait for a busy file.
     void Close(IFileSystem& files);
 
-    // To be called every two seconds: tries what is pending, at the next tick and then at every second one. A
-    // list is read only if `mayReplaceTasks`. True when it has replaced the tasks.
+    // Call it every two seconds: tries what is pending at the next tick and then at every second one. Reads
+    // the list only if `mayReplaceTasks`. Returns true when reading has replaced the tasks.
     bool OnTick(bool mayReplaceTasks);
 
     // While a project is being launched the shell may dispatch messages: nothing may be launched a second
     // time then, and no task may be removed.
     [[nodiscard]] bool IsLaunching() const noexcept { return m_bLaunching; }
-    // Launches what is due, unless a launch is going on, and calls `onRun` after each launch. Returns what
-    // ended the pass early, in UTF-8; empty when nothing did, and when that was returned for the pass before:
-    // a pass that fails is reported once and not every two seconds.
+    // Launches what is due, unless a launch is going on, and calls `onRun` after each launch. Returns the
+    // error that ended the pass early, in UTF-8. Empty when nothing failed, or when the previous pass failed
+    // with the same error: it is reported once, not every two seconds.
     [[nodiscard]] std::string RunDueProjects(const std::function<void()>& onRun);
-    // For the end of the program: ends the pass that is going on after the project at hand.
+    // For the end of the program: a pass that is going on ends after the project that it is launching.
     void EndPass() noexcept { m_bPassEnds = true; }
-    // Launches this task's project unless a launch is going on, and does not save it. False when it was not
-    // tried.
+    // Launches this task's project without saving the run. Returns false, and does nothing, while another
+    // launch is going on.
     bool RunProject(CSCVShchedulerTask& task);
 
 private:
@@ -75,5 +75,5 @@ private:
     CRetryTicks m_retry;
     bool m_bLaunching = false;
     bool m_bPassEnds = false;
-    std::string m_strPassError;  // what the last pass failed with
+    std::string m_strPassError;  // of the last pass; empty when it did not fail
 };

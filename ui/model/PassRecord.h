@@ -14,7 +14,7 @@ class IFileSystem;
 // back the older last run and with it the same run a second time.
 class CPassRecord {
 public:
-    // `isSaved` tells whether the task's file has the run.
+    // `isSaved`: the task's file has the run.
     void Add(const CSCVShchedulerTask& task, bool isSaved);
     // To be called once the list has been read again: gives the recorded run to every task that has
     // only an older one.
@@ -32,8 +32,8 @@ private:
         std::wstring result;
         bool isSaved = false;
     };
-    // By section, empty for a task that is in no file yet, and project, in upper case: another process may
-    // have given the section to another project meanwhile.
+    // The key is the section (empty for a task that is in no file yet) and the project in upper case: another
+    // process may have given the section to another project meanwhile.
     using Key = std::pair<std::wstring, std::wstring>;
     [[nodiscard]] static Key KeyOf(const CSCVShchedulerTask& task);
 

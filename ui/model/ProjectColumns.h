@@ -31,7 +31,7 @@ struct stProjectColumn {
 
     const wchar_t* header;
     int width;  // pixels at 96 dpi
-    // Of a task at the instant `now`. Neither throws for what a task holds.
+    // For a task at the instant `now`. Neither function throws, whatever the task's fields hold.
     std::wstring (&text)(const CSCVShchedulerTask& task, std::int64_t now);
     SortKey (&sortKey)(const CSCVShchedulerTask& task, std::int64_t now);
 };
@@ -39,13 +39,13 @@ struct stProjectColumn {
 // By ProjectColumn.
 extern const std::array<stProjectColumn, kProjectColumnCount> kProjectColumns;
 
-// The column of that index; null for one that there is not, -1 for instance.
+// The column of that index; null when there is no such column (-1, for instance).
 [[nodiscard]] const stProjectColumn* FindProjectColumn(int index) noexcept;
 
 // Longer cells are cut to this many UTF-16 units, whatever room the list view offers.
 inline constexpr std::size_t kLongestCell = 254;
 
-// The text of one cell at the instant `now`, cut to kLongestCell; empty for a column that there is not.
+// The text of one cell at the instant `now`, cut to kLongestCell; empty when there is no such column.
 [[nodiscard]] std::wstring CellText(const CSCVShchedulerTask& task, int column, std::int64_t now);
 
 // When the task runs next, for showing and sorting; 0 when it is disabled or never runs, or when a stored

@@ -8,14 +8,14 @@
 class CSCVShchedulerTask;
 class CSCVShchedulerTaskArray;
 
-// How two rows of the project list compare, for one sort: what is compared is worked out once for each task
-// and not once for each comparison. To be used only as long as the tasks do not change.
+// Compares two rows of the project list. The constructor computes each task's sort key once, so an object
+// serves for one sort and only until the tasks change.
 //
-// Not a strict weak order, on purpose: times never compare as equal. It is made for the list view's own sort,
-// which tolerates that, and must not be given to std::sort.
+// Not a strict weak order, on purpose: times never compare as equal. The list view's own sort tolerates that;
+// std::sort does not.
 class CRowOrder {
 public:
-    // A `column` that there is not, -1 for instance, gives no meaningful order.
+    // With no such `column` (-1, for instance) the order means nothing.
     CRowOrder(const CSCVShchedulerTaskArray& tasks, int column, bool ascending, std::int64_t now);
 
     // Negative when `left` comes first, positive when `right` does. 0 when either is null or not in the

@@ -16,11 +16,11 @@ class CSCVShchedulerTaskArray;
                                                    std::wstring_view projectPath) noexcept;
 
 // The first row whose task has exactly this project path: case counts, unlike in the array's FindTask.
-// `taskOfRow` may answer null.
+// `taskOfRow` may return null.
 [[nodiscard]] std::ptrdiff_t FindRowByPath(
     std::ptrdiff_t rowCount, const std::function<const CSCVShchedulerTask*(std::ptrdiff_t)>& taskOfRow,
     std::wstring_view projectPath);
 
-// The row to select once rows were deleted: `lastDeleted` is the highest row that was (-1 for none),
-// `rowsLeft` the number of rows now.
+// The row to select after rows were deleted. `lastDeleted` is the highest of them, counted before the
+// deletion (-1 for none); `rowsLeft` is the number of rows now.
 [[nodiscard]] std::ptrdiff_t RowAfterDeletion(std::ptrdiff_t lastDeleted, std::ptrdiff_t rowsLeft) noexcept;

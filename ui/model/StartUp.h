@@ -7,7 +7,7 @@
 
 #include "ui/resource.h"
 
-// What a starting process decides, and what a second one tells the first.
+// What a process decides when it starts, and what a second process sends to the first.
 
 // Caption of the main dialog without its version, the title by which a second process looks for the first,
 // and the name that tray icon and tray menu show.
@@ -30,9 +30,8 @@ inline constexpr std::uintptr_t kHandOverTag = ID_SHOW_WINDOW;
 // first half of the path arrives, no project is found for it, and the running window merely shows.
 [[nodiscard]] std::uint32_t HandOverByteCount(std::wstring_view projectPath) noexcept;
 
-// The path that has arrived: the whole UTF-16 units among the `byteCount` bytes at `data`, no more than the
-// longest path has. Reads nothing behind them; `data` may be null and need not be aligned, the bytes may be
-// anybody's.
+// The path received: the whole UTF-16 units in the `byteCount` bytes at `data`, cut to the longest path.
+// Reads no byte beyond them. `data` may be null and need not be aligned; the bytes may come from any program.
 [[nodiscard]] std::wstring ReadHandOver(const void* data, std::size_t byteCount);
 
 // The version as the title shows it: without trailing zeros, then without trailing dots, whatever number they

@@ -137,8 +137,8 @@ void CProjectCommands::OnDeleteProject() {
     } else {
         m_editor.UpdateStates();
     }
-    // While nothing was selected the button was disabled and had to let the focus go: the next key would have
-    // changed the next project.
+    // Between the deletion and the new selection the button was disabled and lost the focus to the editor,
+    // where the next key would change the next project.
     if (GetFocus() != focus && IsChild(m_dialog.m_hWnd, focus) && ::IsWindowEnabled(focus)) {
         m_dialog.SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(focus), TRUE);
     }

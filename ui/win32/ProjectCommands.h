@@ -13,7 +13,7 @@
 #include "ui/win32/ProjectList.h"
 #include "ui/win32/TaskEditor.h"
 
-// The buttons of the project list and of the extraction program, and what is dropped on the window.
+// Handles the buttons of the project list and of the extraction program, and files dropped on the window.
 class CProjectCommands {
 public:
     // None is owned. The controls are those of `dialog`.
@@ -25,10 +25,10 @@ public:
     bool OnCommand(int id);
     // Also for the Delete key.
     void OnDeleteProject();
-    // Adds the dropped projects. `drop` is what WM_DROPFILES brings and is released.
+    // Adds the dropped projects. `drop` is the handle that WM_DROPFILES carries; it is released.
     void OnDropFiles(HDROP drop);
 
-    // Shows the tasks anew, sorted, without a selection.
+    // Fills the list again, sorted and without a selection.
     void FillProjectList();
     void SelectFirstRow();
 

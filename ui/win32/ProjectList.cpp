@@ -100,7 +100,7 @@ void CProjectList::Fill() {
             cell.pszText = LPSTR_TEXTCALLBACKW;
             SendMessage(LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&cell));
         }
-        // Not with the insertion: a list view with check boxes sets that part of the state itself then.
+        // Not in the insertion: there a list view with check boxes sets the check mark itself.
         if (task->m_bEnable != 0) {
             SetItemState(row, kChecked, LVIS_STATEIMAGEMASK);
         }
@@ -239,7 +239,7 @@ LRESULT CProjectList::OnCustomDraw(NMLVCUSTOMDRAW& draw, const std::wstring& not
         case CDDS_ITEMPREPAINT: {
             const auto* task = reinterpret_cast<const CSCVShchedulerTask*>(draw.nmcd.lItemlParam);
             if (task != nullptr && IsFailure(task->m_strLastRunResult)) {
-                // Not of a selected row: the list view draws these in the selection's own colours.
+                // Not for a selected row: the list view draws it in the selection's colours.
                 draw.clrText =
                     FailureColour(IsHighContrast(), GetSysColor(COLOR_HOTLIGHT), GetSysColor(COLOR_WINDOW));
             }
@@ -273,7 +273,7 @@ void CProjectList::OnItemChanged(const NMLISTVIEW& change) const {
     if (task == nullptr || (!checks && (before != kChecked || after != kUnchecked))) {
         return;
     }
-    // Another value than 0 or 1 may come from a file; it stays when the box does not change it.
+    // A file may hold a value other than 0 and 1. It stays unless the box changes it.
     if (checks != (task->m_bEnable != 0)) {
         task->m_bEnable = checks ? 1 : 0;
     }

@@ -24,17 +24,16 @@ public:
 
     // Sets up styles and columns; the control is bound by then.
     void Initialise();
-    // How wide the control has to be to show the columns up to this one beside a scroll bar, in pixels. To be
-    // called while it has no rows.
+    // The width, in pixels, that shows the columns up to this one beside a scroll bar. Call it while there
+    // are no rows.
     [[nodiscard]] int WidthFor(int lastColumn) const;
-    // One unselected row for each task, in array order. True while that goes on: what the list view reports
-    // meanwhile is no change by the user.
+    // Fills the list with one unselected row for each task, in array order. IsFilling() is true meanwhile:
+    // ignore the list view's notifications then.
     void Fill();
     [[nodiscard]] bool IsFilling() const noexcept { return m_bFilling; }
-    // Sorts by the column, marks its header and takes the mark from the one sorted by before. -1 is no
-    // column.
+    // Sorts by the column and moves the sort mark to its header. -1 is no column.
     void SetSortColumn(int column, bool ascending);
-    // By the column sorted by last, for a list that was filled anew.
+    // Sorts a list that was filled again by the column used last.
     void SortAgain() { SetSortColumn(m_nSortColumn, m_bAscending); }
     // As after a click on the column's header: the direction turns with every click, also on another column.
     void TurnSortColumn(int column) { SetSortColumn(column, !m_bAscending); }
@@ -56,18 +55,18 @@ public:
     [[nodiscard]] std::vector<CSCVShchedulerTask*> SelectedTasks() const;
     // Of the first selected row, null without a selection.
     [[nodiscard]] CSCVShchedulerTask* FirstSelectedTask() const;
-    // Selects and focuses the row and scrolls to it; what is selected stays so. Nothing for a row that there
-    // is not.
+    // Selects and focuses the row and scrolls to it; other rows stay selected. Does nothing when there is no
+    // such row.
     void Select(int row) const;
     void ClearSelection() const;
     void SelectAll() const;
 
-    // Answers the list view's request for what a row shows.
+    // Fills in what the list view requests about a row.
     void OnGetDispInfo(NMLVDISPINFOW& request) const;
-    // Draws rows of failed runs in their colour and, while there is no row, the notice. Returns what the list
-    // view wants to know.
+    // Draws rows of failed runs in their colour and, while there is no row, the notice. Returns the result
+    // for the list view's NM_CUSTOMDRAW.
     [[nodiscard]] LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw, const std::wstring& notice) const;
-    // Takes a change of a row's check box over into its task.
+    // Copies a changed check box of a row into its task.
     void OnItemChanged(const NMLISTVIEW& change) const;
 
 private:

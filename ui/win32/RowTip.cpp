@@ -7,12 +7,12 @@
 
 namespace {
 
-// Keys and the wheel change or move rows; buttons the tooltip control looks at itself.
+// Keys and the wheel change or move rows. The tooltip control itself handles mouse buttons.
 bool ChangesRows(UINT message) {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) || message == WM_MOUSEWHEEL;
 }
 
-// The tooltip control takes an ampersand for the mark of a mnemonic.
+// The tooltip control would take an ampersand for a mnemonic.
 std::wstring WithoutMnemonics(const std::wstring& text) {
     std::wstring result;
     for (const wchar_t character : text) {

@@ -21,11 +21,11 @@ public:
             const CPlatform& platform) noexcept
         : m_toolTip(toolTip), m_list(list), m_tasks(tasks), m_platform(platform) {}
 
-    // To be given every message before the tooltip control is.
+    // Pass every message here before the tooltip control gets it.
     void Follow(const MSG& message);
-    // Takes the tooltip away until the mouse moves again: what it shows may no longer be so.
+    // Hides the tooltip until the mouse moves again: its text may be out of date.
     void Hide();
-    // The tooltip control's request for the text. True when it is about a row.
+    // Handles the tooltip control's request for the text. Returns true when the request is about a row.
     bool OnGetDispInfo(NMTTDISPINFOW& request);
 
 private:
@@ -33,6 +33,6 @@ private:
     const CProjectList& m_list;
     const CSCVShchedulerTaskArray& m_tasks;
     const CPlatform& m_platform;
-    int m_row = -1;       // the tool is there for this one; -1 without a tool
+    int m_row = -1;       // the row of the tool; -1 without a tool
     std::wstring m_text;  // lent to the tooltip control
 };

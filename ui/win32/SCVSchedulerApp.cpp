@@ -20,7 +20,7 @@ bool HandOver(std::wstring project) {
     }
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    // This process was started by the user, the other one must be let come to the foreground.
+    // The user started this process, so only it may let the other one come to the foreground.
     AllowSetForegroundWindow(process);
     COPYDATASTRUCT data{};
     data.dwData = kHandOverTag;

@@ -12,8 +12,8 @@
 // on purpose.
 class CSCVSchedulerApp : public CWinApp {
 public:
-    // What `platform` refers to outlives the application, and so do `patientFiles`: its files do not wait for
-    // a busy file, these may, before the window is there and when it is gone.
+    // What `platform` refers to and `patientFiles` outlive the application. The files of `platform` do not
+    // wait for a busy file. `patientFiles` may: they are used before the window exists and after it is gone.
     CSCVSchedulerApp(const CPlatform& platform, IFileSystem& patientFiles) noexcept
         : m_platform(platform), m_patientFiles(patientFiles) {}
 

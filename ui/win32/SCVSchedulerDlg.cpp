@@ -22,8 +22,8 @@
 namespace {
 
 constexpr UINT kTimerPeriod = 2000;  // milliseconds
-constexpr int kTipTime = 30'000;     // milliseconds, for all that there is to read about a row
-// Posted when the tray's menu is closed, with the window that had the foreground before it.
+constexpr int kTipTime = 30'000;     // milliseconds, enough to read all lines about a row
+// Posted after the tray's menu has closed; lParam is the window that was in the foreground before the menu.
 constexpr UINT kTrayMenuClosed = kTrayMessage + 1;
 constexpr wchar_t kSection[] = L"CSCVSchedulerDlg";
 constexpr wchar_t kSortColumn[] = L"sortColumnIndex";
@@ -160,8 +160,8 @@ void CSCVSchedulerDlg::RegisterControls() {
     }
 }
 
-// Wide enough for the list's columns as far as the next run, and without the room below the editor that keeps
-// the controls apart in the smallest window.
+// Opens wide enough for the list's columns up to the next run, and as low as the smallest window allows: the
+// template has room below the editor only to keep the controls apart in the smallest window.
 void CSCVSchedulerDlg::SetOpeningSize() {
     const RECT list = m_list.GetWindowRect();
     const LONG missing = m_list.WidthFor(kNextRunTimeColumn) - (list.right - list.left);
@@ -188,8 +188,8 @@ BOOL CSCVSchedulerDlg::PreTranslateMessage(MSG* message) {
 }
 
 LRESULT CSCVSchedulerDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (const std::optional<LRESULT> answer = OnOwnMessage(message, wParam, lParam)) {
-        return *answer;
+    if (const std::optional<LRESULT> ownResult = OnOwnMessage(message, wParam, lParam)) {
+        return *ownResult;
     }
     const LRESULT result = CResizingDialog::WindowProc(message, wParam, lParam);
     if (message == WM_SHOWWINDOW) {
@@ -332,7 +332,7 @@ BOOL CSCVSchedulerDlg::ShowAndSelectProject(int showCommand, const std::wstring&
 }
 
 void CSCVSchedulerDlg::OnShowWindow(bool show) {
-    // Restoring shows the window and may maximise it, which comes here again.
+    // Restoring shows the window and may maximise it, which calls this function again.
     if (!show || m_bRestoring || !m_bReady) {
         return;
     }
@@ -384,7 +384,7 @@ void CSCVSchedulerDlg::OnExit() {
         return;
     }
     m_bReady = false;
-    // The last save may wait for the file, and a window that does not answer is not to be seen.
+    // The last save may wait for the file: hide the window, which does not respond meanwhile.
     ShowWindow(SW_HIDE);
     m_session.Close(m_closingFiles);
     DestroyWindow();
@@ -408,7 +408,7 @@ void CSCVSchedulerDlg::OnTimer() {
         return;
     }
     const bool hadNotice = !m_session.Notice().empty();
-    // Not while a dialog stands before the window: what it is asking about may go with the old tasks.
+    // Not while a modal dialog is open: reading would remove the tasks that it is about.
     if (m_session.OnTick(IsWindowEnabled() != FALSE)) {
         ShowTasksAnew();
     } else if (hadNotice && m_session.Notice().empty()) {
@@ -438,11 +438,10 @@ void CSCVSchedulerDlg::OnTrayMessage(UINT mouseMessage) {
         POINT point{};
         GetCursorPos(&point);
         const HWND foregroundBefore = GetForegroundWindow();
-        // The system closes the menu of a foreground window when the user clicks elsewhere, of another one it
-        // does not.
+        // When the user clicks elsewhere, the system closes the menu only if its window is in the foreground.
         SetForegroundWindow();
         ShowPopupMenu(IDR_TRAY_MENU, point.x, point.y, m_hWnd, 0);
-        // Behind the command that the menu may have posted.
+        // Arrives after the command that the menu may have posted.
         PostMessage(kTrayMenuClosed, 0, reinterpret_cast<LPARAM>(foregroundBefore));
     }
 }

@@ -23,9 +23,9 @@ class CSCVSchedulerDlg : public CResizingDialog {
 public:
     static constexpr UINT_PTR kTimer = 101;
 
-    // What `platform` refers to outlives the dialog; its files do not wait, or the window would not answer.
-    // `taskListPath` is the file that the list is loaded from and saved to. `closingFiles` may wait: for the
-    // save with which the program ends. Null for those of the platform.
+    // What `platform` refers to outlives the dialog; its files do not wait, or the window would not respond.
+    // `taskListPath` is the file that the list is loaded from and saved to. `closingFiles` may wait; they
+    // make the last save, when the program ends. Null: those of `platform` make it.
     CSCVSchedulerDlg(const CPlatform& platform, std::wstring taskListPath,
                      IFileSystem* closingFiles = nullptr);
     ~CSCVSchedulerDlg() override;
@@ -45,7 +45,7 @@ protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    // The answer to a message that is this dialog's alone.
+    // Handles a message that the base class does not know; returns its result, if it has one.
     std::optional<LRESULT> OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     void SetIcons();
     bool CreateToolTips();
@@ -80,5 +80,5 @@ private:
 
     bool m_bReady = false;      // initialised, and not being destroyed
     bool m_bRestoring = false;  // the placement is being restored
-    bool m_bExits = false;      // as soon as the launch that is going on is over
+    bool m_bExits = false;      // Exit was chosen during a launch and follows it
 };

@@ -77,7 +77,8 @@ void CTaskEditor::DoDataExchange(CDataExchange* exchange) {
     DDX_Text(exchange, IDC_EVERY_VALUE, m_members.m_nEveryValue);
     DDX_CBIndex(exchange, IDC_EVERY_UNIT, m_members.m_nEveryUnit);
     if (!exchange->m_bSaveAndValidate) {
-        // Never read back here: only the change of a picker says which half of its time the user means.
+        // Not read here: only a picker's change notification says whether the user changed the date or the
+        // time.
         ShowTimes(exchange);
     }
 }
@@ -109,7 +110,7 @@ void CTaskEditor::FollowSelection() {
 
 void CTaskEditor::UpdateStates() {
     m_hadSelection = m_list.HasSelection();
-    // Disabling may take the focus away.
+    // Disabling a control may have moved the focus.
     const HWND focus = GetFocus();
     for (const stControlState& state : EditorStates(m_members, m_hadSelection)) {
         CWnd control(m_dialog.GetDlgItem(state.id));
@@ -168,7 +169,7 @@ bool CTaskEditor::OnButton(int id) {
 
 void CTaskEditor::EditScript() {
     const std::wstring path = m_dialog.GetDlgItemText(IDC_SCRIPT_FILE);
-    // Asked again afterwards: the editor can have been open for long.
+    // Read the selection again: the script editor may have been open for long.
     const auto hasFile = [&] { return !path.empty() && FileExists(path) != 0; };
     const std::wstring script = hasFile() ? ReadTextFile(path) : std::wstring();
     // Exit is still possible while a box or the editor is open.

@@ -9,23 +9,23 @@
 #include "ui/model/EditorMembers.h"
 #include "ui/win32/ProjectList.h"
 
-// The right half of the main dialog: it shows one task and writes every change at once into all selected
-// ones.
+// The right half of the main dialog. It shows one task and writes every change at once into all selected
+// tasks.
 class CTaskEditor {
 public:
     // None is owned. The controls are those of `dialog`.
     CTaskEditor(CDialog& dialog, CProjectList& list, const IClock& clock) noexcept
         : m_dialog(dialog), m_list(list), m_clock(clock) {}
 
-    // Sets up pickers and the unit's choices. To be called before the first exchange.
+    // Sets up the pickers and the unit's choices. Call it before the first data exchange.
     void Initialise() const;
     void DoDataExchange(CDataExchange* exchange);
-    // Shows the row's task; a new task's defaults for a row that there is not.
+    // Shows the row's task; the defaults of a new task when there is no such row.
     void Load(int row);
-    // Enables what depends on a check box or on the selection. The keyboard focus leaves a control that is
-    // disabled.
+    // Enables or disables what depends on a check box or on the selection. A control that is disabled loses
+    // the keyboard focus.
     void UpdateStates();
-    // UpdateStates when the list has got its first selected row or lost its last one.
+    // Calls UpdateStates when the first row was selected or the last selected row was deselected.
     void FollowSelection();
     // True when the notification `code` of control `id` is a change in the editor, or one of its buttons.
     bool OnCommand(int id, UINT code);
@@ -38,7 +38,7 @@ private:
     void ShowTimes(CDataExchange* exchange) const;
     // Puts the focused row's times back into the pickers.
     void ShowTimesOfTask();
-    // Opens the script editor on the script file's text and writes back what it accepts.
+    // Opens the script editor on the script file's text and writes back the text that the user accepts.
     void EditScript();
 
     CDialog& m_dialog;

@@ -7,8 +7,8 @@
 // What the shell sends to the icon's owner: the mouse message is in the low word of lParam.
 inline constexpr UINT kTrayMessage = WM_USER + 10;
 
-// The program's icon in the notification area. The shell takes it away by itself only when it notices that
-// the owner is gone. No shell, no icon: nothing is reported.
+// The program's icon in the notification area. The shell removes the icon of a vanished owner only when it
+// notices. Without a shell there is no icon, and no error.
 class CTrayIcon {
 public:
     void Add(HWND owner);

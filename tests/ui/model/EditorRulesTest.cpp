@@ -10,7 +10,7 @@ namespace {
 
 using T = CSCVShchedulerTask;
 
-// The controls' ids, each with the field that it writes.
+// Each control's id with the field that it writes.
 const std::map<int, std::int32_t T::*> kFlags{
     {1012, &T::m_bDeleteUrls},       {1011, &T::m_bResetUrls},
     {1010, &T::m_bDeleteResults},    {1014, &T::m_bStart},

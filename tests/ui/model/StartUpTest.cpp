@@ -15,7 +15,8 @@ TEST(StartUp, BackgroundAnywhereStartsHidden) {
 TEST(StartUp, HalfOfAHandedOverPathArrives) {
     const std::wstring sent = L"C:\\p\u00fc\u30c6.scvpr";
     EXPECT_EQ(HandOverByteCount(sent), sent.size());
-    // Exactly the delivered bytes, on the heap and at an odd address: reading further is an error there.
+    // A heap block of exactly these bytes at an odd address, so that the sanitizer reports a read beyond
+    // them.
     for (const std::size_t byteCount : {12U, 5U, 1U, 0U}) {
         const std::u16string units(sent.begin(), sent.end());
         std::vector<char> bytes(1);

@@ -16,7 +16,7 @@ protected:
 
 INSTANTIATE_DIALOG_LAYOUT(MainDialogLayout);
 
-// The program's dialog, which knows its controls' anchors.
+// The program's dialog, for its table of anchors.
 class AnchoredDialog : public CSCVSchedulerDlg {
 public:
     using CSCVSchedulerDlg::CSCVSchedulerDlg;
@@ -41,7 +41,7 @@ TEST_P(MainDialogLayout, CutsNothingOffAndOverlapsNothingAtAnySize) {
     }
     ExpectNoOverlap([&](int id) { return anchors.at(id); });
 
-    // They do follow, and the window is not dragged smaller than that.
+    // The controls do follow, and the window cannot be dragged smaller than its limit.
     MINMAXINFO info{};
     dialog.SendMessage(WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
     EXPECT_EQ(info.ptMinTrackSize.x, MinTrackSize(dialog.TemplateClientSize().cx));
@@ -107,34 +107,34 @@ TEST_F(MainDialogTest, SizingErasesNoControlThatStays) {
     }
 }
 
-// What is on the screen of the window's client area.
+// The pixels of the window's client area as they are on the screen.
 std::vector<COLORREF> Pixels(const CWnd& window) {
     const RECT client = window.GetClientRect();
     const HDC dc = GetDC(window.m_hWnd);
-    const HDC copy = CreateCompatibleDC(dc);
+    const HDC memory = CreateCompatibleDC(dc);
     BITMAPINFO info{};
     info.bmiHeader = {sizeof info.bmiHeader, client.right, client.bottom, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
     void* bits = nullptr;
     const HBITMAP bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    const HGDIOBJ before = SelectObject(copy, bitmap);
-    BitBlt(copy, 0, 0, client.right, client.bottom, dc, 0, 0, SRCCOPY);
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    BitBlt(memory, 0, 0, client.right, client.bottom, dc, 0, 0, SRCCOPY);
     GdiFlush();
     const auto* pixels = static_cast<const COLORREF*>(bits);
     std::vector<COLORREF> result(pixels, pixels + client.right * client.bottom);
-    SelectObject(copy, before);
+    SelectObject(memory, before);
     DeleteObject(bitmap);
-    DeleteDC(copy);
+    DeleteDC(memory);
     ReleaseDC(window.m_hWnd, dc);
     return result;
 }
 
-// The same once the window has painted all that is invalid.
+// The same after the window has painted what was invalid.
 std::vector<COLORREF> Painted(const CWnd& window) {
     RedrawWindow(window.m_hWnd, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     return Pixels(window);
 }
 
-// Where two pictures of a client area of this width differ; empty when they do not.
+// The rectangle in which two pictures of a client area of this width differ; empty when they are equal.
 std::string Difference(const std::vector<COLORREF>& a, const std::vector<COLORREF>& b, LONG width) {
     RECT box{LONG_MAX, LONG_MAX, -1, -1};
     const LONG pixels = static_cast<LONG>(std::min(a.size(), b.size()));

@@ -13,7 +13,7 @@ protected:
         Open({L"C:\\p\\a.scvpr", L"C:\\p\\b & c.scvpr"});
         dialog->ShowWindow(SW_SHOW);
     }
-    // Of the dialog's own tooltip control; null when there is none.
+    // The dialog's own tooltip control; null when there is none.
     [[nodiscard]] HWND ToolTip() const {
         HWND window = nullptr;
         while ((window = FindWindowExW(nullptr, window, TOOLTIPS_CLASSW, nullptr)) != nullptr &&
@@ -29,7 +29,7 @@ protected:
         record.lParam = lParam;
         dialog->PreTranslateMessage(&record);
     }
-    // Moves the mouse to the middle of a row, or of the empty space where the row would be.
+    // Moves the mouse to the middle of a row, or to the empty space where such a row would be.
     void MoveTo(int row) {
         RECT first{LVIR_BOUNDS, 0, 0, 0};
         List(LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&first));

@@ -7,8 +7,8 @@
 #include "tests/support/MainDialog.h"
 #include "ui/model/StartUp.h"
 
-// OK, Cancel, Exit, the tray, further instances and what the next start remembers the journeys play on a real
-// desktop (tests/journeys).
+// The journeys (tests/journeys) test OK, Cancel, Exit, the tray, further instances and what the next start
+// remembers, on a real desktop.
 
 namespace {
 
@@ -16,7 +16,7 @@ constexpr wchar_t kSection[] = L"CSCVSchedulerDlg";
 
 class SCVSchedulerDlg : public MainDialogTest {
 protected:
-    // How many pixels the list view's last stage of drawing leaves on an empty bitmap.
+    // The number of pixels that the list view's last stage of drawing changes in an empty bitmap.
     [[nodiscard]] int PixelsOfNotice() const {
         constexpr int kWidth = 200, kHeight = 100;
         const HDC context = CreateCompatibleDC(nullptr);
@@ -120,7 +120,7 @@ TEST_F(SCVSchedulerDlg, HandOverSelectsByPosition) {
         const wchar_t* selected;
     } cases[] = {{1, 2, L"a", false, L"c"},
                  {kHandOverTag, 0x7FFFFFFF, nullptr, true, L"c"},
-                 {kHandOverTag, 2, L"A", true, L"b"}};  // sorted, that is the other one's row
+                 {kHandOverTag, 2, L"A", true, L"b"}};  // the sorted rows have b where the array has a
     for (const auto& item : cases) {
         Select({2});
         COPYDATASTRUCT data{item.tag, item.bytes, const_cast<void*>(item.data)};

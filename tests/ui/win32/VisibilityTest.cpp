@@ -4,14 +4,14 @@
 #include "ui/model/StartUp.h"
 #include "ui/win32/TrayIcon.h"
 
-// The window while it is hidden, minimised or about to end. What shows on a desktop with a task bar alone,
-// the journeys play (tests/journeys).
+// The window while it is hidden, minimised or about to end. The journeys (tests/journeys) test what needs a
+// desktop with a task bar.
 
 namespace {
 
 class Visibility : public MainDialogTest {
 protected:
-    // Handles what is in the queue, as the program's loop does.
+    // Dispatches the queued messages, as the program's loop does.
     static void PumpQueue() {
         MSG message{};
         while (PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
