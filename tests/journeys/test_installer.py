@@ -241,6 +241,8 @@ class Installer(InstallerJourney):
         watch = self.wine.start(folder / "scvsched.exe", "watch")
         self.started.append(watch)
         until("scvsched launches", lambda: self.scheduler.task(1).get("LastRunResult") == "'Success'")
+        lock = self.scheduler.list_file.with_name(self.scheduler.list_file.name + ".lock")
+        until("the save is over", lambda: not lock.exists())
         return watch
 
     def test_upgrade(self):

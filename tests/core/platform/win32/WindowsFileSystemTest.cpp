@@ -105,7 +105,7 @@ TEST_F(WindowsFileSystem, SavedFileKeepsItsAccessList) {
                               nullptr, nullptr, &found);
         ConvertSecurityDescriptorToStringSecurityDescriptorW(found, SDDL_REVISION_1,
                                                              DACL_SECURITY_INFORMATION, &text, nullptr);
-        const std::wstring result = text != nullptr ? text : L"";
+        std::wstring result = text != nullptr ? text : L"";
         LocalFree(text);
         LocalFree(found);
         return result;
