@@ -18,7 +18,8 @@ class SCVSchedulerDlg : public MainDialogTest {
 protected:
     // The number of pixels that the list view's last stage of drawing changes in an empty bitmap.
     [[nodiscard]] int PixelsOfNotice() const {
-        constexpr int kWidth = 200, kHeight = 100;
+        constexpr int kWidth = 200;
+        constexpr int kHeight = 100;
         const HDC context = CreateCompatibleDC(nullptr);
         const HBITMAP bitmap = CreateBitmap(kWidth, kHeight, 1, 1, nullptr);
         const HGDIOBJ before = SelectObject(context, bitmap);

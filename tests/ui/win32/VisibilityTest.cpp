@@ -18,7 +18,7 @@ protected:
             AfxPumpMessage(message);
         }
     }
-    void Press(HWND target, UINT message, WPARAM key) const {
+    static void Press(HWND target, UINT message, WPARAM key) {
         PostMessageW(target, message, key, 0);
         PumpQueue();
     }
