@@ -7,6 +7,8 @@
 #                               says (1280x900) and scaled for $wine_dpi (96)
 #   wine_run x64|x86 [env NAME=VALUE...] PROGRAM...
 #                               runs a program, by its path on this machine and in the calling folder
+#                               Instead of an architecture "joined" runs a 32-bit program in a 64-bit prefix,
+#                               wine_prefix[joined], whose server is up.
 #   wine_stop                   ends the servers that wine_start started, and every program in their prefixes
 #   display_start               starts a display that nobody looks at, and points DISPLAY to it; before wine_start
 #   display_stop                ends it
@@ -15,8 +17,9 @@
 # so never take an exit code alone for a proof that a program ran: look at what it wrote.
 
 declare -A wine_prefix=()
-declare -A wine_loader=([x64]="/usr/lib/wine/wine64" [x86]="$SCV_ROOT/scripts/wine32-root.sh run /usr/lib/wine/wine")
-declare -A wine_word=([x64]=win64 [x86]=win32)
+declare -A wine_loader=([x64]="/usr/lib/wine/wine64" [x86]="$SCV_ROOT/scripts/wine32-root.sh run /usr/lib/wine/wine"
+    [joined]="$SCV_ROOT/scripts/wine32-root.sh join")
+declare -A wine_word=([x64]=win64 [x86]=win32 [joined]=win64)
 
 # The server keeps to its prefix: ending it with -k ends this run's programs and no others.
 wine_server() {

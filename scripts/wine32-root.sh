@@ -4,6 +4,8 @@
 #   scripts/wine32-root.sh build            make the root when it is not there yet (root rights; a minute)
 #   scripts/wine32-root.sh run COMMAND...   run a command inside it, as the calling user, in the calling folder, with
 #                                           Wine's and our variables, TZ and DISPLAY
+#   scripts/wine32-root.sh join PROGRAM...  run a Windows program in the 64-bit prefix that WINEPREFIX names, as a client
+#                                           of that prefix's running server, as a 64-bit Windows runs 32-bit programs
 #
 # The root lives in ${XDG_CACHE_HOME:-~/.cache}/scvscheduler and is shared by all checkouts of this user. The checkout
 # appears inside it under its own path, so paths mean the same on both sides. /proc, /dev and the checkout are mounted
@@ -55,16 +57,45 @@ build() {
     ) 9>"$cache/lock"
 }
 
-# Runs as root, in a mount namespace of its own.
+# Runs as root, in a mount namespace of its own. The folders of this machine are there as well, under their own paths.
 enter() {
-    local folder=$1 user=$2
+    local folder=$1 user=$2 shared
     shift 2
     mount -t proc proc "$root/proc"
     mount --rbind /dev "$root/dev"
+    while [ "$1" != -- ]; do
+        shared=$1
+        mkdir -p "$root$shared"
+        mount --bind "$shared" "$root$shared"
+        shift
+    done
+    shift
     mkdir -p "$root$SCV_ROOT"
     mount --bind "$SCV_ROOT" "$root$SCV_ROOT"
     # shellcheck disable=SC2016 # expanded by the shell inside
     HOME=/tmp exec chroot --userspec="$user" "$root" /bin/sh -c 'cd "$0" && exec "$@"' "$folder" "$@"
+}
+
+# in_root [FOLDER...] -- COMMAND...
+# Replaces this process all the way down, so that whoever started it can end the command by its process id.
+in_root() {
+    [ -e "$finished" ] || fail "There is no 32-bit Wine root in $root: scripts/wine32-root.sh build makes it."
+    # sudo would drop them.
+    mapfile -d '' -t variables < <(env -0 | grep -zE '^(WINE[A-Z]*|SCV_[A-Z_]*|TZ|DISPLAY)=' || true)
+    exec_as_root env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" "${variables[@]}" \
+        unshare --mount "$0" enter "$OLDPWD" "$(id -u):$(id -g)" "$@"
+}
+
+# Where a server of this machine may have its socket, and the root itself, from which that server opens modules.
+join() {
+    local folders=("$root")
+    for folder in /tmp /run/user; do
+        [ ! -d "$folder" ] || folders+=("$folder")
+    done
+    # The 32-bit modules, which a prefix made by 64-bit Wine alone lacks; as links, for they are many.
+    [ -e "$WINEPREFIX/drive_c/windows/syswow64" ] ||
+        cp -rs "$root/usr/lib/i386-linux-gnu/wine/i386-windows" "$WINEPREFIX/drive_c/windows/syswow64"
+    in_root "${folders[@]}" -- "$root/usr/lib/wine/wine" "$@"
 }
 
 case ${1:-} in
@@ -73,17 +104,16 @@ build)
     ;;
 run)
     shift
-    [ -e "$finished" ] || fail "There is no 32-bit Wine root in $root: scripts/wine32-root.sh build makes it."
-    # sudo would drop them.
-    mapfile -d '' -t variables < <(env -0 | grep -zE '^(WINE[A-Z]*|SCV_[A-Z_]*|TZ|DISPLAY)=' || true)
-    # Replaces this process all the way down, so that whoever started it can end the command by its process id.
-    exec_as_root env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" "${variables[@]}" \
-        unshare --mount "$0" enter "$OLDPWD" "$(id -u):$(id -g)" "$@"
+    in_root -- "$@"
+    ;;
+join)
+    shift
+    join "$@"
     ;;
 make_root | enter)
     "$@"
     ;;
 *)
-    fail "Usage: scripts/wine32-root.sh build | run COMMAND..."
+    fail "Usage: scripts/wine32-root.sh build | run COMMAND... | join PROGRAM..."
     ;;
 esac

@@ -106,9 +106,9 @@ class Scheduler:
         self.wine.registry("delete", SETTINGS, "/f")
         self.wine.registry("delete", RUN_KEY, "/v", "SCVScheduler", "/f")
 
-    def start(self, *arguments, folder=None):
+    def start(self, *arguments, folder=None, **more):
         """Starts the window program; its process is the returned one."""
-        process = self.wine.start((folder or self.demo) / PROGRAM, *arguments)
+        process = self.wine.start((folder or self.demo) / PROGRAM, *arguments, **more)
         self._started.append(process)
         return process
 

@@ -100,17 +100,20 @@ class Wine:
                                stdout=output, stderr=output):
                 raise RuntimeError(f"Wine did not start: {log.read_text()[-500:]}")
 
-    def _shell(self, words, folder=ROOT):
+    def _shell(self, words, folder=ROOT, arch=None):
         script = '. scripts/common.sh; . scripts/wine.sh; wine_prefix[$0]=$1; cd "$2"; shift 2; "$@"'
-        return ["bash", "-c", script, self.arch, str(self.prefix), str(folder), *map(str, words)]
+        return ["bash", "-c", script, arch or self.arch, str(self.prefix), str(folder), *map(str, words)]
 
-    def start(self, program, *arguments, env=None, folder=ROOT, **streams):
-        """Starts a program by its path here, in a folder; its process is the returned one."""
+    def start(self, program, *arguments, env=None, folder=ROOT, arch=None, **streams):
+        """Starts a program by its path here, in a folder; its process is the returned one.
+
+        In a 64-bit prefix a 32-bit program starts as arch="joined".
+        """
+        words = ["wine_exec", arch or self.arch, "env"]
         settings = [f"{name}={value}" for name, value in (env or {}).items()]
         for name in ("stdin", "stdout", "stderr"):
             streams.setdefault(name, subprocess.DEVNULL)
-        return subprocess.Popen(self._shell(["wine_exec", self.arch, "env", *settings, program, *arguments], folder),
-                                cwd=ROOT, **streams)
+        return subprocess.Popen(self._shell([*words, *settings, program, *arguments], folder, arch), cwd=ROOT, **streams)
 
     def run(self, program, *arguments, **more):
         """Runs a program to its end and returns its exit code and its output with plain line ends."""
