@@ -63,16 +63,26 @@ struct Window {
             List(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
         }
     }
-    // A project that is listed already: the list is filled and sorted, and its row looked for.
-    void Drop(const std::wstring& path) const {
-        const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t));
+    void SelectAll() {
+        BYTE keys[256] = {};
+        keys[VK_CONTROL] = 0x80;
+        SetKeyboardState(keys);
+        MSG message{dialog->GetDlgItem(IDC_PROJECT_LIST), WM_KEYDOWN, 'A', 0, 0, {}};
+        dialog->PreTranslateMessage(&message);
+        keys[VK_CONTROL] = 0;
+        SetKeyboardState(keys);
+    }
+    // `paths` are those of projects, each ended by a zero.
+    void Drop(const std::wstring& paths) const {
+        const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + (paths.size() + 1) * sizeof(wchar_t));
         auto* record = static_cast<DROPFILES*>(GlobalLock(memory));
         record->pFiles = sizeof(DROPFILES);
         record->fWide = TRUE;
-        std::memcpy(record + 1, path.data(), path.size() * sizeof(wchar_t));
+        std::memcpy(record + 1, paths.data(), paths.size() * sizeof(wchar_t));
         GlobalUnlock(memory);
         dialog->SendMessage(WM_DROPFILES, reinterpret_cast<WPARAM>(memory));
     }
+    void Click(int button) const { SendMessageW(dialog->GetDlgItem(button), BM_CLICK, 0, 0); }
     void ClickHeader(int column) const {
         NMLISTVIEW click{};
         click.hdr.hwndFrom = dialog->GetDlgItem(IDC_PROJECT_LIST);
@@ -86,11 +96,13 @@ struct Window {
 
 bool JudgeLongList() {
     Window window(10'000);
-    bool areMet = true;
+    bool areMet = JudgeLongList();
     for (const int column : {0, 3, 4}) {
         window.ClickHeader(column);
+        // One that is listed already: the list is filled and sorted, and its row looked for.
+        const std::wstring listed(L"C:\\projects\\5.scvpr\0", 20);
         areMet &= Judge("ms to fill the list with 10,000 tasks and sort it",
-                        Best([&] { window.Drop(L"C:\\projects\\5.scvpr"); }), 500);
+                        Best([&] { window.Drop(listed); }), 500);
     }
     window.dialog->ShowWindow(SW_SHOW);
     window.dialog->UpdateWindow();
@@ -111,6 +123,54 @@ bool JudgeLongList() {
                         50);
     }
     return areMet && window.shell.starts.empty();
+}
+
+// Of this process, in steps of 10 under Wine.
+double ProcessorMilliseconds() {
+    FILETIME created, exited, kernel, user;
+    GetProcessTimes(GetCurrentProcess(), &created, &exited, &kernel, &user);
+    const auto milliseconds = [](const FILETIME& time) {
+        return (time.dwHighDateTime * 4294967296.0 + time.dwLowDateTime) / 10'000;
+    };
+    return milliseconds(kernel) + milliseconds(user);
+}
+
+// Processor time of some rounds with so many projects, in milliseconds a round.
+struct ProjectTimes {
+    double added = 0, selected = 0, deleted = 0;
+};
+
+ProjectTimes MeasureProjects(int count, int rounds) {
+    Window window(0);
+    window.dialog->ShowWindow(SW_SHOW);  // a hidden one takes no keys
+    std::wstring paths;
+    for (int i = 0; i < count; ++i) {
+        paths += L"C:\\projects\\" + std::to_wstring(i * 7919 % count) + L".scvpr" + L'\0';
+    }
+    ProjectTimes times;
+    const auto measure = [&](double& time, auto work) {
+        const double begin = ProcessorMilliseconds();
+        work();
+        time += (ProcessorMilliseconds() - begin) / rounds;
+    };
+    for (int round = 0; round < rounds; ++round) {
+        measure(times.added, [&] { window.Drop(paths); });
+        measure(times.selected, [&] { window.SelectAll(); });
+        measure(times.deleted, [&] { window.Click(IDC_DELETE_PROJECT); });
+    }
+    return times;
+}
+
+bool JudgeManyProjects() {
+    const ProjectTimes some = MeasureProjects(1'000, 50);
+    const ProjectTimes many = MeasureProjects(10'000, 5);
+    bool areMet = Judge("ms to add 10,000 projects", many.added, 200);
+    areMet &= Judge("ms to select them with Ctrl+A", many.selected, 200);
+    areMet &= Judge("ms to delete them", many.deleted, 200);
+    areMet &= Judge("a project's share of these, to that of 1,000 projects: add",
+                    many.added / some.added / 10, 1.5);
+    areMet &= Judge("select", many.selected / some.selected / 10, 1.5);
+    return Judge("delete", many.deleted / some.deleted / 10, 1.5) && areMet;
 }
 
 struct Use {
@@ -156,6 +216,7 @@ bool JudgeIdle() {
 
 int wmain() {
     RefreshTimeZone();
-    const bool areMet = JudgeLongList();
+    bool areMet = JudgeLongList();
+    areMet &= JudgeManyProjects();
     return JudgeIdle() && areMet ? 0 : 1;
 }

@@ -211,7 +211,10 @@ void CProjectList::ClearSelection() const {
 }
 
 void CProjectList::SelectAll() const {
+    SendMessage(WM_SETREDRAW, FALSE);
     SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED);
+    SendMessage(WM_SETREDRAW, TRUE);
+    Invalidate();
 }
 
 void CProjectList::SetItemState(int row, UINT state, UINT mask) const {
@@ -268,9 +271,12 @@ void CProjectList::DrawNotice(HDC context, const std::wstring& notice) const {
 void CProjectList::OnItemChanged(const NMLISTVIEW& change) const {
     const UINT before = change.uOldState & LVIS_STATEIMAGEMASK;
     const UINT after = change.uNewState & LVIS_STATEIMAGEMASK;
-    CSCVShchedulerTask* task = TaskOfRow(change.iItem);
     const bool checks = before == kUnchecked && after == kChecked;
-    if (task == nullptr || (!checks && (before != kChecked || after != kUnchecked))) {
+    if (!checks && (before != kChecked || after != kUnchecked)) {
+        return;
+    }
+    CSCVShchedulerTask* task = TaskOfRow(change.iItem);
+    if (task == nullptr) {
         return;
     }
     // A file may hold a value other than 0 and 1. It stays unless the box changes it.

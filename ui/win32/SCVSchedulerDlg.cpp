@@ -304,7 +304,7 @@ LRESULT CSCVSchedulerDlg::OnListNotify(NMHDR& header) {
         }
         case LVN_DELETEALLITEMS:
             m_rowTip.Hide();
-            break;
+            return TRUE;  // no notification for each row
         case LVN_COLUMNCLICK:
             m_list.TurnSortColumn(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
             break;

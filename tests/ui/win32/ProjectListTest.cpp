@@ -87,17 +87,22 @@ TEST_F(ProjectList, DropTakesProjectsOfOneKind) {
     Open({L"C:\\listed.scvpr"});
     std::wstring paths(L"C:\\A.SCVPR\0C:\\b.txt\0C:\\c.oslpr\0C:\\scvpr\0", 39);
     paths += L"C:\\" + std::wstring(300, L'x') + L".scvpr" + L'\0';
-    const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + (paths.size() + 1) * sizeof(wchar_t));
-    auto* record = static_cast<DROPFILES*>(GlobalLock(memory));
-    record->pFiles = sizeof(DROPFILES);
-    record->fWide = TRUE;
-    std::memcpy(record + 1, paths.data(), paths.size() * sizeof(wchar_t));
-    GlobalUnlock(memory);
-    dialog->SendMessage(WM_DROPFILES, reinterpret_cast<WPARAM>(memory));
+    const auto drop = [&](const void* dropped, std::size_t bytes, BOOL isWide) {
+        const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + bytes);
+        auto* record = static_cast<DROPFILES*>(GlobalLock(memory));
+        record->pFiles = sizeof(DROPFILES);
+        record->fWide = isWide;
+        std::memcpy(record + 1, dropped, bytes);
+        GlobalUnlock(memory);
+        dialog->SendMessage(WM_DROPFILES, reinterpret_cast<WPARAM>(memory));
+    };
+    drop(paths.data(), (paths.size() + 1) * sizeof(wchar_t), TRUE);
     dialog->SendMessage(WM_DROPFILES, 0);
     EXPECT_EQ(Rows(), (Texts{L"A.SCVPR", L"listed.scvpr"}));
     EXPECT_EQ(Selected(), Texts{L"A.SCVPR"});
     EXPECT_FALSE(dialog->IsDlgButtonChecked(IDC_RUN_AT_STARTUP));
+    drop("C:\\of an ANSI program.scvpr\0", 28, FALSE);
+    EXPECT_EQ(Selected(), Texts{L"of an ANSI program.scvpr"});
 }
 
 TEST_F(ProjectList, DeletesTheSelectedRows) {
