@@ -19,11 +19,108 @@ function Download_URL ( text ) {
 		if (!request.WaitForResponse(60)) {
 			request.Abort();
 		} else if (request.Status >= 200 && request.Status < 300) {
-			body = request.ResponseText;
+			try {
+				body = Page_Text(request);
+			} catch (error) {
+				body = request.ResponseText;
+			}
 		}
 	} catch (error) {
 		body = "";
 	}
 
 	return body;
+}
+
+// The page by the first character set that is known: of the header, a byte-order mark, <meta> or <?xml>, UTF-8 if valid, Windows-1252.
+function Page_Text ( request ) {
+	var element = new ActiveXObject("MSXML2.DOMDocument").createElement("bytes");
+	var bytes, found, text = null, page;
+
+	element.dataType = "bin.hex";
+	element.nodeTypedValue = request.ResponseBody;
+	bytes = element.text.toLowerCase();
+	found = /(?:^|\n)content-type:.*charset\s*=\s*["']?([^\s"';,]+)/i.exec(request.GetAllResponseHeaders());
+	if (found) {
+		text = Page_Decode(bytes, found[1]);
+	}
+	if (text === null && /^efbbbf/.test(bytes)) {
+		text = Page_Decode(bytes, "utf-8");
+	}
+	if (text === null && /^(feff|fffe)/.test(bytes)) {
+		text = Page_Decode(bytes, "utf-16");
+	}
+	if (text !== null) {
+		return text;
+	}
+
+	// A page names it within 16 KB.
+	page = Page_Decode(bytes.substr(0, 32768), "windows-1252");
+	page = page.replace(/<!--(-?>|[\s\S]*?(--!?>|$))/g, "");
+	found = /<meta(?=[\s\/])((?=[^<>]*http-equiv\s*=\s*["']?content-type)[^<>]*?|([^<>"']|"[^"<]*"|'[^'<]*')*?[\s\/"'])charset\s*=\s*["']?\s*([^\s"'>;\/]+)/i.exec(page) ||
+		/^\s*<\?xml\s([^>]*\s)?()encoding\s*=\s*["']([^"']+)/.exec(page);
+	text = found ? Page_Decode(bytes, found[3].replace(/^utf-16.*/i, "utf-8")) : null;
+	if (text === null && Page_Utf8(bytes) == bytes) {
+		text = Page_Decode(bytes, "utf-8");
+	}
+	return text === null ? Page_Decode(bytes, "windows-1252") : text;
+}
+
+// The text of bytes such as "3c61", null when the character set is unknown. Windows' XML parser decodes them.
+function Page_Decode ( bytes , charset ) {
+	var document = new ActiveXObject("MSXML2.DOMDocument"), element = document.createElement("bytes");
+	var mark = "", before = "", after = "", whole, special, escapes, i;
+
+	charset = charset.toLowerCase();
+	if (/^utf-?8$/.test(charset)) {
+		charset = "utf-8";
+		bytes = bytes.replace(/^efbbbf/, "");
+	} else if (/^utf-16/.test(charset)) {
+		mark = charset == "utf-16be" || /^feff/.test(bytes) ? "feff" : "fffe";
+		before = mark == "feff" ? "00" : "";
+		after = mark == "fffe" ? "00" : "";
+		charset = "utf-16";
+		bytes = bytes.replace(/^(feff|fffe)/, "");
+		bytes = bytes.substr(0, bytes.length - bytes.length % 4);
+	} else if (/^(us-ascii|ascii|latin1|iso-?8859-?1)$/.test(charset)) {
+		charset = "windows-1252";
+	} else if (charset == "gb2312") {
+		charset = "gbk";
+	}
+
+	// Markup and carriage returns become references, other control characters spaces. Brackets mark them, runs of others are short.
+	whole = bytes;
+	special = before + "(?:26|3c|0[0-8bcdef]|1.)" + after + "|" + Page_Bytes("]]>", before, after);
+	bytes = bytes.replace(new RegExp("((?:(?!" + special + ")" + (mark && "..") + "..){1,500})(" + special + ")?|(" + special + ")", "g"), "$1[$2$3]").split("[]").join("");
+	escapes = ["&", "&amp;", "<", "&lt;", "]]>", "]]&gt;", "\r", "&#13;"];
+	for (i = 0; i < escapes.length; i += 2) {
+		bytes = bytes.split("[" + Page_Bytes(escapes[i], before, after) + "]").join(Page_Bytes(escapes[i + 1], before, after));
+	}
+	bytes = bytes.replace(/\[[^\]]*\]/g, Page_Bytes(" ", before, after));
+
+	element.dataType = "bin.hex";
+	element.text = mark + Page_Bytes('<?xml version="1.0" encoding="' + charset + '"?><a>', before, after) + bytes + Page_Bytes("</a>", before, after);
+	document.async = false;
+	document.preserveWhiteSpace = true;
+	if (document.load(element.nodeTypedValue)) {
+		return document.documentElement.text;
+	}
+	bytes = Page_Utf8(whole);
+	return charset == "utf-8" && bytes != whole ? Page_Decode(bytes, charset) : null;
+}
+
+// ASCII as such bytes, each between zeros as UTF-16 has it.
+function Page_Bytes ( text , before , after ) {
+	var i, bytes = "";
+
+	for (i = 0; i < text.length; i++) {
+		bytes += before + (256 + text.charCodeAt(i)).toString(16).substr(1) + after;
+	}
+	return bytes;
+}
+
+// The bytes with U+FFFD in the place of each that is not UTF-8. Brackets mark them, runs of others are short.
+function Page_Utf8 ( bytes ) {
+	return bytes.replace(/((?:[0-7].|(?!e0[89]|ed[ab]|efbfb[ef]|f08|f4[9ab])(?:c[2-9a-f]|d.|e.[89ab].|f[0-4][89ab].[89ab].)[89ab].){1,500})|([89a-f].)/g, "$1[$2]").
+		replace(/\[\]/g, "").replace(/\[..\]/g, "efbfbd");
 }

@@ -29,7 +29,137 @@ Function Download_URL ( text )
 	End If
 
 	body = ""
-	If request.Status >= 200 And request.Status < 300 Then body = request.ResponseText
+	If request.Status >= 200 And request.Status < 300 Then
+		body = Page_Text(request)
+		If Err.Number <> 0 Then
+			Err.Clear
+			body = request.ResponseText
+		End If
+	End If
 	If Err.Number = 0 Then Download_URL = body
+
+End Function
+
+' The page by the first character set that is known: of the header, a byte-order mark, <meta> or <?xml>, UTF-8 if valid, Windows-1252.
+Function Page_Text ( request )
+
+	Dim element, bytes, charset, page
+
+	Set element = CreateObject("MSXML2.DOMDocument").createElement("bytes")
+	element.dataType = "bin.hex"
+	element.nodeTypedValue = request.ResponseBody
+	bytes = LCase(element.text)
+	Page_Text = Page_Decode(bytes, Page_Find(request.GetAllResponseHeaders(), "()(^|\n)content-type:.*charset\s*=\s*[""']?([^\s""';,]+)"))
+	If IsNull(Page_Text) And Left(bytes, 6) = "efbbbf" Then Page_Text = Page_Decode(bytes, "utf-8")
+	If IsNull(Page_Text) And (Left(bytes, 4) = "feff" Or Left(bytes, 4) = "fffe") Then Page_Text = Page_Decode(bytes, "utf-16")
+	If Not IsNull(Page_Text) Then Exit Function
+
+	' A page names it within 16 KB.
+	page = Page_Decode(Left(bytes, 32768), "windows-1252")
+	page = Page_Replace(page, "<!--(-?>|[\s\S]*?(--!?>|$))", "")
+	charset = Page_Find(page, "<meta(?=[\s\/])((?=[^<>]*http-equiv\s*=\s*[""']?content-type)[^<>]*?|([^<>""']|""[^""<]*""|'[^'<]*')*?[\s\/""'])charset\s*=\s*[""']?\s*([^\s""'>;\/]+)")
+	If charset = "" Then charset = Page_Find(page, "^\s*<\?xml\s([^>]*\s)?()encoding\s*=\s*[""']([^""']+)")
+	Page_Text = Page_Decode(bytes, Page_Replace(charset, "^utf-16.*", "utf-8"))
+	If IsNull(Page_Text) Then
+		If Page_Utf8(bytes) = bytes Then Page_Text = Page_Decode(bytes, "utf-8")
+	End If
+	If IsNull(Page_Text) Then Page_Text = Page_Decode(bytes, "windows-1252")
+
+End Function
+
+' The text of bytes such as "3c61", Null when the character set is unknown. Windows' XML parser decodes them.
+Function Page_Decode ( ByVal bytes , ByVal charset )
+
+	Dim document, element, mark, before, after, whole, special, escapes, i
+
+	Page_Decode = Null
+	If charset = "" Then Exit Function
+	charset = LCase(charset)
+	Select Case charset
+		Case "utf8", "utf-8"
+			charset = "utf-8"
+			bytes = Page_Replace(bytes, "^efbbbf", "")
+		Case "utf-16", "utf-16le", "utf-16be"
+			mark = "fffe"
+			If charset = "utf-16be" Or Left(bytes, 4) = "feff" Then mark = "feff"
+			If mark = "feff" Then before = "00"
+			If mark = "fffe" Then after = "00"
+			charset = "utf-16"
+			bytes = Page_Replace(bytes, "^(feff|fffe)", "")
+			bytes = Left(bytes, Len(bytes) - Len(bytes) Mod 4)
+		Case "us-ascii", "ascii", "latin1", "iso8859-1", "iso-8859-1"
+			charset = "windows-1252"
+		Case "gb2312"
+			charset = "gbk"
+	End Select
+
+	' Markup and carriage returns become references, other control characters spaces. Brackets mark them, runs of others are short.
+	whole = bytes
+	special = before & "(?:26|3c|0[0-8bcdef]|1.)" & after & "|" & Page_Bytes("]]>", before, after)
+	bytes = Page_Replace(bytes, "((?:(?!" & special & ")" & Left("..", Len(mark)) & "..){1,500})(" & special & ")?|(" & special & ")", "$1[$2$3]")
+	bytes = Replace(bytes, "[]", "")
+	escapes = Array("&", "&amp;", "<", "&lt;", "]]>", "]]&gt;", vbCr, "&#13;")
+	For i = 0 To 6 Step 2
+		bytes = Replace(bytes, "[" & Page_Bytes(escapes(i), before, after) & "]", Page_Bytes(escapes(i + 1), before, after))
+	Next
+	bytes = Page_Replace(bytes, "\[[^\]]*\]", Page_Bytes(" ", before, after))
+
+	Set document = CreateObject("MSXML2.DOMDocument")
+	Set element = document.createElement("bytes")
+	element.dataType = "bin.hex"
+	element.text = mark & Page_Bytes("<?xml version=""1.0"" encoding=""" & charset & """?><a>", before, after) & bytes & Page_Bytes("</a>", before, after)
+	document.async = False
+	document.preserveWhiteSpace = True
+	If document.load(element.nodeTypedValue) Then
+		Page_Decode = document.documentElement.text
+	ElseIf charset = "utf-8" Then
+		bytes = Page_Utf8(whole)
+		If bytes <> whole Then Page_Decode = Page_Decode(bytes, charset)
+	End If
+
+End Function
+
+' ASCII as such bytes, each between zeros as UTF-16 has it.
+Function Page_Bytes ( text , before , after )
+
+	Dim i
+
+	For i = 1 To Len(text)
+		Page_Bytes = Page_Bytes & before & LCase(Right("0" & Hex(Asc(Mid(text, i, 1))), 2)) & after
+	Next
+
+End Function
+
+' The bytes with U+FFFD in the place of each that is not UTF-8. Brackets mark them, runs of others are short.
+Function Page_Utf8 ( bytes )
+
+	Page_Utf8 = Page_Replace(bytes, "((?:[0-7].|(?!e0[89]|ed[ab]|efbfb[ef]|f08|f4[9ab])(?:c[2-9a-f]|d.|e.[89ab].|f[0-4][89ab].[89ab].)[89ab].){1,500})|([89a-f].)", "$1[$2]")
+	Page_Utf8 = Page_Replace(Replace(Page_Utf8, "[]", ""), "\[..\]", "efbfbd")
+
+End Function
+
+Function Page_Replace ( text , pattern , replacement )
+
+	Dim expression
+
+	Set expression = New RegExp
+	expression.Global = True
+	expression.IgnoreCase = True
+	expression.Pattern = pattern
+	Page_Replace = expression.Replace(text, replacement)
+
+End Function
+
+' The third group of the first match, empty without one.
+Function Page_Find ( text , pattern )
+
+	Dim expression, match
+
+	Set expression = New RegExp
+	expression.IgnoreCase = True
+	expression.Pattern = pattern
+	For Each match In expression.Execute(text)
+		Page_Find = match.SubMatches(2)
+	Next
 
 End Function

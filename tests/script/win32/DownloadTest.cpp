@@ -1,0 +1,182 @@
+// What the template Download_URL makes of a server's answer, in the host that the editor uses.
+#include <winsock2.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <thread>
+
+#include "script/ScriptGenerator.h"
+#include "script/ScriptLanguages.h"
+#include "script/win32/ResourceScriptTexts.h"
+#include "script/win32/ScriptControllerFactory.h"
+#include "tests/support/MessageRecorder.h"
+#include "util/win32/ComApartment.h"
+
+namespace {
+
+// A port on the loopback address that takes connections, and its URL.
+struct Listener {
+    Listener() {
+        WSADATA data;
+        WSAStartup(MAKEWORD(2, 2), &data);
+        handle = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        int size = sizeof address;
+        auto* const general = reinterpret_cast<sockaddr*>(&address);
+        EXPECT_EQ(bind(handle, general, size), 0);
+        EXPECT_EQ(listen(handle, 1), 0);
+        EXPECT_EQ(getsockname(handle, general, &size), 0);
+        url = L"http://127.0.0.1:" + std::to_wstring(ntohs(address.sin_port)) + L"/";
+    }
+
+    SOCKET handle = INVALID_SOCKET;
+    std::wstring url;
+};
+
+// Sends one answer to the first request, then hangs up.
+class CServer {
+public:
+    CServer(const std::string& head, const std::string& body)
+        : m_thread([this, answer = "HTTP/1.1 " + head + "\r\nContent-Length: " + std::to_string(body.size()) +
+                                   "\r\nConnection: close\r\n\r\n" + body] {
+              const SOCKET connection = accept(m_listener.handle, nullptr, nullptr);
+              std::string request;
+              for (char c = 0;
+                   request.find("\r\n\r\n") == std::string::npos && recv(connection, &c, 1, 0) == 1;) {
+                  request += c;
+              }
+              EXPECT_EQ(request.substr(0, 6), "GET / ");
+              send(connection, answer.data(), static_cast<int>(answer.size()), 0);
+              closesocket(connection);
+              closesocket(m_listener.handle);
+          }) {}
+
+    [[nodiscard]] const std::wstring& Url() const { return m_listener.url; }
+
+private:
+    Listener m_listener;
+    std::jthread m_thread;
+};
+
+// The language is JScript or VBScript.
+class Download : public testing::TestWithParam<bool> {
+protected:
+    [[nodiscard]] std::wstring Script() const {
+        const CScriptGenerator::stTemplate record{.number = GetParam() ? 62012 : 61331, .params = {}};
+        return m_generator.InstantiateTemplate(m_language, &record, L"Main");
+    }
+    // The script with one text in the place of another that is in it.
+    [[nodiscard]] std::wstring Changed(const std::wstring& from, const std::wstring& to) const {
+        std::wstring script = Script();
+        EXPECT_NE(script.find(from), std::wstring::npos);
+        for (std::size_t at = 0; (at = script.find(from, at)) != std::wstring::npos; at += to.size()) {
+            script.replace(at, from.size(), to);
+        }
+        return script;
+    }
+    std::wstring Run(const std::wstring& script, const std::wstring& text) {
+        const auto controller = CScriptControllerFactory::CreateController();
+        CStringArray arguments;
+        arguments.Add(text);
+        arguments.Add(L"");
+        CStringArray results;
+        if (controller->SetLanguage(m_language) != 1 || controller->AddCode(script) != 1 ||
+            controller->Run(L"Main", &arguments, results) != 1 || results.GetSize() != 1) {
+            return L"no result: " + (m_boxes.texts.empty() ? std::wstring() : m_boxes.texts[0]);
+        }
+        return results[0];
+    }
+
+    const std::wstring m_language = GetParam() ? kJScript : kVBScript;
+    CComApartment m_apartment;
+    MessageRecorder m_boxes;
+    CResourceScriptTexts m_texts;
+    CScriptGenerator m_generator{m_texts};
+};
+
+INSTANTIATE_TEST_SUITE_P(Languages, Download, testing::Bool(),
+                         [](const auto& each) { return each.param ? "JScript" : "VBScript"; });
+
+using namespace std::string_literals;
+
+TEST_P(Download, TakesTheFirstCharacterSetNamed) {
+    const std::string html = "200 OK\r\nContent-Type: text/html";
+    const struct {
+        const char* label;
+        std::string head;
+        std::string body;
+        std::wstring expected;
+    } cases[] = {
+        {"header", html + "; charset=UTF-8", "<p>\xC3\xA9\xE2\x82\xAC</p>\r\n", L"<p>\u00e9\u20ac</p>\r\n"},
+        {"header, quoted, before the page", html + ";charset=\"Windows-1251\"",
+         "<meta charset=utf-8>\xEF\xF0", L"<meta charset=utf-8>\u043f\u0440"},
+        {"header names ISO-8859-1", html + "; charset=ISO-8859-1", "\x93\xE9\x94", L"\u201c\u00e9\u201d"},
+        {"header unknown", html + "; charset=no-such", "<meta charset=windows-1251>\xEF",
+         L"<meta charset=windows-1251>\u043f"},
+        {"header and mark", html + "; charset=utf-8", "\xEF\xBB\xBFx", L"x"},
+        {"UTF-8 mark", html, "\xEF\xBB\xBF<meta charset=windows-1251>\xC3\xA9",
+         L"<meta charset=windows-1251>\u00e9"},
+        {"UTF-16 mark", html, "\xFF\xFE<\0&\0<\x26]\0]\0>\0\r\0\n\0\x3D\xD8\0\xDE"s,
+         L"<&\u263c]]>\r\n\U0001F600"},
+        {"UTF-16 mark, high byte first", "200 OK", "\xFE\xFF\0<\0&\x26<\0\r\0\n\0"s, L"<&\u263c\r\n"},
+        {"meta", html, "<html><META id='a>b' Charset = 'windows-1251' />\xEF",
+         L"<html><META id='a>b' Charset = 'windows-1251' />\u043f"},
+        {"meta http-equiv", html,
+         "<meta content='text/html; charset=windows-1251' http-equiv=Content-Type>\xEF",
+         L"<meta content='text/html; charset=windows-1251' http-equiv=Content-Type>\u043f"},
+        {"meta in a comment", html, "<!--<meta charset=utf-8>--><!--><meta charset=iso-8859-5>\xDF",
+         L"<!--<meta charset=utf-8>--><!--><meta charset=iso-8859-5>\u043f"},
+        {"meta of another kind", html,
+         "<meta name=a content='b charset=utf-8'><meta charset=windows-1251>\xEF",
+         L"<meta name=a content='b charset=utf-8'><meta charset=windows-1251>\u043f"},
+        {"meta of two bytes a character", html, "<meta charset=gb2312>\xD6\xD0\xCE\xC4",
+         L"<meta charset=gb2312>\u4e2d\u6587"},
+        {"meta UTF-8, spoilt", html,
+         "<meta charset=utf8>\xD0\xBF\xE9\xD1\x80\xC0\x80\xED\xA0\x80\xF0\x9F\x98\x80",
+         L"<meta charset=utf8>\u043f\ufffd\u0440\ufffd\ufffd\ufffd\ufffd\ufffd\U0001F600"},
+        {"meta UTF-16 cannot be", html, "<meta charset=utf-16>\xC3\xA9", L"<meta charset=utf-16>\u00e9"},
+        {"XML declaration", "200 OK\r\nContent-Type: text/xml",
+         "<?xml version='1.0' encoding='windows-1251'?>\xEF",
+         L"<?xml version='1.0' encoding='windows-1251'?>\u043f"},
+        {"nothing, UTF-8", html, "<p>\xC3\xA9\xF0\x9F\x98\x80</p>", L"<p>\u00e9\U0001F600</p>"},
+        {"nothing, not UTF-8", html, "<p>\xE9\x80</p>", L"<p>\u00e9\u20ac</p>"},
+        {"markup, controls", html, " <a b=\"&amp;\">]]>&</a>\t\r\r\n\x01\n ",
+         L" <a b=\"&amp;\">]]>&</a>\t\r\r\n \n "},
+        {"nothing at all", html, "", L""},
+        {"error", "410 Gone\r\nContent-Type: text/html", "<p>Gone</p>", L""},
+    };
+    for (const auto& each : cases) {
+        const CServer server(each.head, each.body);
+        EXPECT_EQ(Run(Script(), L" \r\n" + server.Url() + L"\r\n"), each.expected) << each.label;
+    }
+}
+
+TEST_P(Download, TakesWhatIsLongPieceByPiece) {
+    std::string body;
+    std::wstring expected;
+    for (int i = 0; i < 2000; ++i) {
+        body += "\xD0\xBF\xC3\xA9 plain text & \xE2\x82\xAC\r\n";
+        expected += L"\u043f\u00e9 plain text & \u20ac\r\n";
+    }
+    const CServer server("200 OK", body);
+    EXPECT_TRUE(Run(Script(), server.Url()) == expected);
+}
+
+TEST_P(Download, WorksWithoutTheParser) {
+    const CServer server("200 OK\r\nContent-Type: text/html; charset=utf-8", "<p>\xC3\xA9</p>");
+    EXPECT_EQ(Run(Changed(L"MSXML2.DOMDocument", L"No.Such"), server.Url()), L"<p>\u00e9</p>");
+}
+
+TEST_P(Download, ReturnsNothingWithoutAnAnswer) {
+    EXPECT_EQ(Run(Script(), L"http://127.0.0.1:1/"), L"");
+    EXPECT_EQ(Run(Script(), L"no URL"), L"");
+    // With a shorter limit than a minute. The port stays open, for Wine's WinHttp writes what it hears after
+    // that into memory which is no longer its own.
+    const Listener silent;
+    EXPECT_EQ(Run(Changed(L"WaitForResponse(60)", L"WaitForResponse(1)"), silent.url), L"");
+}
+
+}  // namespace
