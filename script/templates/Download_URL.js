@@ -86,6 +86,8 @@ function Page_Decode ( bytes , charset ) {
 		charset = "windows-1252";
 	} else if (charset == "gb2312") {
 		charset = "gbk";
+	} else if (/^iso-2022/.test(charset)) {
+		throw charset; // Its characters are made of bytes of markup.
 	}
 
 	// Markup and carriage returns become references, other control characters spaces. Brackets mark them, runs of others are short.

@@ -91,6 +91,8 @@ Function Page_Decode ( ByVal bytes , ByVal charset )
 			charset = "windows-1252"
 		Case "gb2312"
 			charset = "gbk"
+		Case "iso-2022-jp", "iso-2022-kr" ' Their characters are made of bytes of markup.
+			Err.Raise 5
 	End Select
 
 	' Markup and carriage returns become references, other control characters spaces. Brackets mark them, runs of others are short.

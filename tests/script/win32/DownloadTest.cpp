@@ -1,4 +1,4 @@
-// What the template Download_URL makes of a server's answer, in the host that the editor uses.
+// What the template Download_URL makes of a server's response, in the host that the editor uses.
 #include <winsock2.h>
 
 #include <gtest/gtest.h>
@@ -36,12 +36,12 @@ struct Listener {
     std::wstring url;
 };
 
-// Sends one answer to the first request, then hangs up.
+// Sends one response to the first request, then hangs up.
 class CServer {
 public:
     CServer(const std::string& head, const std::string& body)
-        : m_thread([this, answer = "HTTP/1.1 " + head + "\r\nContent-Length: " + std::to_string(body.size()) +
-                                   "\r\nConnection: close\r\n\r\n" + body] {
+        : m_thread([this, response = "HTTP/1.1 " + head + "\r\nContent-Length: " +
+                                     std::to_string(body.size()) + "\r\nConnection: close\r\n\r\n" + body] {
               const SOCKET connection = accept(m_listener.handle, nullptr, nullptr);
               std::string request;
               for (char c = 0;
@@ -49,7 +49,7 @@ public:
                   request += c;
               }
               EXPECT_EQ(request.substr(0, 6), "GET / ");
-              send(connection, answer.data(), static_cast<int>(answer.size()), 0);
+              send(connection, response.data(), static_cast<int>(response.size()), 0);
               closesocket(connection);
               closesocket(m_listener.handle);
           }) {}
@@ -116,6 +116,7 @@ TEST_P(Download, TakesTheFirstCharacterSetNamed) {
         {"header names ISO-8859-1", html + "; charset=ISO-8859-1", "\x93\xE9\x94", L"\u201c\u00e9\u201d"},
         {"header unknown", html + "; charset=no-such", "<meta charset=windows-1251>\xEF",
          L"<meta charset=windows-1251>\u043f"},
+        {"header leaves it to WinHttp", html + "; charset=iso-2022-jp", "\x1B(Bx", L"\x1B(Bx"},
         {"header and mark", html + "; charset=utf-8", "\xEF\xBB\xBFx", L"x"},
         {"UTF-8 mark", html, "\xEF\xBB\xBF<meta charset=windows-1251>\xC3\xA9",
          L"<meta charset=windows-1251>\u00e9"},
@@ -170,7 +171,7 @@ TEST_P(Download, WorksWithoutTheParser) {
     EXPECT_EQ(Run(Changed(L"MSXML2.DOMDocument", L"No.Such"), server.Url()), L"<p>\u00e9</p>");
 }
 
-TEST_P(Download, ReturnsNothingWithoutAnAnswer) {
+TEST_P(Download, ReturnsNothingWithoutAResponse) {
     EXPECT_EQ(Run(Script(), L"http://127.0.0.1:1/"), L"");
     EXPECT_EQ(Run(Script(), L"no URL"), L"");
     // With a shorter limit than a minute. The port stays open, for Wine's WinHttp writes what it hears after
