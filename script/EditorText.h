@@ -10,15 +10,15 @@
 
 // What the script editor's dialogs show and read, apart from their windows.
 
-// The column that is told of a position in a script, in UTF-16 units from the script's start. Counted from 1
-// on every line but the first, where, on purpose, it is the number of characters before the position; but at
-// least 1.
+// The column that the editor shows for a position in a script; `position` is in UTF-16 units from the
+// script's start. Columns count from 1, but on the first line, on purpose, the column is the number of units
+// before the position, at least 1. In "ab" the positions 0, 1 and 2 have the columns 1, 1 and 2.
 [[nodiscard]] std::int64_t CaretColumn(std::wstring_view script, std::int64_t position);
 
-// `line` and `column` as they are told, "Ln 1, Col 1".
+// `line` and `column` as the editor shows them: "Ln 1, Col 1".
 [[nodiscard]] std::wstring CaretText(std::int64_t line, std::int64_t column);
 
-// What a test run shows of its results: one a line, without the empty ones.
+// The results of a test run as the editor shows them: each on a line of its own, without the empty ones.
 [[nodiscard]] std::wstring JoinResults(const CStringArray& results);
 
 // A template's parameter is typed into one line, its line breaks (CR LF) as the four characters \r\n.

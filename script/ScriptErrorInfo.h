@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <string>
 
-// An error in a script, as its engine tells it.
+// An error in a script, as its engine reports it.
 struct CScriptErrorInfo {
     std::wstring source;       // which engine
     std::wstring description;  // what is wrong
     std::int32_t line = 0;     // 1-based; 0 when unknown
     std::int32_t column = 0;   // as the engine counts
-    std::wstring text;         // that line of the script; empty where the engine does not tell it
+    std::wstring text;         // that line of the script; empty when the engine does not report it
 };
 
-// What a user is shown: where the error is, too, when its line is known.
+// The text of the error's message box, with line, column and text when the line is known.
 [[nodiscard]] std::wstring ScriptErrorText(const CScriptErrorInfo& error);

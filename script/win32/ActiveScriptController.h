@@ -9,9 +9,9 @@
 #include "util/Csv.h"
 #include "util/win32/ComHandle.h"
 
-// Runs scripts in an Active Scripting engine directly. Errors of a script are shown by the site; an operation
-// that fails otherwise only says so. Where it differs from the Script Control (Reset, GetParamCount) it does
-// so on purpose.
+// Runs scripts in an Active Scripting engine directly. The site shows the errors of a script; any other
+// failure is only returned. Where it differs from the Script Control (Reset, GetParamCount) it does so on
+// purpose.
 class CActiveScriptController final : public IScriptController {
 public:
     CActiveScriptController() = default;

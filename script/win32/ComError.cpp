@@ -14,10 +14,11 @@ std::wstring CComError::Description() const {
     return FromUtf8(what());
 }
 
-std::pair<std::wstring, std::wstring> ToldFailure(IUnknown& object, REFIID interfaceId) {
+std::pair<std::wstring, std::wstring> ReportedFailure(IUnknown& object, REFIID interfaceId) {
     CBstr source;
     CBstr description;
-    // Without this question the thread's error could be one that another object left behind.
+    // The thread's error may be another object's. An object that supports errors for this interface has set
+    // its own.
     CComReference<ISupportErrorInfo> support;
     CComReference<IErrorInfo> error;
     if (object.QueryInterface(IID_PPV_ARGS(support.Put())) == S_OK &&

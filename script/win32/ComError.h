@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-// A call on a component that failed. The description is the system's for the result where there was none.
+// A failed call of a component. Without a description of its own it has the system's text for the result.
 class CComError : public std::runtime_error {
 public:
     CComError(HRESULT result, std::wstring source, const std::wstring& description);
@@ -22,15 +22,15 @@ private:
     std::wstring m_source;
 };
 
-// What `object` has to tell about the failure of a call through that interface, right after it: source and
-// description, both empty when it tells nothing.
-[[nodiscard]] std::pair<std::wstring, std::wstring> ToldFailure(IUnknown& object, REFIID interfaceId);
+// The source and description that `object` reports for a call through that interface which has just failed;
+// both are empty when it reports nothing.
+[[nodiscard]] std::pair<std::wstring, std::wstring> ReportedFailure(IUnknown& object, REFIID interfaceId);
 
-// Returns the result of a call through that interface, unless it is a failure, which is raised.
+// Throws CComError when the result of a call through that interface is a failure, otherwise returns it.
 template <class Interface>
-HRESULT RaiseFailure(HRESULT result, Interface* object) {
+HRESULT ThrowFailure(HRESULT result, Interface* object) {
     if (FAILED(result)) {
-        auto [source, description] = ToldFailure(*object, __uuidof(Interface));
+        auto [source, description] = ReportedFailure(*object, __uuidof(Interface));
         throw CComError(result, std::move(source), description);
     }
     return result;

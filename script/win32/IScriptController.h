@@ -8,7 +8,7 @@
 // Checks and runs one script through a scripting engine. The editor makes one for each action and destroys it
 // at the action's end, all on the thread that shows its dialogs.
 //
-// A success flag is 1 when the engine answered S_OK and 0 for everything else. Operations fail without
+// A success flag is 1 when the engine returned S_OK and 0 for everything else. Operations fail without
 // reporting unless the host says otherwise.
 class IScriptController {
 public:
@@ -47,7 +47,7 @@ public:
     // host.
     [[nodiscard]] virtual int GetParamCount(const std::wstring& functionName) = 0;
     // The engine's last script error. The line is 0 when it is unknown, and `text` is that line of the
-    // script where the engine tells it.
+    // script when the engine reports it.
     virtual void GetErrorInfo(std::wstring& source, std::wstring& description, std::int32_t& line,
                               std::int32_t& column, std::wstring& text) = 0;
 

@@ -18,7 +18,7 @@ void ShowError(const std::wstring& text) {
     AfxMessageBox(text, MB_OK | MB_ICONERROR);
 }
 
-// Runs an operation whose failure is shown to the user and answers 0.
+// Runs an operation. Shows its failure to the user and then returns 0.
 template <class Operation>
 int ShowFailure(Operation&& operation) {
     try {
@@ -115,18 +115,18 @@ int CMSScriptController::GetParamCount(const std::wstring& functionName) {
         return -1;
     }
     LONG count = 0;
-    RaiseFailure(procedures->get_Count(&count), procedures.Get());
+    ThrowFailure(procedures->get_Count(&count), procedures.Get());
     for (LONG number = 1; number <= count; ++number) {
         VARIANT index{};
         index.vt = VT_I4;
         index.lVal = number;
         CComReference<IScriptProcedure> procedure;
-        RaiseFailure(procedures->get_Item(index, procedure.Put()), procedures.Get());
+        ThrowFailure(procedures->get_Item(index, procedure.Put()), procedures.Get());
         CBstr name;
-        RaiseFailure(procedure->get_Name(name.Put()), procedure.Get());
+        ThrowFailure(procedure->get_Name(name.Put()), procedure.Get());
         if (name.Text() == functionName) {
             LONG parameters = 0;
-            RaiseFailure(procedure->get_NumArgs(&parameters), procedure.Get());
+            ThrowFailure(procedure->get_NumArgs(&parameters), procedure.Get());
             return static_cast<int>(parameters);
         }
     }
@@ -148,10 +148,10 @@ HRESULT CMSScriptController::Check(HRESULT result) {
     if (SUCCEEDED(result)) {
         return result;
     }
-    auto [source, description] = ToldFailure(*m_control.Get(), __uuidof(IScriptControl));
+    auto [source, description] = ReportedFailure(*m_control.Get(), __uuidof(IScriptControl));
     LastError last;
-    // Not every edition of the control tells about a call; but then its error object knows, unless the one it
-    // holds is of an earlier call.
+    // Wine's control reports nothing for a call. Its error object then has the texts, if its number is that
+    // of this call and not of an earlier one.
     if (description.empty() && ReadLastError(last) == S_OK && last.number == result) {
         source = std::move(last.info.source);
         description = std::move(last.info.description);

@@ -8,7 +8,7 @@
 #include "util/win32/ComHandle.h"
 
 // Runs scripts in the Windows Script Control. AddCode, Run and Reset show the user why they failed; a failing
-// call in another operation raises CComError.
+// call in another operation throws CComError.
 class CMSScriptController final : public IScriptController {
 public:
     // 1 when the control was made, whatever became of the language.
@@ -28,7 +28,7 @@ public:
                       std::int32_t& column, std::wstring& text) override;
 
 private:
-    // Raises a failing call.
+    // Throws CComError for a failure, otherwise returns the result.
     HRESULT Check(HRESULT result);
 
     struct LastError {

@@ -206,7 +206,7 @@ BOOL CScriptDlg::PreTranslateMessage(MSG* message) {
         return TRUE;
     }
     const bool mayMoveCaret = message->hwnd == m_script.m_hWnd && MayMoveCaret(*message);
-    // Input is not only looked at there: it has been dispatched by the end of it.
+    // This call also dispatches the message, so the caret has moved when it returns.
     const BOOL isTaken = CResizingDialog::PreTranslateMessage(message);
     if (mayMoveCaret && m_hWnd != nullptr) {
         UpdateCaret();
@@ -214,7 +214,7 @@ BOOL CScriptDlg::PreTranslateMessage(MSG* message) {
     return isTaken;
 }
 
-// True when the key is done with.
+// True when the key needs no further handling.
 bool CScriptDlg::OnKey(const MSG& message) {
     switch (message.wParam) {
         case VK_TAB:
@@ -298,7 +298,7 @@ LRESULT CScriptDlg::CaretLine(DWORD selectionEnd) const {
     return m_script.SendMessage(EM_LINEFROMCHAR, selectionEnd);
 }
 
-// Yes goes on also when the user then cancels the saving.
+// After Yes the script may be replaced even when the user cancels the saving.
 bool CScriptDlg::MayReplaceScript() {
     if (m_bModified) {
         switch (AskToKeepChanges()) {
@@ -317,7 +317,7 @@ bool CScriptDlg::MayReplaceScript() {
 
 void CScriptDlg::SetScript(const std::wstring& script) {
     m_script.SetWindowText(script);
-    // A box of several lines does not tell of it everywhere.
+    // WM_SETTEXT sends no EN_CHANGE from a multi-line edit control.
     OnScriptChange();
 }
 
@@ -376,9 +376,9 @@ void CScriptDlg::OnInsert() {
     UpdateCaret();
 }
 
-// A controller answers 0 for a failure, never less, and 0 passes here: whenever there is an engine, the
-// script is said to have parsed and may be accepted, even after its error was shown. Kept so on purpose.
-bool CScriptDlg::Parse(bool tellsSuccess) {
+// A controller returns 0 for a failure, and only less than 0 counts as one here, on purpose. So whenever
+// there is an engine, the box says that the script parsed, and OK accepts it, even after its error was shown.
+bool CScriptDlg::Parse(bool reportsSuccess) {
     const std::unique_ptr<IScriptController> controller = CreateController();
     if (controller == nullptr) {
         return false;
@@ -387,7 +387,7 @@ bool CScriptDlg::Parse(bool tellsSuccess) {
     if (result >= 0) {
         result = controller->AddCode(m_script.GetWindowText());
     }
-    if (result >= 0 && tellsSuccess) {
+    if (result >= 0 && reportsSuccess) {
         AfxMessageBox(L"The script parsed successfully", MB_OK | MB_ICONINFORMATION);
     }
     m_script.SetFocus();

@@ -30,7 +30,8 @@ public:
     std::wstring m_strLanguage;
 
 protected:
-    // The engine of one action, set to whatever language; null when the machine has none.
+    // The engine for one action, in any language: the caller sets the one it wants. Null when the machine has
+    // none.
     [[nodiscard]] virtual std::unique_ptr<IScriptController> CreateController() const;
 
     BOOL PreTranslateMessage(MSG* message) override;
@@ -58,7 +59,7 @@ private:
     bool MayReplaceScript();
     // Counts as a change of the user's.
     void SetScript(const std::wstring& script);
-    bool Parse(bool tellsSuccess);
+    bool Parse(bool reportsSuccess);
     void UseTemplate(bool replacesScript);
 
     void OnTemplateDoubleClick();

@@ -43,34 +43,38 @@ protected:
 
 TEST_F(ScriptGenerator, ValuesBecomeLiteralsOrExpressions) {
     const struct {
+        const char* label;
         const wchar_t* language;
         const wchar_t* value;
         const wchar_t* written;
     } cases[] = {
-        {L"JScript", L"a\\\"b\r\n\n'\t", L"\"a\\\\\\\"b\\r\\n\\n'\t\""},
-        {L"JScript", L"vbNewLine", LR"("vbNewLine")"},
-        {L"vbscript", LR"("\)", LR"("\"\\")"},
-        {L"VBScript", L"", LR"("")"},
-        {L"VBScript", LR"(a\"b)", LR"("a\""b")"},
-        {L"VBScript", L"vbNewLine", L"vbNewLine"},
-        {L"VBScript", LR"(vbTab + "x")", LR"(vbTab + "x")"},
-        {L"VBScript", L"VBNEWLINE vbtab", LR"("VBNEWLINE vbtab")"},
-        {L"VBScript", L"a\r\nb", LR"("a" + vbNewLine + "b")"},
-        {L"VBScript", L"\r", L"vbNewLine"},
-        {L"VBScript", L"\r\n\r\n\n", L"vbNewLine + vbNewLine + vbNewLine"},
-        {L"VBScript", L"\na\n\nb\n", LR"(vbNewLine + "a" + vbNewLine + vbNewLine + "b" + vbNewLine)"},
-        {L"VBScript", L"vbTab\nvbNewLine", LR"("vbTab" + vbNewLine + "vbNewLine")"},
-        {L"VBScript", L"a\"\nb", LR"("a"" + vbNewLine + "b")"},
+        {"JScript: what a literal escapes", L"JScript", L"a\\\"b\r\n\n'\t", L"\"a\\\\\\\"b\\r\\n\\n'\t\""},
+        {"JScript: vbNewLine is text", L"JScript", L"vbNewLine", LR"("vbNewLine")"},
+        {"any other name means JScript", L"vbscript", LR"("\)", LR"("\"\\")"},
+        {"empty", L"VBScript", L"", LR"("")"},
+        {"quotes are doubled", L"VBScript", LR"(a\"b)", LR"("a\""b")"},
+        {"vbNewLine is an expression", L"VBScript", L"vbNewLine", L"vbNewLine"},
+        {"vbTab is an expression", L"VBScript", LR"(vbTab + "x")", LR"(vbTab + "x")"},
+        {"case counts", L"VBScript", L"VBNEWLINE vbtab", LR"("VBNEWLINE vbtab")"},
+        {"line break inside", L"VBScript", L"a\r\nb", LR"("a" + vbNewLine + "b")"},
+        {"line break alone", L"VBScript", L"\r", L"vbNewLine"},
+        {"line breaks alone", L"VBScript", L"\r\n\r\n\n", L"vbNewLine + vbNewLine + vbNewLine"},
+        {"line breaks around", L"VBScript", L"\na\n\nb\n",
+         LR"(vbNewLine + "a" + vbNewLine + vbNewLine + "b" + vbNewLine)"},
+        {"words beside a line break are text", L"VBScript", L"vbTab\nvbNewLine",
+         LR"("vbTab" + vbNewLine + "vbNewLine")"},
+        {"quotes beside a line break stay single", L"VBScript", L"a\"\nb", LR"("a"" + vbNewLine + "b")"},
     };
     for (const auto& each : cases) {
         EXPECT_EQ(Fill(each.language, LR"(f ( "%PARAM_1%" ))", {each.value}),
-                  std::wstring(L"f ( ") + each.written + L" )");
+                  std::wstring(L"f ( ") + each.written + L" )")
+            << each.label;
     }
     EXPECT_EQ(Fill(L"VBScript", L"%PARAM_1%", {L"\"vbTab"}), L"%PARAM_1%")
         << "an expression takes the place of the quotes as well";
 }
 
-TEST_F(ScriptGenerator, PlaceholdersAreFilledInTurnAndTheNameLast) {
+TEST_F(ScriptGenerator, FillsPlaceholdersInTurnAndTheNameLast) {
     const std::wstring text = L"{{MAIN_FUNCTION_NAME}} 1%PARAM_1% 2%PARAM_2% 3%PARAM_3% 4%PARAM_4% %PARAM_1%";
     for (const wchar_t* language : {kVBScript, kJScript}) {
         EXPECT_EQ(Fill(language, text, {L"a", L"b", L"c", L"d"}), L"Main 1a 2b 3c 4%PARAM_4% a");
@@ -100,58 +104,68 @@ TEST_F(ScriptGenerator, WholeScripts) {
 
 TEST_F(ScriptGenerator, AddingChainsTheResultOfMain) {
     const struct {
+        const char* label;
         const wchar_t* language;
         const wchar_t* script;
         const wchar_t* chained;
         const wchar_t* name;
     } cases[] = {
-        {L"VBScript", L"", L"", L"Main"},
-        {L"vbSCRIPT", L"\r\nMain =a = b\r\nMain = c\r\n", L"\r\nMain = Main2 (a = b, url ) \r\nMain = c\r\n",
-         L"Main2"},
-        {L"VBScript", L" Main = x", L" Main = x", L"Main2"},
-        {L"VBScript", L" Main  = x\r\n", L" Main  = x\r\n", L"Main2"},
-        {L"VBScript", L" main = x\r\n", L" main = x\r\n", L"Main"},
-        {L"VBScript", L" Main2 = x\r\n Main = Main2\r\n", L" Main2 = x\r\n Main = Main3 ( Main2, url ) \r\n",
+        {"empty script", L"VBScript", L"", L"", L"Main"},
+        {"first statement of two", L"vbSCRIPT", L"\r\nMain =a = b\r\nMain = c\r\n",
+         L"\r\nMain = Main2 (a = b, url ) \r\nMain = c\r\n", L"Main2"},
+        {"no line break behind it", L"VBScript", L" Main = x", L" Main = x", L"Main2"},
+        {"two spaces before =", L"VBScript", L" Main  = x\r\n", L" Main  = x\r\n", L"Main2"},
+        {"main in lower case", L"VBScript", L" main = x\r\n", L" main = x\r\n", L"Main"},
+        {"Main2 is taken", L"VBScript", L" Main2 = x\r\n Main = Main2\r\n",
+         L" Main2 = x\r\n Main = Main3 ( Main2, url ) \r\n", L"Main3"},
+        {"Main10 is none of those tried", L"VBScript", L" Main Main10 Main2", L" Main Main10 Main2",
          L"Main3"},
-        {L"VBScript", L" Main Main10 Main2", L" Main Main10 Main2", L"Main3"},
-        {L"VBScript", L"Main = x\r\n Main = y\r\n", L"Main = x\r\n Main = y\r\n", L"Main"},
-        {L"jscript", L"helper() { return a; } Main() { return b; }",
+        {"script begins with Main", L"VBScript", L"Main = x\r\n Main = y\r\n", L"Main = x\r\n Main = y\r\n",
+         L"Main"},
+        {"JScript: first return, a helper's", L"jscript", L"helper() { return a; } Main() { return b; }",
          L"helper() { return Main2 ( a, url ) ; } Main() { return b; }", L"Main2"},
-        {L"JScript", L" Main() { return(x); }", L" Main() { return Main2 ((x), url ) ; }", L"Main2"},
-        {L"JScript", L" Main() { return result }", L" Main() { return result }", L"Main2"},
-        {L"JScript", L" no function, return x;", L" no function, return x;", L"Main"},
-        {L"Perl", L" Main = x\r\n return y;", L" Main = x\r\n return y;", L"Main2"},
+        {"JScript: bracket", L"JScript", L" Main() { return(x); }", L" Main() { return Main2 ((x), url ) ; }",
+         L"Main2"},
+        {"JScript: no semicolon", L"JScript", L" Main() { return result }", L" Main() { return result }",
+         L"Main2"},
+        {"JScript: no Main", L"JScript", L" no function, return x;", L" no function, return x;", L"Main"},
+        {"unknown language", L"Perl", L" Main = x\r\n return y;", L" Main = x\r\n return y;", L"Main2"},
     };
     m_texts.text = L"{{MAIN_FUNCTION_NAME}}(%PARAM_1%)";
     const Template record = Record(1, {L"v"});
     for (const auto& each : cases) {
         EXPECT_EQ(m_generator.AddToScript(each.language, each.script, &record),
-                  std::wstring(each.chained) + L"\r\n\r\n" + each.name + L"(v)");
+                  std::wstring(each.chained) + L"\r\n\r\n" + each.name + L"(v)")
+            << each.label;
     }
     EXPECT_EQ(m_generator.AddToScript(kJScript, L"script", nullptr), L"");
 }
 
 TEST_F(ScriptGenerator, ReadsAHelperOutOfATemplate) {
     const struct {
+        const char* label;
         const wchar_t* text;
         const wchar_t* name;
         Names params;
         const wchar_t* description;
     } cases[] = {
-        {L"\r\nFunction {{MAIN_FUNCTION_NAME}} ( text )\r\nEnd Function\r\n\r\n' Says it.\r\n"
+        {"VBScript",
+         L"\r\nFunction {{MAIN_FUNCTION_NAME}} ( text )\r\nEnd Function\r\n\r\n' Says it.\r\n"
          L"Function  Left_String  ( text ,  more )\r\n( x )",
          L"Left_String",
          {L"text", L"more"},
          L"Says it."},
-        {L"\r\nfunction {{MAIN_FUNCTION_NAME}} ( text ) {\r\n}\r\n\r\n// ''/ It's. \r\nfunction f(){",
+        {"JScript",
+         L"\r\nfunction {{MAIN_FUNCTION_NAME}} ( text ) {\r\n}\r\n\r\n// ''/ It's. \r\nfunction f(){",
          L"f",
          {},
          L"''/ It's."},
-        {L"\r\nfunction {{MAIN_FUNCTION_NAME}} ( text ) {\r\n}\r\n", L"", {}, L""},
-        {L"x\r\nFunction a ( text\r\n'\r\n", L"", {}, L""},
-        {L"x\r\nFunction (a,)", L"", {}, L""},
+        {"no helper", L"\r\nfunction {{MAIN_FUNCTION_NAME}} ( text ) {\r\n}\r\n", L"", {}, L""},
+        {"no closing bracket", L"x\r\nFunction a ( text\r\n'\r\n", L"", {}, L""},
+        {"no name", L"x\r\nFunction (a,)", L"", {}, L""},
     };
     for (const auto& each : cases) {
+        SCOPED_TRACE(each.label);
         m_texts.text = each.text;
         EXPECT_EQ(m_generator.GetTemplateFunctionName(1), each.name);
         const CStringArray params = m_generator.GetTemplateParamNames(1, -1);

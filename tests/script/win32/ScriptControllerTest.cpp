@@ -52,7 +52,7 @@ protected:
     const bool m_isJScript = std::get<1>(GetParam());
     const std::wstring m_language = Script(kJScript, kVBScript);
     const std::wstring m_other = Script(kVBScript, kJScript);
-    const int m_missing = m_isControl ? -1 : 0;  // how many parameters a function has that is not there
+    const int m_missing = m_isControl ? -1 : 0;  // the number of parameters of a function that does not exist
     const std::wstring m_sample =
         Script(L"function Main ( text, url ) {\r\n  return text + '|' + url;\r\n}\r\nfunction None() {}\r\n",
                L"Function Main ( text, url )\r\n  Main = text & \"|\" & url\r\nEnd Function\r\n"
@@ -100,13 +100,14 @@ TEST_P(ScriptController, CountsParametersInItsOwnWay) {
     EXPECT_EQ(m_controller->GetParamCount(L"Main"), 2);
     EXPECT_EQ(m_controller->GetParamCount(L"None"), 0);
     EXPECT_EQ(m_controller->GetParamCount(L"main"), m_missing);
-    // One asks the engine, which has all code; the other one reads the lines of what came last.
+    // The Script Control asks the engine, which has all code; the other host reads the lines of the last
+    // code.
     ASSERT_EQ(m_controller->AddCode(Script(L"// function Main(a)", L"' Function Main(a)")), 1);
     EXPECT_EQ(m_controller->GetParamCount(L"Main"), m_isControl ? 2 : 1);
     EXPECT_THAT(m_boxes.texts, IsEmpty());
 }
 
-TEST_P(ScriptController, TellsWhereTheScriptIsWrong) {
+TEST_P(ScriptController, ReportsWhereTheScriptIsWrong) {
     ASSERT_EQ(m_controller->AddCode(m_sample), 1);
     const std::wstring wrong =
         Script(L"function A() {\n}\nfunction B({\n", L"Function A\nEnd Function\nFunction B( = 3\n");
@@ -115,18 +116,18 @@ TEST_P(ScriptController, TellsWhereTheScriptIsWrong) {
     EXPECT_EQ(error.line, 3);
     EXPECT_GT(error.column, 10);
     EXPECT_THAT(error.source, testing::HasSubstr(m_language));
-    if (m_isJScript) {  // of VBScript not every engine has texts and lines to tell
+    if (m_isJScript) {  // not every VBScript engine reports the text
         EXPECT_EQ(error.text, L"function B({");
     }
     EXPECT_THAT(m_boxes.texts, testing::ElementsAre(testing::AllOf(
                                    testing::StartsWith(L"Error Source: " + error.source + L"\r\n"),
                                    testing::HasSubstr(L"\r\nError on Line: 3\r\n"))));
-    EXPECT_EQ(m_controller->GetParamCount(L"Main"), 2) << "code that was refused changes nothing";
+    EXPECT_EQ(m_controller->GetParamCount(L"Main"), 2) << "refused code changes nothing";
     EXPECT_EQ(m_controller->AddCode(Script(L"\r\nmissing();", L"\r\nErr.Raise 5")), 0);
-    EXPECT_EQ(LastError().line, 2) << "what stands outside functions runs at once";
+    EXPECT_EQ(LastError().line, 2) << "code outside functions runs at once";
 }
 
-TEST_P(ScriptController, TellsWhatFailedInARun) {
+TEST_P(ScriptController, ReportsWhatFailedInARun) {
     ASSERT_EQ(m_controller->AddCode(Script(L"function F() {\n  throw new Error('own text');\n}",
                                            L"Function F\n  Err.Raise 5, \"own source\", \"own text\"\n"
                                            L"End Function")),
@@ -136,7 +137,8 @@ TEST_P(ScriptController, TellsWhatFailedInARun) {
     EXPECT_EQ(LastError().line, 2);
     ASSERT_EQ(m_boxes.texts.size(), 1U);
     EXPECT_THAT(m_boxes.texts[0], testing::HasSubstr(L"own text"));
-    // No script ran, so the control's error object is still about the last one. The box is not.
+    // No script ran, so the control's error object still has the error of the last one. The box does not show
+    // it.
     EXPECT_EQ(Run(L"Missing", {}), std::pair(0, Texts()));
     ASSERT_EQ(m_boxes.texts.size(), m_isControl ? 2U : 1U);
     EXPECT_EQ(m_boxes.texts.back().find(L"own text") == std::wstring::npos, m_isControl);
@@ -147,7 +149,7 @@ TEST_P(ScriptController, AnotherLanguageIsAnotherEngine) {
     EXPECT_EQ(m_controller->SetLanguage(m_language), 1);
     EXPECT_EQ(Run(L"None", {}).first, 1) << "the same language leaves the engine alone";
     EXPECT_EQ(m_controller->Reset(), 1);
-    EXPECT_TRUE(m_isControl || Run(L"None", {}).first == 1) << "one of them discards nothing";
+    EXPECT_TRUE(m_isControl || Run(L"None", {}).first == 1) << "the Active Scripting host discards nothing";
     EXPECT_EQ(m_controller->SetLanguage(m_other), 1);
     EXPECT_EQ(m_controller->GetLanguage(), m_other);
     EXPECT_EQ(m_controller->GetParamCount(L"Main"), m_missing);

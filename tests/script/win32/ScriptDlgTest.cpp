@@ -40,7 +40,7 @@ protected:
     void Notify(int id, UINT code) const {
         dialog.SendMessage(WM_COMMAND, MAKEWPARAM(id, code), reinterpret_cast<LPARAM>(Item(id)));
     }
-    // As a user types: what is there goes, and the box tells of the change.
+    // As a user types: replaces the whole script, and the box reports the change.
     void Type(const std::wstring& text) const {
         CEdit box(Item(IDC_SCRIPT_TEXT));
         box.SendMessage(EM_SETSEL, 0, -1);
@@ -117,21 +117,22 @@ TEST_F(ScriptDlg, InsertsAFunctionAtTheSelection) {
     EXPECT_TRUE(IsModified());
 }
 
-TEST_F(ScriptDlg, TellsWhereTheCaretIs) {
+TEST_F(ScriptDlg, ShowsWhereTheCaretIs) {
     Open(L"one\r\n\ttwo\r\nthree");
     dialog.ShowWindow(SW_SHOW);
     CEdit box(Item(IDC_SCRIPT_TEXT));
     box.SetFocus();
     const struct {
+        const char* label;
         DWORD start, end;
         const wchar_t* text;
-    } cases[] = {{3, 3, L"Ln 1, Col 3"},
-                 {16, 16, L"Ln 3, Col 6"},
-                 {6, 1, L"Ln 1, Col 2"}};  // selected backwards: the caret's line, the selection's end
+    } cases[] = {{"end of the first line", 3, 3, L"Ln 1, Col 3"},
+                 {"end of the script", 16, 16, L"Ln 3, Col 6"},
+                 {"backwards: the caret's line, the selection's end", 6, 1, L"Ln 1, Col 2"}};
     for (const auto& item : cases) {
         box.SetSel(item.start, item.end);
         Send(box.m_hWnd, WM_KEYDOWN, VK_SHIFT);
-        EXPECT_EQ(Text(IDC_SCRIPT_CARET), item.text);
+        EXPECT_EQ(Text(IDC_SCRIPT_CARET), item.text) << item.label;
     }
     const LRESULT point = box.SendMessage(EM_POSFROMCHAR, 12);
     EXPECT_TRUE(Send(box.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, point));
@@ -180,11 +181,14 @@ TEST_F(ScriptDlg, KeysOfItsOwn) {
 
 TEST_F(ScriptDlg, EscapeAsksForChanges) {
     const struct {
+        const char* label;
         const wchar_t* typed;
         int answer;
         INT_PTR result;
-    } cases[] = {{nullptr, IDCANCEL, IDCANCEL}, {L"1", IDYES, IDOK}, {L"1", IDNO, IDCANCEL}};
+    } cases[] = {
+        {"no change", nullptr, IDCANCEL, IDCANCEL}, {"Yes", L"1", IDYES, IDOK}, {"No", L"1", IDNO, IDCANCEL}};
     for (const auto& item : cases) {
+        SCOPED_TRACE(item.label);
         const MessageRecorder boxes(item.answer);
         const DialogSteps steps({[&](HWND) {
             if (item.typed != nullptr) {
@@ -221,19 +225,24 @@ TEST_F(ScriptDlg, TemplatesMakeScripts) {
     doubleClick(IDOK);
     EXPECT_NE(Script().find(L"return Main2 ( result, url ) "), std::wstring::npos)
         << "the second one is added";
+}
 
-    // Only what replaces the script asks first; Yes goes on also when saving is cancelled.
+TEST_F(ScriptDlg, AsksBeforeItReplacesAScript) {
+    Open(L"");
+    Select(IDC_SCRIPT_TEMPLATES, L"Left_String");
+    // Yes goes on even when saving is cancelled. Adding a template replaces nothing.
     const struct {
+        const char* label;
         int button, answer;
         bool asks, saves, goesOn, staysModified;
-    } cases[] = {{IDC_SCRIPT_NEW, IDYES, true, true, true, false},
-                 {IDC_SCRIPT_NEW, IDNO, true, false, true, false},
-                 {IDC_SCRIPT_NEW, IDCANCEL, true, false, false, true},
-                 {IDC_SCRIPT_NEW_FROM_TEMPLATE, IDYES, true, true, true, false},
-                 {IDC_SCRIPT_NEW_FROM_TEMPLATE, IDCANCEL, true, false, false, true},
-                 {IDC_SCRIPT_ADD_TEMPLATE, IDCANCEL, false, false, true, false}};
+    } cases[] = {{"New, Yes", IDC_SCRIPT_NEW, IDYES, true, true, true, false},
+                 {"New, No", IDC_SCRIPT_NEW, IDNO, true, false, true, false},
+                 {"New, Cancel", IDC_SCRIPT_NEW, IDCANCEL, true, false, false, true},
+                 {"New Script, Yes", IDC_SCRIPT_NEW_FROM_TEMPLATE, IDYES, true, true, true, false},
+                 {"New Script, Cancel", IDC_SCRIPT_NEW_FROM_TEMPLATE, IDCANCEL, true, false, false, true},
+                 {"Add To Script", IDC_SCRIPT_ADD_TEMPLATE, IDCANCEL, false, false, true, false}};
     for (const auto& item : cases) {
-        SCOPED_TRACE(testing::Message() << item.button << ", answer " << item.answer);
+        SCOPED_TRACE(item.label);
         Type(L"// typed");
         const DialogSteps steps({[](HWND function) { Press(function, IDOK); }});
         {
@@ -252,28 +261,33 @@ TEST_F(ScriptDlg, TemplatesMakeScripts) {
     EXPECT_FALSE(IsModified());
 }
 
-// Refused scripts raise, which the run under a debugger cannot do with: a suite of its own.
+// Refused scripts throw, which stops the run under a debugger, so they have a suite of their own.
 using ScriptDlgRefusing = ScriptDlg;
 
 TEST_F(ScriptDlgRefusing, ParseIsContentWithEveryEngine) {
     Open(L"function Main() {}");
     const struct {
+        const char* label;
         const wchar_t* script;
-        bool hasEngine, isRefused;
-    } cases[] = {{L"function Main() {}", true, false}, {L"(", true, true}, {L"code", false, false}};
+        bool hasEngine;
+        std::size_t parseBoxes, okBoxes;  // OK has no box of its own
+    } cases[] = {{"right", L"function Main() {}", true, 1, 0},
+                 {"refused", L"(", true, 2, 1},
+                 {"without an engine", L"code", false, 0, 0}};
     for (const auto& item : cases) {
+        SCOPED_TRACE(item.label);
         Type(item.script);
         dialog.hasEngine = item.hasEngine;
         MessageRecorder boxes;
         Click(IDC_SCRIPT_PARSE);
         EXPECT_EQ(std::ranges::count(boxes.texts, L"The script parsed successfully"), item.hasEngine ? 1 : 0);
-        EXPECT_EQ(boxes.texts.size(), (item.hasEngine ? 1U : 0U) + (item.isRefused ? 1U : 0U));
+        EXPECT_EQ(boxes.texts.size(), item.parseBoxes);
         boxes.texts.clear();
         dialog.m_strScript = dialog.m_strLanguage = L"before";
         Click(IDOK);
         EXPECT_EQ(dialog.m_strScript, item.hasEngine ? item.script : L"before");
         EXPECT_EQ(dialog.m_strLanguage, L"JScript");
-        EXPECT_EQ(boxes.texts.size(), item.isRefused ? 1U : 0U) << "OK says nothing of its own";
+        EXPECT_EQ(boxes.texts.size(), item.okBoxes);
     }
 }
 
@@ -281,18 +295,20 @@ TEST_F(ScriptDlgRefusing, RunTestShowsTheResultsOfMain) {
     Open(L"");
     SetDlgItemTextW(dialog.m_hWnd, IDC_SCRIPT_TEST_TEXT, L"sample");
     const struct {
+        const char* label;
         int language;
         const wchar_t* script;
         const wchar_t* shown;
         std::size_t boxes;
     } cases[] = {
-        {0, L"function Main(text, url) { return text + '|' + url; }", L"sample|", 0},
-        {0, L"function Main(text) { return arguments.length; }", L"1", 0},
-        {1, L"Function Main(text)\nMain = Array(text, \"\", 2)\nEnd Function", L"sample\r\n2", 0},
-        {0, L"function Main(text) { throw 1; }", L"", 1},
-        {0, L"(", L"", 2},  // the code is refused, and runs all the same
+        {"text and URL", 0, L"function Main(text, url) { return text + '|' + url; }", L"sample|", 0},
+        {"text alone", 0, L"function Main(text) { return arguments.length; }", L"1", 0},
+        {"array", 1, L"Function Main(text)\nMain = Array(text, \"\", 2)\nEnd Function", L"sample\r\n2", 0},
+        {"error", 0, L"function Main(text) { throw 1; }", L"", 1},
+        {"refused, runs all the same", 0, L"(", L"", 2},
     };
     for (const auto& item : cases) {
+        SCOPED_TRACE(item.label);
         SetLanguage(item.language);
         Type(item.script);
         const MessageRecorder boxes;
