@@ -13,6 +13,7 @@
 #include "core/platform/FileSystem.h"
 #include "core/platform/Platform.h"
 
+class CLaunchClaim;
 class CSCVShchedulerTaskArray;
 
 // Starts what the user wants to have started when a launch fails.
@@ -40,19 +41,12 @@ struct Context {
     std::ostream& out;  // UTF-8
     std::ostream& err;
     std::size_t width;  // columns of the terminal
-    // Claims the launching of this list's tasks for this process. Returns a sentence that says who has it
-    // already, else an empty text. A process that has it may ask again, to learn of a window that was opened.
-    std::function<std::string()> tryClaimLaunching;
-    // The same for editing the list.
-    std::function<std::string()> tryClaimEditing;
-    // Moves a list of an earlier version to where the list is, unless there is one.
+    // Makes the folder of the list and moves a list of an earlier version to where the list is, unless there
+    // is one.
     std::function<void()> settleList;
     // The files, not folders, that match a pattern (* and ? in the name) as full paths, in the order of their
     // names.
     std::function<std::vector<std::wstring>(const std::wstring& pattern)> findFiles;
-    // Changes whenever the file is written or replaced; empty while there is none. Costs no reading of the
-    // file.
-    std::function<std::string(const std::wstring& file)> fileStamp;
     IFailureCommand& failureCommand;
     // True as soon as the user wants to end, false after the time.
     std::function<bool(unsigned ms)> waitForStop;
@@ -78,6 +72,7 @@ struct Job {
     const Arguments& arguments;
     const Context& context;
     CSCVShchedulerTaskArray& tasks;
+    CLaunchClaim& claim;       // of the list; taken for Claim::List
     std::int64_t now;          // --at, or the time of the call
     const std::string& input;  // what import reads, else empty
 };

@@ -37,10 +37,9 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, CLau
 
 int RunPass(const Job& job) {
     const Context& context = job.context;
-    CLaunchClaim claim(context.platform.files, context.list);
     std::string stopped;
     CChangeReport report;
-    const bool isFine = LaunchDueTasks(job.tasks, context, claim, stopped, [&](const PassRun& run) {
+    const bool isFine = LaunchDueTasks(job.tasks, context, job.claim, stopped, [&](const PassRun& run) {
         if (job.arguments.json) {
             report.Add(kLaunched, run.task);
         } else {

@@ -2,10 +2,12 @@
 
 #include "cli/commands/Edit.h"
 #include "cli/commands/Exchange.h"
+#include "cli/commands/Keepers.h"
 #include "cli/commands/Looks.h"
 #include "cli/commands/Passes.h"
 #include "cli/commands/Watch.h"
 #include "cli/report/Refusal.h"
+#include "core/launch/LaunchClaim.h"
 #include "core/platform/Clock.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 
@@ -32,13 +34,13 @@ constexpr Subcommand kSubcommands[] = {
     {.name = "pass",
      .help = "Launch what is due now, once",
      .example = "",
-     .claim = Claim::Launching,
+     .claim = Claim::List,
      .handler = RunPass},
     {.name = "watch",
      .help = "Launch what is due, every two seconds until Ctrl+C",
      .example = "--on-failure C:\\tools\\mail.cmd",
      .takes = Takes::Command,
-     .claim = Claim::Launching,
+     .claim = Claim::Watch,
      .handler = Watch},
     {.name = "add",
      .help =
@@ -47,7 +49,7 @@ constexpr Subcommand kSubcommands[] = {
      .example =
          R"(C:\projects\prices.scvpr --start 2026-11-23T08:00 --days mon,thu --every 2h --until 18:00)",
      .takes = Takes::NewTask,
-     .claim = Claim::Editing,
+     .claim = Claim::List,
      .makesList = true,
      .canTry = true,
      .handler = AddProjects},
@@ -55,35 +57,35 @@ constexpr Subcommand kSubcommands[] = {
      .help = "Change listed tasks; what is not named stays",
      .example = R"(C:\projects\prices.scvpr C:\projects\news.scvpr --no-every --add-urls more.csv)",
      .takes = Takes::Changes,
-     .claim = Claim::Editing,
+     .claim = Claim::List,
      .canTry = true,
      .handler = SetTasks},
     {.name = "enable",
      .help = "Let listed tasks run when they are due",
      .example = R"(C:\projects\prices.scvpr)",
      .takes = Takes::Projects,
-     .claim = Claim::Editing,
+     .claim = Claim::List,
      .canTry = true,
      .handler = EnableTasks},
     {.name = "disable",
      .help = "Keep listed tasks from running",
      .example = R"(C:\projects\prices.scvpr)",
      .takes = Takes::Projects,
-     .claim = Claim::Editing,
+     .claim = Claim::List,
      .canTry = true,
      .handler = DisableTasks},
     {.name = "remove",
      .help = "Take tasks out of the list",
      .example = R"(C:\projects\prices.scvpr)",
      .takes = Takes::Projects,
-     .claim = Claim::Editing,
+     .claim = Claim::List,
      .canTry = true,
      .handler = RemoveTasks},
     {.name = "run",
      .help = "Run listed projects now, due or not, and note when and how it went",
      .example = R"(C:\projects\prices.scvpr C:\projects\news.scvpr)",
      .takes = Takes::Projects,
-     .claim = Claim::Launching,
+     .claim = Claim::List,
      .canTry = true,
      .handler = RunProjects},
     {.name = "export",
@@ -97,28 +99,28 @@ constexpr Subcommand kSubcommands[] = {
          "add makes of it",
      .example = "tasks.json --replace",
      .takes = Takes::InFile,
-     .claim = Claim::Editing,
+     .claim = Claim::List,
      .makesList = true,
      .canTry = true,
      .handler = ImportList},
 };
 
 // Throws CRefusal when somebody else uses the tasks, or when no change could be recorded.
-void ClaimAndSettleList(Claim claim, const Context& context) {
-    std::string why;
-    if (claim == Claim::Launching) {
-        why = context.tryClaimLaunching();
-    } else if (claim == Claim::Editing) {
-        why = context.tryClaimEditing();
-        if (why.empty()) {
-            context.settleList();
-        }
+void ClaimAndSettleList(const Subcommand& subcommand, const Context& context, CLaunchClaim& claim) {
+    if (subcommand.claim == Claim::None) {
+        return;
     }
-    if (why.empty() && claim != Claim::None && context.platform.files.IsReadOnly(context.list)) {
-        why = Join("the task list ", context.list, " is read-only, so nothing could be recorded");
+    RequireUnkept(context, CListKeeper::Kind::Window);
+    RequireUnkept(context, CListKeeper::Kind::Watch);
+    context.settleList();
+    if (subcommand.claim == Claim::List && !claim.TryTake()) {
+        throw CRefusal(Join("another program launches or edits the tasks of ", context.list,
+                            " right now; try again when it has finished"),
+                       kFindings);
     }
-    if (!why.empty()) {
-        throw CRefusal(why, kFindings);
+    if (context.platform.files.IsReadOnly(context.list)) {
+        throw CRefusal(Join("the task list ", context.list, " is read-only, so nothing could be recorded"),
+                       kFindings);
     }
 }
 
@@ -152,13 +154,14 @@ int RunSubcommand(const Arguments& arguments, const Context& context) {
         // Before anything is claimed: the input may be what another scvsched is about to export.
         const std::string input =
             subcommand.takes == Takes::InFile ? ReadImport(arguments.file, context) : std::string();
+        CLaunchClaim claim(context.platform.files, context.list);
         if (!arguments.dryRun) {
-            ClaimAndSettleList(subcommand.claim, context);
+            ClaimAndSettleList(subcommand, context, claim);
         }
         CSCVShchedulerTaskArray tasks;
         LoadList(subcommand, context, tasks);
         const std::int64_t now = arguments.at.value_or(context.platform.clock.Now());
-        return subcommand.handler({arguments, context, tasks, now, input});
+        return subcommand.handler({arguments, context, tasks, claim, now, input});
     } catch (const CRefusal& refusal) {
         context.Complain(refusal.what());
         return refusal.Code();

@@ -4,7 +4,9 @@
 #include <exception>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <optional>
 
+#include "cli/commands/Keepers.h"
 #include "cli/commands/Passes.h"
 #include "cli/report/ChangeReport.h"
 #include "cli/report/Refusal.h"
@@ -43,8 +45,9 @@ public:
         : m_context(job.context),
           m_arguments(job.arguments),
           m_tasks(job.tasks),
-          m_claim(job.context.platform.files, job.context.list),
-          m_stamp(job.context.fileStamp(job.context.list)) {}
+          m_claim(job.claim),
+          m_keeper(job.context.platform.files, job.context.list, CListKeeper::Kind::Watch),
+          m_stamp(Stamp()) {}
 
     // Says which list it is, and what comes next.
     void Announce(const char* what) const;
@@ -56,7 +59,12 @@ private:
         std::wstring result;
     };
 
+    [[nodiscard]] std::optional<FileStamp> Stamp() const {
+        return m_context.platform.files.Stamp(m_context.list);
+    }
     void Follow();
+    // Until the file has these runs the claim is kept, and no other scheduler of the list launches anything.
+    void SaveUnsavedRuns();
     void Launched(const PassRun& run);
     void ComplainOnce(const std::string& complaint);
     // Puts back what only this process knows after the list was read again.
@@ -68,10 +76,11 @@ private:
     const Context& m_context;
     const Arguments& m_arguments;
     CSCVShchedulerTaskArray& m_tasks;
-    CLaunchClaim m_claim;
-    std::string m_stamp;  // of the file when it was read
+    CLaunchClaim& m_claim;
+    CListKeeper m_keeper;
+    std::optional<FileStamp> m_stamp;  // of the file when it was read; nothing while there is none
     bool m_isThere = true;
-    std::string m_ownStamp;                        // of the file as the last pass has saved it
+    std::optional<FileStamp> m_ownStamp;           // of the file as this process has saved it last
     std::map<std::wstring, UnsavedRun> m_unsaved;  // by project: runs that the file does not have
     std::string m_complaint;
     std::string m_stopped;
@@ -86,8 +95,13 @@ void CWatch::Announce(const char* what) const {
 }
 
 void CWatch::Tick() {
+    RequireUnkept(m_context, CListKeeper::Kind::Window);
+    if (!m_keeper.TryKeep()) {
+        RefuseKept(m_context, CListKeeper::Kind::Watch);
+    }
     Follow();
     if (m_isThere) {
+        SaveUnsavedRuns();
         (void)LaunchDueTasks(m_tasks, m_context, m_claim, m_stopped,
                              [this](const PassRun& run) { Launched(run); });
     }
@@ -97,7 +111,7 @@ void CWatch::Tick() {
 }
 
 void CWatch::Follow() {
-    const std::string stamp = m_context.fileStamp(m_context.list);
+    const std::optional<FileStamp> stamp = Stamp();
     if (stamp == m_stamp) {
         return;
     }
@@ -131,13 +145,28 @@ void CWatch::Follow() {
 }
 
 void CWatch::RestoreRuns() {
-    for (const auto& [project, run] : m_unsaved) {
+    std::erase_if(m_unsaved, [this](const auto& unsaved) {
+        const auto& [project, run] = unsaved;
         const std::ptrdiff_t place = m_tasks.FindTask(project);
-        if (place >= 0 && m_tasks[place]->m_tLastRunTime < run.time) {
-            m_tasks[place]->m_tLastRunTime = run.time;
-            m_tasks[place]->m_strLastRunResult = run.result;
+        if (place < 0 || m_tasks[place]->m_tLastRunTime >= run.time) {
+            return true;
         }
-    }
+        m_tasks[place]->m_tLastRunTime = run.time;
+        m_tasks[place]->m_strLastRunResult = run.result;
+        m_tasks[place]->m_bIsRunUnsaved = true;
+        return false;
+    });
+}
+
+void CWatch::SaveUnsavedRuns() {
+    std::erase_if(m_unsaved, [this](const auto& unsaved) {
+        const std::ptrdiff_t place = m_tasks.FindTask(unsaved.first);
+        const bool isSaved = place < 0 || m_tasks.TrySaveRun(m_context.platform.files, *m_tasks[place]);
+        if (isSaved) {
+            m_ownStamp = Stamp();
+        }
+        return isSaved;
+    });
 }
 
 void CWatch::RestoreApostrophes(const std::map<std::wstring, std::wstring>& commandLines) {
@@ -157,7 +186,7 @@ void CWatch::Launched(const PassRun& run) {
                           : LaunchAsText(task))
                   << std::endl;
     if (run.isSaved) {
-        m_ownStamp = m_context.fileStamp(m_context.list);
+        m_ownStamp = Stamp();
         m_unsaved.erase(task.m_strProjectPath);
     } else {
         m_unsaved[task.m_strProjectPath] = {task.m_tLastRunTime, task.m_strLastRunResult};
@@ -184,9 +213,6 @@ int Watch(const Job& job) {
     CWatch watch(job);
     watch.Announce("Watching ");
     do {
-        if (const std::string why = job.context.tryClaimLaunching(); !why.empty()) {
-            throw CRefusal(why, kFindings);
-        }
         watch.Tick();
     } while (!job.context.waitForStop(kTickMilliseconds));
     return kFine;

@@ -6,9 +6,9 @@ struct Job;
 
 // What a subcommand claims for as long as it works.
 enum class Claim : std::uint8_t {
-    None,  // it only reads
-    Launching,
-    Editing,
+    None,   // it only reads
+    List,   // nobody else launches or edits the list's tasks until it ends
+    Watch,  // the same, taken from one pass to the next by the handler
 };
 
 // A group of options that a subcommand takes.

@@ -37,14 +37,3 @@ std::vector<std::wstring> FindFiles(const std::wstring& pattern) {
     });
     return files;
 }
-
-std::string StampOf(const std::wstring& file) {
-    WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &data) == FALSE) {
-        return {};
-    }
-    return std::to_string(data.ftLastWriteTime.dwHighDateTime) + ' ' +
-           std::to_string(data.ftLastWriteTime.dwLowDateTime) + ' ' +
-           std::to_string(data.ftCreationTime.dwHighDateTime) + ' ' +
-           std::to_string(data.ftCreationTime.dwLowDateTime) + ' ' + std::to_string(data.nFileSizeLow);
-}

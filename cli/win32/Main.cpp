@@ -11,7 +11,6 @@
 #include "cli/win32/Console.h"
 #include "cli/win32/FailureCommand.h"
 #include "cli/win32/Files.h"
-#include "cli/win32/Instances.h"
 #include "core/list/TaskListPath.h"
 #include "core/platform/Clock.h"
 #include "core/platform/LocalTime.h"
@@ -65,7 +64,6 @@ int Run(int argc, wchar_t** argv) {
     CSystemClock clock;
     CWindowsFileSystem files;
     CWindowsShell shell;
-    CInstances instances;
     CFailureCommand failureCommand;
     const auto settleList = [&] {
         if (arguments.list.empty()) {
@@ -78,11 +76,8 @@ int Run(int argc, wchar_t** argv) {
                                      .out = std::cout,
                                      .err = std::cerr,
                                      .width = CConsole::Width(),
-                                     .tryClaimLaunching = [&] { return instances.TryClaimLaunching(); },
-                                     .tryClaimEditing = [&] { return instances.TryClaimEditing(); },
                                      .settleList = settleList,
                                      .findFiles = FindFiles,
-                                     .fileStamp = StampOf,
                                      .failureCommand = failureCommand,
                                      .waitForStop = CConsole::WaitForStop});
 }

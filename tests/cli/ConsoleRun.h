@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -66,6 +67,13 @@ protected:
         return RunSubcommand(*parsed.arguments, context);
     }
 
+    // Another program has a lock file of the list, such as ".window", until the result is destroyed.
+    [[nodiscard]] std::unique_ptr<IFileSystem::IFile> Lock(const std::wstring& ending) {
+        std::unique_ptr<IFileSystem::IFile> lock;
+        EXPECT_TRUE(files.CreateLock(kList + ending, lock));
+        return lock;
+    }
+
     const std::wstring kList = L"C:\\l.ini";
     FakeClock clock{FromLocalTime(2024, 6, 3, 10, 0, 0)};  // a Monday
     CFakeFileSystem files;
@@ -73,7 +81,6 @@ protected:
     const CPlatform platform{clock, files, shell};
     std::istringstream in;
     std::ostringstream out, err;
-    std::string whyNotLaunch, whyNotEdit;
     int settled = 0;                                          // how often the list was moved to its place
     std::map<std::wstring, std::vector<std::wstring>> found;  // what patterns of files match
     CFakeFailureCommand failureCommand;
@@ -85,16 +92,8 @@ protected:
                           .out = out,
                           .err = err,
                           .width = 80,
-                          .tryClaimLaunching = [this] { return whyNotLaunch; },
-                          .tryClaimEditing = [this] { return whyNotEdit; },
                           .settleList = [this] { ++settled; },
                           .findFiles = [this](const std::wstring& pattern) { return found[pattern]; },
-                          .fileStamp =
-                              [this](const std::wstring& file) {
-                                  return files.Has(file)
-                                             ? std::to_string(files.Replacements()) + files.Bytes(file)
-                                             : std::string();
-                              },
                           .failureCommand = failureCommand,
                           .waitForStop =
                               [this](unsigned milliseconds) {

@@ -59,12 +59,13 @@ public:
         return file != m_files.end() ? std::optional(FileStamp{file->second.number}) : std::nullopt;
     }
     [[nodiscard]] FileResult Read(const std::wstring& path, std::string& bytes) override {
-        const Status status = Answer(path);
+        const Status status = m_locks.contains(path) ? Status::Busy : Answer(path);
         // When opening fails the caller's bytes are unchanged; when reading fails they hold half of the file.
         if (status != Status::Busy && Has(path)) {
             bytes = Bytes(path).substr(0, status == Status::Ok ? std::string::npos : Bytes(path).size() / 2);
         }
-        return Result(Has(path) || status == Status::Failed ? status : Status::Missing, path);
+        const bool isThere = Has(path) || m_locks.contains(path);
+        return Result(isThere || status == Status::Failed ? status : Status::Missing, path);
     }
     [[nodiscard]] FileResult CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override {
         const Status status = m_locks.contains(path) ? Status::Busy : Answer(path);

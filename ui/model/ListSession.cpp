@@ -41,9 +41,13 @@ void Join(CSCVShchedulerTaskArray& tasks, const CSCVShchedulerTaskArray& added) 
 }  // namespace
 
 CListSession::CListSession(const CPlatform& platform, std::wstring file)
-    : m_platform(platform), m_strFile(std::move(file)), m_claim(platform.files, m_strFile) {}
+    : m_platform(platform),
+      m_strFile(std::move(file)),
+      m_claim(platform.files, m_strFile),
+      m_keeper(platform.files, m_strFile, CListKeeper::Kind::Window) {}
 
 void CListSession::Load() {
+    (void)m_keeper.TryKeep();
     Read(m_platform.files, false);
 }
 
@@ -90,6 +94,8 @@ void CListSession::Close(IFileSystem& files) {
 }
 
 bool CListSession::OnTick(bool mayReplaceTasks) {
+    // Another window had it, and may have ended since.
+    (void)m_keeper.TryKeep();
     return !m_bLaunching && m_retry.IsTryDue() && TryPending(m_platform.files, mayReplaceTasks);
 }
 

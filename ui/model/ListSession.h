@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/launch/LaunchClaim.h"
+#include "core/launch/ListKeeper.h"
 #include "core/list/RetryTicks.h"
 #include "core/platform/Platform.h"
 #include "core/task/SCVShchedulerTaskArray.h"
@@ -18,7 +19,8 @@
 // be read or saved stays pending, and OnTick tries again. All calls but Close rely on files that do not wait.
 class CListSession {
 public:
-    // What `platform` refers to outlives the session. `file` is the task list file.
+    // What `platform` refers to outlives the session. `file` is the task list file; from Load on the session
+    // keeps it as a window does (CListKeeper).
     CListSession(const CPlatform& platform, std::wstring file);
 
     [[nodiscard]] CSCVShchedulerTaskArray& Tasks() noexcept { return m_tasks; }
@@ -68,6 +70,7 @@ private:
     std::optional<CSCVShchedulerTaskArray> m_beforeEditing;
     CPassRecord m_passRecord;
     CLaunchClaim m_claim;
+    CListKeeper m_keeper;
     bool m_bWasRead = false;  // the tasks come from the file, or there was none
     bool m_bReadPending = false;
     FileResult m_readFailure;  // of the last reading that failed

@@ -170,7 +170,8 @@ TEST_F(Edit, AddTakesFilesAndWarnsOfMissingOnes) {
 TEST_F(Edit, DryRunsIgnoreClaimsAndChangeNothing) {
     ASSERT_EQ(Run("add a.scvpr"), kFine);
     const std::string before = files.Bytes(kList);
-    whyNotLaunch = whyNotEdit = "in use";
+    const auto window = Lock(L".window");
+    const auto claim = Lock(L".launch");
     in.str(R"({"tasks": [{"project": "C:\\i.scvpr"}]})");
     for (const char* line : {"add c.scvpr", "set a.scvpr --monthly", "disable a.scvpr", "remove a.scvpr",
                              "run a.scvpr", "import"}) {
@@ -195,41 +196,76 @@ TEST_F(Edit, MissingListsAreMadeByAddAndImportOnly) {
     }
 }
 
-TEST_F(Edit, EachSubcommandMakesItsOwnClaim) {
+TEST_F(Edit, ListsInUseAreOnlyRead) {
+    const char* const kWindow =
+        "the window program keeps C:\\l.ini and launches its tasks; end it with its Exit "
+        "button first";
+    const char* const kWatch = "another scvsched watches C:\\l.ini; end it with Ctrl+C first";
+    const char* const kLaunch =
+        "another program launches or edits the tasks of C:\\l.ini right now; try again when it has finished";
     const struct {
         const char* line;
-        const char* claim;
+        std::vector<const wchar_t*> respected;  // locks of others
     } table[] = {
-        {"list", ""},
-        {"next", ""},
-        {"check", ""},
-        {"export", ""},
-        {"pass", "launching"},
-        {"watch", "launching"},
-        {"run a.scvpr", "launching"},
-        {"add b.scvpr", "editing"},
-        {"set a.scvpr --exit", "editing"},
-        {"enable a.scvpr", "editing"},
-        {"disable a.scvpr", "editing"},
-        {"remove a.scvpr", "editing"},
-        {"import", "editing"},
+        {"list", {}},
+        {"next", {}},
+        {"check", {}},
+        {"export", {}},
+        {"pass", {L".window", L".watch", L".launch"}},
+        {"watch", {L".window", L".watch"}},
+        {"run a.scvpr", {L".window", L".watch", L".launch"}},
+        {"add b.scvpr", {L".window", L".watch", L".launch"}},
+        {"set a.scvpr --no-exit", {L".window", L".watch", L".launch"}},
+        {"enable a.scvpr", {L".window", L".watch", L".launch"}},
+        {"disable a.scvpr", {L".window", L".watch", L".launch"}},
+        {"remove a.scvpr", {L".window", L".watch", L".launch"}},
+        {"import", {L".window", L".watch", L".launch"}},
     };
     ASSERT_EQ(Run("add a.scvpr"), kFine);
     const std::string before = files.Bytes(kList);
-    whyNotLaunch = "launching";
-    whyNotEdit = "editing";
-    settled = 0;
+    const std::pair<const wchar_t*, const char*> locks[] = {
+        {L".window", kWindow}, {L".watch", kWatch}, {L".launch", kLaunch}};
     for (const auto& row : table) {
-        in.clear();
-        in.str("{\"tasks\": []}");
-        const bool isRefused = *row.claim != '\0';
-        Run(row.line);
-        EXPECT_EQ(err.str(), isRefused ? std::string("scvsched: ") + row.claim + "\n" : "") << row.line;
-        EXPECT_EQ(files.Bytes(kList), before) << row.line;
-        EXPECT_EQ(settled, 0) << row.line << ": an older list is moved only for who may edit";
+        for (const auto& [ending, told] : locks) {
+            const auto lock = Lock(ending);
+            in.clear();
+            in.str("{\"tasks\": []}");
+            ticks = 1;
+            const bool isRefused =
+                std::find(row.respected.begin(), row.respected.end(), ending) != row.respected.end();
+            EXPECT_EQ(Run(row.line), isRefused ? kFindings : kFine) << row.line;
+            EXPECT_EQ(err.str(), isRefused ? std::string("scvsched: ") + told + "\n" : "") << row.line;
+            EXPECT_EQ(files.Bytes(kList), before) << row.line;
+        }
     }
     EXPECT_LE(in.rdbuf()->in_avail(), 0) << "import reads its input before it claims anything";
     EXPECT_TRUE(shell.starts.empty());
+}
+
+TEST_F(Edit, ClaimsAreOnOneListAndEnd) {
+    std::unique_ptr<IFileSystem::IFile> other;
+    ASSERT_TRUE(files.CreateLock(L"C:\\other.ini.window", other));
+    for (const wchar_t* ending : {L".window", L".watch", L".launch"}) {
+        (void)Lock(ending);
+        EXPECT_EQ(Run("add a.scvpr"), kFine) << ToUtf8(ending) << err.str();
+        EXPECT_EQ(Run("remove a.scvpr"), kFine) << ToUtf8(ending) << err.str();
+    }
+    // One that was left by a power cut, and a folder that takes no files.
+    files.Put(kList + L".window", "");
+    EXPECT_EQ(Run("add a.scvpr"), kFine) << err.str();
+    files.PutFolder(kList + L".launch");
+    EXPECT_EQ(Run("add b.scvpr"), kFine) << err.str();
+}
+
+TEST_F(Edit, RunHasTheClaimWhileItLaunches) {
+    ASSERT_EQ(Run("add a.scvpr"), kFine);
+    bool isTaken = false;
+    shell.whileOpening = [&] {
+        std::unique_ptr<IFileSystem::IFile> lock;
+        isTaken = files.CreateLock(kList + L".launch", lock) == FileResult::Status::Busy;
+    };
+    EXPECT_EQ(Run("run a.scvpr"), kFine) << err.str();
+    EXPECT_TRUE(isTaken);
 }
 
 TEST_F(Edit, FilesThatAreNoListAreNotWritten) {
@@ -253,7 +289,7 @@ TEST_F(Edit, UnwritableListsAreExportedAndNotChanged) {
     const std::string before = files.Bytes(kList);
     for (const char* line :
          {"add b.scvpr", "set a.scvpr --no-exit", "disable a.scvpr", "remove a.scvpr", "run a.scvpr"}) {
-        files.FailCalls(files.Calls() + 3, CFakeFileSystem::kForever);  // not IsReadOnly and the first read
+        files.FailCalls(files.Calls() + 6, CFakeFileSystem::kForever);  // those before the lock
         EXPECT_EQ(Run(line), kFindings) << line;
         EXPECT_THAT(err.str(), HasSubstr("could not be saved: Access denied: C:\\l.ini.lock\n")) << line;
         files.FailCalls(CFakeFileSystem::kForever, CFakeFileSystem::kForever);

@@ -32,7 +32,8 @@ TEST_F(Passes, PassLaunchesOnceAndWatchGoesOn) {
               "Watching C:\\l.ini: 2 tasks, the next run is 2024-06-03 10:05:00  C:\\later.scvpr\n"
               "2024-06-03 10:05:00  C:\\later.scvpr  Success\n");
     ticks = 200;
-    onTick = [this] { whyNotLaunch = "the window program runs"; };
+    std::unique_ptr<IFileSystem::IFile> window;
+    onTick = [&] { window = Lock(L".window"); };
     EXPECT_EQ(Run("watch"), kFindings) << "it gives way to a window that is opened meanwhile";
     EXPECT_EQ(ticks, 199);
 }
@@ -59,11 +60,6 @@ TEST_F(Passes, UnwritableOrUsedListsAreNotLaunched) {
     files.SetReadOnly(kList);
     EXPECT_EQ(Run("pass"), kFindings);
     EXPECT_NE(err.str().find("read-only"), std::string::npos);
-    whyNotLaunch = "the window program runs";
-    for (const char* command : {"pass", "watch"}) {
-        EXPECT_EQ(Run(command), kFindings);
-        EXPECT_EQ(err.str(), "scvsched: the window program runs\n");
-    }
     EXPECT_EQ(shell.starts.size(), 1U) << "only the one of a list that seemed writable";
     EXPECT_EQ(Run("list"), kFine) << "looking is allowed";
 
@@ -101,6 +97,44 @@ TEST_F(Passes, WatchRemembersRunsItCouldNotSave) {
     onTick = [this] { files.Put(kList, files.Bytes(kList) + "; touched\n"); };
     EXPECT_EQ(Run("watch"), kFine);
     EXPECT_EQ(shell.starts.size(), 1U) << "read again, the list still says that it never ran";
+}
+
+TEST_F(Passes, WatchSavesARunLaterAndFreesTheClaim) {
+    files.SetCapacity(0);
+    ticks = 4;
+    std::string claimed;
+    onTick = [&] {
+        std::unique_ptr<IFileSystem::IFile> lock;
+        claimed += files.CreateLock(kList + L".launch", lock) ? "free " : "taken ";
+        if (ticks == 4) {
+            files.Put(kList, files.Bytes(kList) + "; touched\n");
+        } else if (ticks == 3) {
+            files.SetCapacity(CFakeFileSystem::kForever);
+        }
+    };
+    EXPECT_EQ(Run("watch"), kFine);
+    EXPECT_EQ(claimed, "taken taken free free ");
+    EXPECT_EQ(Run("list due*"), kFine);
+    EXPECT_NE(out.str().find("2024-06-03 10:00\t-\tSuccess"), std::string::npos) << out.str();
+}
+
+TEST_F(Passes, WatchWaitsForTheClaimOfAPass) {
+    auto pass = Lock(L".launch");
+    ticks = 3;
+    onTick = [&] { pass.reset(); };
+    EXPECT_EQ(Run("watch"), kFine);
+    EXPECT_EQ(shell.starts.size(), 1U) << err.str();
+    EXPECT_NE(err.str().find("what is due is left to the next pass"), std::string::npos) << err.str();
+}
+
+TEST_F(Passes, OneWatchKeepsAList) {
+    ticks = 2;
+    onTick = [this] {
+        std::unique_ptr<IFileSystem::IFile> lock;
+        EXPECT_FALSE(files.CreateLock(kList + L".watch", lock));
+    };
+    EXPECT_EQ(Run("watch"), kFine);
+    (void)Lock(L".watch");
 }
 
 TEST_F(Passes, WatchKeepsApostrophesOverItsOwnSaves) {

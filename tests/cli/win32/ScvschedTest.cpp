@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "cli/report/Refusal.h"
+#include "core/launch/ListKeeper.h"
+#include "core/platform/win32/WindowsFileSystem.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
 #include "util/Utf8.h"
@@ -91,23 +93,56 @@ TEST_F(Scvsched, EditsMadeAtOnceAreAllKept) {
     EXPECT_EQ(nlohmann::json::parse(Run(L"export").out)["tasks"].size(), 1U + 3U * consoles.size());
 }
 
-TEST_F(Scvsched, ClaimsOfOthersAreRespected) {
+// Ends with its object, as a program that is killed.
+class Watch {
+public:
+    explicit Watch(const std::wstring& list)
+        : m_process(StartChild(
+              L"\"" + (fs::path(GetModulePath()).parent_path() / kScvsched).make_preferred().wstring() +
+                  L"\" --list \"" + list + L"\" watch",
+              CREATE_NO_WINDOW)) {
+        CWindowsFileSystem files;
+        while (!CListKeeper::IsKept(files, list, CListKeeper::Kind::Watch) &&
+               WaitForSingleObject(m_process.Get(), 1) == WAIT_TIMEOUT) {
+        }
+    }
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+    ~Watch() {
+        TerminateProcess(m_process.Get(), 0);
+        WaitForSingleObject(m_process.Get(), INFINITE);
+    }
+
+private:
+    CKernelHandle m_process;
+};
+
+TEST_F(Scvsched, OthersRespectWhoKeepsAList) {
     const std::wstring remove = L"remove C:\\none\\a.scvpr";
-    {
-        const CKernelHandle event(CreateEventW(nullptr, TRUE, FALSE, L"SCVSchedulerApp"));
+    const auto expectKept = [&](const char* who) {
         for (const std::wstring& words : {std::wstring(L"pass"), std::wstring(L"watch"), remove}) {
             const ChildResult refused = Run(words);
-            EXPECT_EQ(refused.exitCode, kFindings);
-            EXPECT_NE(refused.err.find("window program is running"), std::string::npos) << refused.err;
+            EXPECT_EQ(refused.exitCode, kFindings) << ToUtf8(words);
+            EXPECT_NE(refused.err.find(who), std::string::npos) << refused.err;
+            EXPECT_EQ(refused.out, "") << "the due task was not launched";
         }
-        EXPECT_EQ(Run(L"list").exitCode, kFine);
+        EXPECT_EQ(Run(L"list").exitCode, kFine) << who;
+        const ChildResult other =
+            RunChild(kScvsched, L"--list \"" + m_folder.Path(L"other.ini") + L"\" add C:\\none\\" +
+                                    FromUtf8(who).substr(0, 1) + L".scvpr");
+        EXPECT_EQ(other.exitCode, kFine) << other.err;
+    };
+    {
+        CWindowsFileSystem files;
+        CListKeeper window(files, m_list, CListKeeper::Kind::Window);
+        EXPECT_TRUE(window.TryKeep());
+        expectKept("window program keeps");
     }
-    const CKernelHandle claim(CreateMutexW(nullptr, FALSE, L"SCVSchedulerConsole"));
-    for (const std::wstring& words : {std::wstring(L"pass"), remove}) {
-        const ChildResult refused = Run(words);
-        EXPECT_NE(refused.err.find("another scvsched"), std::string::npos) << refused.err;
-        EXPECT_EQ(refused.out, "") << "the due task was not launched";
+    {
+        const Watch watch(m_list);
+        expectKept("another scvsched watches");
     }
+    EXPECT_EQ(Run(remove).exitCode, kFine) << "its process was killed";
 }
 
 }  // namespace

@@ -69,6 +69,18 @@ private:
     }
 };
 
+TEST_F(ListSession, MarksItsListAsKept) {
+    Start({L"C:\\a.scvpr"});
+    EXPECT_TRUE(CListKeeper::IsKept(files, kList, CListKeeper::Kind::Window));
+    EXPECT_FALSE(CListKeeper::IsKept(files, L"C:\\other.ini", CListKeeper::Kind::Window));
+    CListSession second({clock, files, shell}, kList);
+    second.Load();
+    session.reset();
+    EXPECT_FALSE(CListKeeper::IsKept(files, kList, CListKeeper::Kind::Window)) << "released with its program";
+    second.OnTick(true);
+    EXPECT_TRUE(CListKeeper::IsKept(files, kList, CListKeeper::Kind::Window)) << "by a further instance";
+}
+
 TEST_F(ListSession, CancelWithTheListHeldTakesEditsBack) {
     Start({L"a.scvpr"});
     session->BeginEditing();
