@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 
 #include "cli/commands/TaskSelection.h"
 #include "cli/report/ChangeReport.h"
@@ -10,6 +11,7 @@
 #include "core/list/Storable.h"
 #include "core/platform/Clock.h"
 #include "core/platform/Shell.h"
+#include "core/schedule/ScheduleText.h"
 #include "core/task/NewProject.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "core/task/TaskDays.h"
@@ -62,7 +64,7 @@ void AddProject(const std::wstring& path, const Job& job, CSCVShchedulerTaskArra
     }
     changes.ApplyTo(task, job.now);
     RequireKept(task);
-    report.Add("added", task);
+    report.Add(kAdded, task);
 }
 
 // The projects to add: a pattern stands for the files that match it.
@@ -80,6 +82,18 @@ std::vector<std::wstring> NewProjects(const Job& job) {
         projects.insert(projects.end(), found.begin(), found.end());
     }
     return projects;
+}
+
+// Warns of what may surprise in the schedules that were made. `check` reports those that cannot be computed.
+void WarnOfSchedules(const Job& job, const CChangeReport& report) {
+    for (const CSCVShchedulerTask* task : report.ChangedTasks()) {
+        try {
+            for (const std::string& warning : ScheduleWarnings(*task, job.now)) {
+                job.context.Warn(task->m_strProjectPath, ": ", warning);
+            }
+        } catch (const std::invalid_argument&) {
+        }
+    }
 }
 
 // Calls `change` with each task that the command line names; it returns whether the task is another one now.
@@ -128,6 +142,9 @@ void EditList(const Job& job,
         throw CRefusal(Join("the task list could not be saved: ", context.Reason(saved)), kFindings);
     }
     write();
+    if (arguments.changes.ChangesSchedule()) {
+        WarnOfSchedules(job, report);
+    }
 }
 
 int AddProjects(const Job& job) {
@@ -147,7 +164,7 @@ int AddProjects(const Job& job) {
 
 int SetTasks(const Job& job) {
     const TaskChanges& changes = job.arguments.changes;
-    return ChangeNamed(job, "set", [&](CSCVShchedulerTask& task) {
+    return ChangeNamed(job, kSet, [&](CSCVShchedulerTask& task) {
         const TaskRecord before(task);
         changes.ApplyTo(task, job.now);
         if (changes.ChangesCommands()) {

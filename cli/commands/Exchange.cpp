@@ -105,7 +105,7 @@ void ImportOne(const Json& json, const std::string& where, const Job& job, CSCVS
     }
     CSCVShchedulerTask& task = *tasks[tasks.InsertTask(place, project, job.now)];
     ImportTask(json, where, task);
-    report.Add(isListed ? "replaced" : "added", task);
+    report.Add(isListed ? kReplaced : kAdded, task);
 }
 
 }  // namespace

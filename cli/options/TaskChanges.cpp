@@ -32,9 +32,12 @@ bool TaskChanges::ChangesCommands() const {
     return !commands.empty() || noExportFile || elementName || elementId;
 }
 
+bool TaskChanges::ChangesSchedule() const {
+    return start || days || monthly || every || until || resetLastRun;
+}
+
 bool TaskChanges::IsEmpty() const {
-    return !start && !days && !monthly && !every && !until && !ChangesCommands() && !disabled &&
-           !resetLastRun;
+    return !ChangesSchedule() && !ChangesCommands() && !disabled;
 }
 
 bool TaskChanges::SwitchesACommandOn() const {

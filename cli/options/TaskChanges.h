@@ -35,6 +35,7 @@ struct TaskChanges {
 
     [[nodiscard]] bool IsEmpty() const;
     [[nodiscard]] bool ChangesCommands() const;
+    [[nodiscard]] bool ChangesSchedule() const;
     [[nodiscard]] bool SwitchesACommandOn() const;
 
     // Throws CRefusal, with the task half changed, when the task would not do what is asked for.

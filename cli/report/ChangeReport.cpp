@@ -15,7 +15,7 @@ std::string LaunchAsText(const CSCVShchedulerTask& task) {
                 task.m_strLastRunResult);
 }
 
-Json ChangeAsJson(std::string_view change, CSCVShchedulerTask& task, std::int64_t now) {
+Json ChangeAsJson(std::string_view change, const CSCVShchedulerTask& task, std::int64_t now) {
     Json json;
     json["change"] = change;
     json["task"] = TaskAsJson(ReportTask(task, now, 1), false);
@@ -66,9 +66,14 @@ std::string CChangeReport::Write(const std::wstring& list, std::int64_t now, boo
     const char* const before = isTry ? "would be " : "";
     for (const Change& change : m_changes) {
         const std::wstring& project = change.task == nullptr ? change.project : change.task->m_strProjectPath;
-        text += change.name == kLaunched && !isTry ? LaunchAsText(*change.task)
-                                                   : Join(before, change.name, "  ", project);
-        text += '\n';
+        if (change.name == kLaunched && !isTry) {
+            text += LaunchAsText(*change.task) + '\n';
+            continue;
+        }
+        // What the task is now says when it runs; on and off, and what it was, do not.
+        const bool isMade = change.name == kAdded || change.name == kReplaced || change.name == kSet;
+        text += Join(before, change.name, "  ", project, isMade ? "  " : "",
+                     isMade ? ReportTask(*change.task, now, 0).schedule : std::string(), "\n");
     }
     for (const CSCVShchedulerTask* task : m_unchanged) {
         text += Join("unchanged  ", task->m_strProjectPath, "\n");

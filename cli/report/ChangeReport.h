@@ -10,13 +10,16 @@
 
 class CSCVShchedulerTask;
 
-// Change name under which a launch is reported.
+// Names of changes: a launch, and those that make a schedule, which the report shows in words.
 inline constexpr std::string_view kLaunched = "run";
+inline constexpr std::string_view kAdded = "added";
+inline constexpr std::string_view kReplaced = "replaced";
+inline constexpr std::string_view kSet = "set";
 
 // One launch as a line for people: when, what and with which result.
 [[nodiscard]] std::string LaunchAsText(const CSCVShchedulerTask& task);
 // {"change": ..., "task": {...}}
-[[nodiscard]] Json ChangeAsJson(std::string_view change, CSCVShchedulerTask& task, std::int64_t now);
+[[nodiscard]] Json ChangeAsJson(std::string_view change, const CSCVShchedulerTask& task, std::int64_t now);
 
 // What a subcommand has done to tasks, one entry a task.
 class CChangeReport {

@@ -65,6 +65,7 @@ Json TaskAsJson(const TaskReport& report, bool runs) {
     json["lastRunResult"] = ToUtf8(task.m_strLastRunResult);
     json["repeat"] = RepeatAsJson(task);
     json["repeat"]["every"]["unit"] = task.m_nEveryUnit;
+    json["schedule"] = report.schedule;
     AddTime(json, "nextRun", report.NextRun());
     if (runs) {
         json["runs"] = report.runs;

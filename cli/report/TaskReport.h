@@ -10,13 +10,15 @@ class CSCVShchedulerTask;
 struct TaskReport {
     const CSCVShchedulerTask* task;
     std::vector<std::int64_t> runs;  // empty when there is none or the task is disabled
-    std::string error;               // why the runs could not be computed
+    std::string schedule;            // in words; empty when it cannot be computed
+    std::string error;               // why it cannot be computed, and the runs neither
 
     [[nodiscard]] std::int64_t NextRun() const { return runs.empty() ? 0 : runs.front(); }
 };
 
-[[nodiscard]] TaskReport ReportTask(CSCVShchedulerTask& task, std::int64_t now, int count);
+// A task with its next `count` runs seen from `now`.
+[[nodiscard]] TaskReport ReportTask(const CSCVShchedulerTask& task, std::int64_t now, int count);
 
-// Each task with its next `count` runs seen from `now`.
+// The same for each of many tasks.
 [[nodiscard]] std::vector<TaskReport> ReportTasks(const std::vector<CSCVShchedulerTask*>& tasks,
                                                   std::int64_t now, int count);

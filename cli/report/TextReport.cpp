@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t kEnabledColumns = 4;
 constexpr std::size_t kTimeColumns = 16;
 constexpr std::size_t kGap = 2;
-constexpr std::size_t kTimesColumns = kTimeColumns + kGap + kTimeColumns;
+constexpr std::size_t kTimesColumns = kTimeColumns + kGap + 18;  // "Next run, schedule"
 constexpr std::size_t kFewestPathColumns = 20;
 
 bool IsLowSurrogate(wchar_t unit) {
@@ -45,6 +45,21 @@ std::vector<std::wstring> Wrap(const std::wstring& text, std::size_t columns) {
         }
         lines.back() += unit < L' ' ? L' ' : unit;
         used += Columns(unit);
+    }
+    return lines;
+}
+
+// As Wrap, for words: breaks at blanks.
+std::vector<std::wstring> WrapWords(const std::string& text, std::size_t columns) {
+    std::vector<std::wstring> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        std::size_t end = text.size();
+        if (end - at > columns) {
+            const std::size_t blank = text.rfind(' ', at + columns);
+            end = blank == std::string::npos || blank <= at ? at + columns : blank;
+        }
+        lines.push_back(FromUtf8(text.substr(at, end - at)));
+        at = end + (end < text.size() && text[end] == ' ' ? 1 : 0);
     }
     return lines;
 }
@@ -91,7 +106,8 @@ std::string TasksAsText(const std::vector<TaskReport>& reports, std::size_t widt
     pathColumns = std::min(pathColumns, most);
 
     std::string text;
-    AppendRow(text, "On", {L"Project, section"}, {Times("Last run, result", "Next run")}, pathColumns);
+    AppendRow(text, "On", {L"Project, section"}, {Times("Last run, result", "Next run, schedule")},
+              pathColumns);
     for (const TaskReport& report : reports) {
         const CSCVShchedulerTask& task = *report.task;
         std::vector<std::wstring> left = Wrap(task.m_strProjectPath, pathColumns);
@@ -100,6 +116,9 @@ std::string TasksAsText(const std::vector<TaskReport>& reports, std::size_t widt
         }
         std::vector<std::wstring> right = {Times(FormatMinute(task.m_tLastRunTime), NextText(report))};
         for (std::wstring& line : Wrap(task.m_strLastRunResult, kTimesColumns)) {
+            right.push_back(std::move(line));
+        }
+        for (std::wstring& line : WrapWords(report.schedule, kTimesColumns)) {
             right.push_back(std::move(line));
         }
         AppendRow(text, task.m_bEnable != 0 ? "yes" : "no", left, right, pathColumns);
@@ -113,15 +132,15 @@ std::string TasksAsLines(const std::vector<TaskReport>& reports) {
         const CSCVShchedulerTask& task = *report.task;
         text += Join(FormatMinute(task.m_tLastRunTime), "\t", NextText(report), "\t",
                      task.m_strLastRunResult.empty() ? L"-" : task.m_strLastRunResult, "\t",
-                     task.m_strProjectPath, "\n");
+                     task.m_strProjectPath, "\t", report.schedule, "\n");
     }
     return text;
 }
 
 std::string TasksAsCsv(const std::vector<TaskReport>& reports) {
     std::string text(kCsvStart);
-    AppendCsvRow(text,
-                 {"Enabled", "Project", "Last run", "Last result", "Next run", "Command line", "Section"});
+    AppendCsvRow(text, {"Enabled", "Project", "Last run", "Last result", "Next run", "Command line",
+                        "Section", "Schedule"});
     const auto time = [](std::int64_t instant) {
         return instant == 0 ? std::string() : FormatSecond(instant);
     };
@@ -129,7 +148,7 @@ std::string TasksAsCsv(const std::vector<TaskReport>& reports) {
         const CSCVShchedulerTask& task = *report.task;
         AppendCsvRow(text, {task.m_bEnable != 0 ? "yes" : "no", Join(task.m_strProjectPath),
                             time(task.m_tLastRunTime), Join(task.m_strLastRunResult), time(report.NextRun()),
-                            Join(task.BuildCommandLine()), Join(task.m_strIniSection)});
+                            Join(task.BuildCommandLine()), Join(task.m_strIniSection), report.schedule});
     }
     return text;
 }
@@ -153,14 +172,15 @@ std::string NextRunsAsText(const std::vector<TaskReport>& reports) {
     std::string text;
     for (const TaskReport& report : reports) {
         const std::string path = ToUtf8(report.task->m_strProjectPath);
+        const std::string words = report.schedule.empty() ? std::string() : "  " + report.schedule;
         for (const std::int64_t run : report.runs) {
-            text += FormatSecond(run) + "  " + path + '\n';
+            text += Join(FormatSecond(run), "  ", path, run == report.NextRun() ? words : "", "\n");
         }
         if (!report.error.empty()) {
-            text += "cannot be computed   " + path + " (" + report.error + ")\n";
+            text += Join("cannot be computed   ", path, " (", report.error, ")\n");
         } else if (report.runs.empty()) {
-            text += (report.task->m_bEnable != 0 ? "never                " : "disabled             ") + path +
-                    '\n';
+            text += Join(report.task->m_bEnable != 0 ? "never                " : "disabled             ",
+                         path, words, "\n");
         }
     }
     return text;

@@ -117,8 +117,9 @@ std::vector<ClockChange> ChangesThatMatter(const CSCVShchedulerTask& task, std::
 }
 
 // ", only on 23 Nov 2026; ends for good", "; ends for good on ..." or nothing.
-std::string EndInWords(const CSCVShchedulerTask& task, std::int64_t now) {
-    const std::optional<std::int64_t> last = LastRunForGood(task, now, ChangesThatMatter(task, now));
+std::string EndInWords(const CSCVShchedulerTask& task, std::int64_t now,
+                       const std::vector<ClockChange>& changes) {
+    const std::optional<std::int64_t> last = LastRunForGood(task, now, changes);
     if (!last) {
         return {};
     }
@@ -187,6 +188,11 @@ std::vector<std::string> ScheduleWarnings(const CSCVShchedulerTask& task, std::i
 }
 
 std::string ScheduleInWords(const CSCVShchedulerTask& task, std::int64_t now) {
+    return ScheduleInWords(task, now, ChangesThatMatter(task, now));
+}
+
+std::string ScheduleInWords(const CSCVShchedulerTask& task, std::int64_t now,
+                            const std::vector<ClockChange>& changes) {
     const bool isMonthly = task.m_bRepeatOnMonthly != 0;
     const std::string time = TimeInWords(ToLocalTime(task.m_tStartTime));
     std::string repeats = RepeatsInWords(task, time);
@@ -198,7 +204,7 @@ std::string ScheduleInWords(const CSCVShchedulerTask& task, std::int64_t now) {
         repeats +=
             (repeats.empty() ? "on day 1 of each month at " : " and on day 1 of each month at ") + time;
     }
-    const std::string end = EndInWords(task, now);
+    const std::string end = EndInWords(task, now, changes);
     const bool isFirstAhead = task.m_tStartTime > now && !end.starts_with(',');
     return (isFirstAhead ? "first on " + At(task.m_tStartTime) + ", then " : "") + repeats + end;
 }

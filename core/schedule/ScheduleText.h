@@ -33,6 +33,9 @@ class CSCVShchedulerTask;
 //   "on Mon and Thu at 08:00 and on day 1 of each month at 08:00"
 //   "first on 23 Nov 2026 at 08:00, then every day from 00:00 until 18:00, every 2 hours"
 [[nodiscard]] std::string ScheduleInWords(const CSCVShchedulerTask& task, std::int64_t now);
+// The same for many tasks. `changes` are those of ClockChangesOfYear(now).
+[[nodiscard]] std::string ScheduleInWords(const CSCVShchedulerTask& task, std::int64_t now,
+                                          const std::vector<ClockChange>& changes);
 
 // "Mon 2026-11-23 18:00", in local time; "-" for 0.
 [[nodiscard]] std::string FormatWithWeekday(std::int64_t instant);

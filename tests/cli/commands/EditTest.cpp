@@ -93,12 +93,15 @@ TEST_F(Edit, ChangesAreReported) {
         int exitCode;
         const char* told;
     } table[] = {
-        {"add a.scvpr b.oslpr", kFine, "added  C:\\w\\a.scvpr\nadded  C:\\w\\b.oslpr\n"},
+        {"add a.scvpr b.oslpr", kFine,
+         "added  C:\\w\\a.scvpr  once, on 3 Jun 2024 at 10:05\nadded  C:\\w\\b.oslpr  once, on 3 Jun 2024 at "
+         "10:05\n"},
         {"disable a.scvpr", kFine, "disabled  C:\\w\\a.scvpr\n"},
         {"disable a.scvpr b.oslpr", kFine, "disabled  C:\\w\\b.oslpr\nunchanged  C:\\w\\a.scvpr\n"},
         {"enable *.oslpr --dry-run", kFine, "would be enabled  C:\\w\\b.oslpr\n"},
         {"enable B.oslpr", kFine, "enabled  C:\\w\\b.oslpr\n"},
-        {"set b.oslpr --monthly", kFine, "set  C:\\w\\b.oslpr\n"},
+        {"set b.oslpr --monthly", kFine,
+         "set  C:\\w\\b.oslpr  first on 3 Jun 2024 at 10:05, then on day 1 of each month at 10:05\n"},
         {"set b.oslpr --monthly", kFine, "unchanged  C:\\w\\b.oslpr\n"},
         {"run *", kFine,  // disabled or not
          "2024-06-03 10:00:00  C:\\w\\a.scvpr  Success\n2024-06-03 10:00:00  C:\\w\\b.oslpr  Success\n"},
@@ -163,8 +166,29 @@ TEST_F(Edit, AddTakesFilesAndWarnsOfMissingOnes) {
     EXPECT_EQ(Run("add *.scvpr b.oslpr --dry-run"), kFine) << err.str();
     EXPECT_FALSE(files.Has(kList));
     EXPECT_EQ(Run("add *.scvpr b.oslpr"), kFine) << err.str();
-    EXPECT_EQ(out.str(), "added  C:\\w\\a.scvpr\nadded  C:\\w\\c.scvpr\nadded  C:\\w\\b.oslpr\n");
+    EXPECT_EQ(out.str(),
+              "added  C:\\w\\a.scvpr  once, on 3 Jun 2024 at 10:05\nadded  C:\\w\\c.scvpr  once, on 3 Jun "
+              "2024 at 10:05\nadded  C:\\w\\b.oslpr  once, on 3 Jun 2024 at 10:05\n");
     EXPECT_EQ(err.str(), "scvsched: warning: C:\\w\\b.oslpr does not exist; the task fails until it does\n");
+}
+
+TEST_F(Edit, SurprisingSchedulesAreWarnedOf) {
+    const std::string start = "scvsched: warning: C:\\w\\a.scvpr: ";
+    const std::pair<const char*, std::string> table[] = {
+        {"add a.scvpr --start 2024-06-03T12:00 --every 1h --until 18:00 --dry-run",
+         start + "ends for good on 2024-06-03 with the run of 18:00\n"},
+        {"add a.scvpr --start 2024-06-03T12:00 --every 1h --until 18:00",
+         start + "ends for good on 2024-06-03 with the run of 18:00\n"},
+        {"set a.scvpr --no-exit", ""},  // the schedule is what it was
+        {"set a.scvpr --days mon,tue", start + "with days ticked, Every begins at 00:00\n"},
+        {"set a.scvpr --no-days --until 23:59", ""},  // around the clock
+        {"set a.scvpr --no-every --days mon", ""},
+    };
+    for (const auto& [line, warning] : table) {
+        EXPECT_EQ(Run(line), kFine) << line;
+        EXPECT_EQ(err.str(), warning) << line;
+    }
+    EXPECT_EQ(out.str(), "set  C:\\w\\a.scvpr  first on 3 Jun 2024 at 12:00, then on Mon at 12:00\n");
 }
 
 TEST_F(Edit, DryRunsIgnoreClaimsAndChangeNothing) {

@@ -51,20 +51,23 @@ protected:
 
 TEST_F(Looks, ListsFailedAndNamedTasksALineEach) {
     const std::string daily =
-        "2024-06-03 10:00\t2024-06-04 09:30\tFailure: File does not exist\tC:\\p\\daily.scvpr\n";
+        "2024-06-03 10:00\t2024-06-04 09:30\tFailure: File does not exist\tC:\\p\\daily.scvpr\tevery day at "
+        "09:30\n";
     EXPECT_EQ(Run("list --failed"), kFindings);
     EXPECT_EQ(out.str(), daily);
     EXPECT_EQ(Run("list news* daily*"), kFine);
-    EXPECT_EQ(out.str(), daily + "-\t2024-06-04 09:30\t-\tC:\\p\\news.scvpr\n");
+    EXPECT_EQ(out.str(), daily +
+                             "-\t2024-06-04 09:30\t-\tC:\\p\\news.scvpr\tfirst on 4 Jun 2024 at 09:30, then "
+                             "on Tue at 09:30\n");
     EXPECT_EQ(Run("list --failed news*"), kFine) << "nothing failed there";
     EXPECT_EQ(out.str(), "");
     EXPECT_EQ(Run("list nothing*"), kUsage);
     EXPECT_EQ(Run("list --csv a*"), kFine);
     EXPECT_EQ(out.str(),
               "\xEF\xBB\xBF"
-              "Enabled,Project,Last run,Last result,Next run,Command line,Section\r\n"
+              "Enabled,Project,Last run,Last result,Next run,Command line,Section,Schedule\r\n"
               "no,\"C:\\p\\a,b.scvpr\",,,,\"\"\"C:\\p\\a,b.scvpr\"\" -dt -dr -s -qe -ex\","
-              "SCVShchedulerTask3\r\n");
+              "SCVShchedulerTask3,\"once, on 4 Jun 2024 at 08:00\"\r\n");
 }
 
 TEST_F(Looks, NextRunsStandInOrderOfTime) {
@@ -82,7 +85,9 @@ TEST_F(Looks, NextRunsStandInOrderOfTime) {
         {"next news* --from 2024-06-05 --to 2024-06-19",
          "2024-06-11 09:30:00  C:\\p\\news.scvpr\n2024-06-18 09:30:00  C:\\p\\news.scvpr\n"},
         {"next news* --count 2",
-         "2024-06-04 09:30:00  C:\\p\\news.scvpr\n2024-06-11 09:30:00  C:\\p\\news.scvpr\n"},
+         "2024-06-04 09:30:00  C:\\p\\news.scvpr  first on 4 Jun 2024 at 09:30, then on Tue at 09:30\n"
+         "2024-06-11 09:30:00  C:\\p\\news.scvpr\n"},
+        {"next a*", "disabled             C:\\p\\a,b.scvpr  once, on 4 Jun 2024 at 08:00\n"},
         {"next --csv --to 2024-06-04T09:30 news*",
          "\xEF\xBB\xBFRun,Project\r\n2024-06-04 09:30:00,C:\\p\\news.scvpr\r\n"},
         {"next --csv a*", "\xEF\xBB\xBFRun,Project\r\n,\"C:\\p\\a,b.scvpr\"\r\n"},

@@ -34,6 +34,7 @@ TEST_F(Reports, TableFitsItsWidthAndLosesNothing) {
     const std::string text = TasksAsText(ReportTasks(All(), now, 1), 80);
     EXPECT_NE(text.find("yes C:\\p\\a.scvpr"), std::string::npos) << text;
     EXPECT_NE(text.find("2024-06-03 09:00  2024-06-05 09:00\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("  on Mon and Wen at 09:00\n"), std::string::npos) << text;
     std::size_t ideographs = 0;
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) {
@@ -48,7 +49,8 @@ TEST_F(Reports, TableFitsItsWidthAndLosesNothing) {
     EXPECT_EQ(ideographs, 120U);
 
     EXPECT_EQ(NextRunsAsText(ReportTasks({tasks[0]}, now, 2)),
-              "2024-06-05 09:00:00  C:\\p\\a.scvpr\n2024-06-10 09:00:00  C:\\p\\a.scvpr\n");
+              "2024-06-05 09:00:00  C:\\p\\a.scvpr  on Mon and Wen at 09:00\n2024-06-10 09:00:00  "
+              "C:\\p\\a.scvpr\n");
     EXPECT_EQ(NextRunsAsText(ReportTasks({tasks[1]}, now, 2)).substr(0, 9), "disabled ");
     tasks[0]->m_tLastRunTime = std::int64_t{1} << 60;
     EXPECT_NE(TasksAsText(ReportTasks(All(), now, 1), 80).find("cannot be computed"), std::string::npos);
@@ -60,7 +62,7 @@ TEST_F(Reports, JsonHasEveryFieldAndRunsWhenAsked) {
         "section": "SCVShchedulerTask1", "enabled": true, "project": "C:\\p\\a.scvpr",
         "commandLine": "\"C:\\p\\a.scvpr\" -dt -s", "lastRunResult": "Failure: File does not exist",
         "commands": {"delete-urls": true, "start-project": true},
-        "startTimeLocal": "2024-06-03T09:00:00", "untilTimeLocal": "2024-06-03T23:59:59",
+        "schedule": "on Mon and Wen at 09:00", "startTimeLocal": "2024-06-03T09:00:00", "untilTimeLocal": "2024-06-03T23:59:59",
         "lastRunTimeLocal": "2024-06-03T09:00:00", "nextRunLocal": "2024-06-05T09:00:00",
         "runsLocal": ["2024-06-05T09:00:00", "2024-06-10T09:00:00"],
         "repeat": {"days": ["Mon", "Wen"], "weekdays": ["mon", "wed"], "monthly": false,
