@@ -431,7 +431,11 @@ Section /o "un.Task list and settings" UnList
     StrCpy $0 "$LOCALAPPDATA\SCVScheduler"
     Delete "$0\SCVScheduler.ini"
     Delete "$0\SCVScheduler.ini.tmp"
+    ; Locks that a power cut has left.
     Delete "$0\SCVScheduler.ini.lock"
+    Delete "$0\SCVScheduler.ini.launch"
+    Delete "$0\SCVScheduler.ini.window"
+    Delete "$0\SCVScheduler.ini.watch"
     RMDir "$0"
     ; Where old versions kept it, and where the program looks for it on its first start.
     Delete "$APPDATA\Scrivane\SCVScheduler.ini"

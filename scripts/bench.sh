@@ -35,6 +35,7 @@ wine_start x64 build/wine/bench >>build/bench.log 2>&1
 for program in build/windows-x64-release/bench/*.exe; do
     [ ! -f "$program" ] || run "$program" wine_run x64 "$program"
 done
+run scvsched bench/console.py
 
 [ "$ran" -gt 0 ] || fail "There is no benchmark."
 [ ${#failed[@]} -eq 0 ] || fail "Failed: ${failed[*]}"

@@ -1,7 +1,6 @@
 #include "cli/commands/Edit.h"
 
 #include <algorithm>
-#include <array>
 #include <stdexcept>
 
 #include "cli/commands/TaskSelection.h"
@@ -13,29 +12,11 @@
 #include "core/platform/Shell.h"
 #include "core/schedule/ScheduleText.h"
 #include "core/task/NewProject.h"
+#include "core/task/ProjectSet.h"
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "core/task/TaskDays.h"
 #include "util/Path.h"
 
 namespace {
-
-// Everything of a task that the list keeps, to be compared.
-struct TaskRecord {
-    std::wstring commandLine;
-    std::array<std::int64_t, 8> numbers;
-    std::array<std::int32_t, std::size(kTaskDays)> days{};
-    std::wstring lastRunResult;
-
-    explicit TaskRecord(const CSCVShchedulerTask& task)
-        : commandLine(task.BuildCommandLine()),
-          numbers{task.m_bEnable,      task.m_tStartTime,       task.m_tUntilTime,  task.m_tLastRunTime,
-                  task.m_bEnableEvery, task.m_bRepeatOnMonthly, task.m_nEveryValue, task.m_nEveryUnit},
-          lastRunResult(task.m_strLastRunResult) {
-        std::transform(std::begin(kTaskDays), std::end(kTaskDays), days.begin(),
-                       [&](const TaskDay& day) { return task.*day.flag; });
-    }
-    bool operator==(const TaskRecord&) const = default;
-};
 
 void RequireKept(const CSCVShchedulerTask& task) {
     std::string why = WhyNotStorable(task);
@@ -49,12 +30,12 @@ void RequireKept(const CSCVShchedulerTask& task) {
     }
 }
 
-void AddProject(const std::wstring& path, const Job& job, CSCVShchedulerTaskArray& tasks,
+void AddProject(const std::wstring& path, const Job& job, CSCVShchedulerTaskArray& tasks, CProjectSet& listed,
                 CChangeReport& report) {
     if (!IsProjectExtension(GetFileExtension(path))) {
         throw CRefusal(Join("the project ", path, " ends in neither .scvpr nor .oslpr"));
     }
-    if (tasks.FindTask(path) >= 0) {
+    if (!listed.Add(path)) {
         throw CRefusal(Join("the project ", path, " is in the list already; scvsched set changes it"));
     }
     const TaskChanges& changes = job.arguments.changes;
@@ -150,8 +131,9 @@ void EditList(const Job& job,
 int AddProjects(const Job& job) {
     const std::vector<std::wstring> projects = NewProjects(job);
     EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
+        CProjectSet listed(tasks);
         for (const std::wstring& path : projects) {
-            AddProject(path, job, tasks, report);
+            AddProject(path, job, tasks, listed, report);
         }
     });
     for (const std::wstring& path : projects) {
@@ -165,12 +147,12 @@ int AddProjects(const Job& job) {
 int SetTasks(const Job& job) {
     const TaskChanges& changes = job.arguments.changes;
     return ChangeNamed(job, kSet, [&](CSCVShchedulerTask& task) {
-        const TaskRecord before(task);
+        const TaskFields before = task;
         changes.ApplyTo(task, job.now);
         if (changes.ChangesCommands()) {
             RequireKept(task);
         }
-        return TaskRecord(task) != before;
+        return static_cast<const TaskFields&>(task) != before;
     });
 }
 

@@ -15,15 +15,15 @@ namespace {
 
 constexpr Subcommand kSubcommands[] = {
     {.name = "list",
-     .help = "Show every task with its last and next run; with --failed or projects, a line each with tabs: "
-             "last run, "
-             "next run, last result, project",
+     .help =
+         "Show every task with its last and next run and its schedule in words; with --failed or projects, "
+         "a line each with tabs: last run, next run, last result, project, schedule",
      .example = "--failed",
      .takes = Takes::Filter,
      .handler = ListTasks},
     {.name = "next",
      .help = "Show when each task runs next; or all runs in order of time; or how many start in which hour",
-     .example = "--from 2026-11-23 --to 2026-11-24 --csv",
+     .example = "--from 2030-03-04 --to 2030-03-05 --csv",
      .takes = Takes::NextRuns,
      .handler = ListNextRuns},
     {.name = "check",
@@ -46,8 +46,7 @@ constexpr Subcommand kSubcommands[] = {
      .help =
          "Add projects to the list. Without commands a task deletes its URLs and results, starts, exports "
          "its results and closes the program; the first run is five minutes from now",
-     .example =
-         R"(C:\projects\prices.scvpr --start 2026-11-23T08:00 --days mon,thu --every 2h --until 18:00)",
+     .example = R"(C:\projects\prices.scvpr --start 2030-03-04T08:00 --days mon,tue,wed,thu,fri)",
      .takes = Takes::NewTask,
      .claim = Claim::List,
      .makesList = true,

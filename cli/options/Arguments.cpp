@@ -67,6 +67,7 @@ private:
     void AddOptions(Takes takes, CLI::App& command);
     CLI::Option* AddPaths(CLI::App& command, const char* text);
     static void AddTime(CLI::App& command, const char* name, std::string& text, const char* help);
+    void AddOnFailure(CLI::App& command);
     void AddFilter(CLI::App& command);
     void AddNextRuns(CLI::App& command);
     [[nodiscard]] std::wstring Project(
@@ -126,11 +127,7 @@ void Parser::AddOptions(Takes takes, CLI::App& command) {
             AddTime(command, "--at", m_at, "Report as if it were this time");
             break;
         case Takes::Command:
-            command
-                .add_option("--on-failure", m_onFailure,
-                            "A command to start for each launch that fails, with the project in the variable "
-                            "SCV_PROJECT and the result in SCV_RESULT")
-                ->type_name("COMMAND");
+            AddOnFailure(command);
             break;
         case Takes::NewTask:
             AddPaths(command,
@@ -165,6 +162,14 @@ CLI::Option* Parser::AddPaths(CLI::App& command, const char* text) {
 
 void Parser::AddTime(CLI::App& command, const char* name, std::string& text, const char* help) {
     command.add_option(name, text, help)->check(CLI::Validator(RejectBadTime, ""))->type_name("TIME");
+}
+
+void Parser::AddOnFailure(CLI::App& command) {
+    command
+        .add_option("--on-failure", m_onFailure,
+                    "A command to start for each launch that fails, with the project in the variable "
+                    "SCV_PROJECT and the result in SCV_RESULT")
+        ->type_name("COMMAND");
 }
 
 void Parser::AddFilter(CLI::App& command) {

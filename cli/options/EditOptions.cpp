@@ -96,7 +96,10 @@ void CEditOptions::AddTo(CLI::App& command) {
         {"--start", "TIME", "The first run, and the time of day of weekly and monthly ones", m_start,
          WrongStart},
         {"--days", "DAYS", "The weekdays, such as mon,thu", m_days, WrongDays},
-        {"--every", "INTERVAL", "Again after so long, such as 90m or 2h", m_every, WrongEvery},
+        {"--every", "INTERVAL",
+         "Again after so long, such as 90m or 2h. Without --days it ends for good the first time that a run "
+         "would be later than --until; with --days it begins at 00:00 on each of them",
+         m_every, WrongEvery},
         {"--until", "HH:MM", "The time of day after which --every starts nothing, such as 18:00", m_until,
          WrongTimeOfDay},
     };

@@ -80,7 +80,11 @@ void TaskChanges::ApplyRepeat(CSCVShchedulerTask& task, std::int64_t now) const 
     }
     if (until) {
         Require(task.m_bEnableEvery != 0, "--until goes with a task that repeats --every so often");
-        task.m_tUntilTime = InstantAt(*until, now);
+        // Its date does not count, so that one with this time of day stays.
+        const LocalTime old = ToLocalTime(task.m_tUntilTime);
+        if (old.hour * 60 + old.minute != *until) {
+            task.m_tUntilTime = InstantAt(*until, now);
+        }
     }
 }
 

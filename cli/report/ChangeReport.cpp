@@ -53,7 +53,7 @@ Json CChangeReport::AsJson(const std::wstring& list, std::int64_t now, bool isTr
     }
     report["unchanged"] = Json::array();
     for (const CSCVShchedulerTask* task : m_unchanged) {
-        report["unchanged"].push_back(Join(task->m_strProjectPath));
+        report["unchanged"].push_back(task->m_strProjectPath);
     }
     return report;
 }

@@ -4,8 +4,24 @@
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 
+#include "util/Utf8.h"
+
 // Keys stand in the order in which they are set.
 using Json = nlohmann::ordered_json;
+
+// Where texts enter and leave JSON: UTF-16 outside, UTF-8 inside. Every source that puts one in includes
+// this, for without it the library takes a std::wstring for an array of numbers.
+template <>
+struct nlohmann::adl_serializer<std::wstring> {
+    template <typename AnyJson>
+    static void to_json(AnyJson& json, const std::wstring& text) {
+        json = ToUtf8(text);
+    }
+    template <typename AnyJson>
+    static void from_json(const AnyJson& json, std::wstring& text) {
+        text = FromUtf8(json.template get_ref<const std::string&>());
+    }
+};
 
 // Counts up when a key changes its meaning or goes; new keys leave it.
 inline constexpr int kJsonVersion = 1;

@@ -6,7 +6,6 @@
 
 #include "cli/report/Refusal.h"
 #include "core/schedule/TimeText.h"
-#include "util/Utf8.h"
 
 namespace {
 
@@ -66,7 +65,7 @@ std::optional<std::wstring> CJsonFields::Text(const char* key) const {
     if (!field->is_string()) {
         Refuse(Where(key), "a text");
     }
-    return FromUtf8(field->get_ref<const std::string&>());
+    return field->get<std::wstring>();
 }
 
 std::optional<std::int32_t> CJsonFields::Number(const char* key) const {

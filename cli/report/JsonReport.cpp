@@ -6,7 +6,6 @@
 #include "core/schedule/TimeText.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskDays.h"
-#include "util/Utf8.h"
 
 namespace {
 
@@ -54,15 +53,15 @@ Json RepeatAsJson(const CSCVShchedulerTask& task) {
 Json TaskAsJson(const TaskReport& report, bool runs) {
     const CSCVShchedulerTask& task = *report.task;
     Json json;
-    json["section"] = ToUtf8(task.m_strIniSection);
+    json["section"] = task.m_strIniSection;
     json["enabled"] = task.m_bEnable != 0;
-    json["project"] = ToUtf8(task.m_strProjectPath);
-    json["commandLine"] = ToUtf8(task.BuildCommandLine());
+    json["project"] = task.m_strProjectPath;
+    json["commandLine"] = task.BuildCommandLine();
     json["commands"] = CommandsAsJson(task);
     AddTime(json, "startTime", task.m_tStartTime);
     AddTime(json, "untilTime", task.m_tUntilTime);
     AddTime(json, "lastRunTime", task.m_tLastRunTime);
-    json["lastRunResult"] = ToUtf8(task.m_strLastRunResult);
+    json["lastRunResult"] = task.m_strLastRunResult;
     json["repeat"] = RepeatAsJson(task);
     json["repeat"]["every"]["unit"] = task.m_nEveryUnit;
     json["schedule"] = report.schedule;
@@ -80,7 +79,7 @@ Json TaskAsJson(const TaskReport& report, bool runs) {
 Json ReportHead(const std::wstring& list, std::int64_t now) {
     Json json;
     json["version"] = kJsonVersion;
-    json["list"] = ToUtf8(list);
+    json["list"] = list;
     AddTime(json, "now", now);
     return json;
 }
@@ -108,9 +107,8 @@ std::string FindingsAsJson(const std::wstring& list, std::int64_t now, const std
     Json json = ReportHead(list, now);
     json["findings"] = Json::array();
     for (const Finding& finding : findings) {
-        json["findings"].push_back({{"project", ToUtf8(finding.project)},
-                                    {"section", ToUtf8(finding.section)},
-                                    {"message", finding.message}});
+        json["findings"].push_back(
+            {{"project", finding.project}, {"section", finding.section}, {"message", finding.message}});
     }
     return DumpJson(json);
 }

@@ -96,8 +96,8 @@ std::string RunsAsJson(const std::wstring& list, std::int64_t now, const std::ve
     for (const PlannedRun& run : runs) {
         Json entry;
         AddTime(entry, "time", run.time);
-        entry["project"] = Join(run.task->m_strProjectPath);
-        entry["section"] = Join(run.task->m_strIniSection);
+        entry["project"] = run.task->m_strProjectPath;
+        entry["section"] = run.task->m_strIniSection;
         json["runs"].push_back(std::move(entry));
     }
     return DumpJson(json) + '\n';

@@ -22,10 +22,6 @@ namespace {
 
 using Task = CSCVShchedulerTask;
 
-std::string TextOf(const std::wstring& text) {
-    return ToUtf8(HalvedApostrophes(text));
-}
-
 // An exported list may be imported from any folder.
 void RequireFullPath(const std::wstring& path, const std::string& where) {
     const bool hasDrive = path.size() > 2 && path[1] == L':' && (path[2] == L'\\' || path[2] == L'/');
@@ -48,9 +44,9 @@ void ImportCommand(const TaskSwitch& command, const CJsonFields& fields, Task& t
             (takesText ? takesTrue ? "true, false or a text" : "a file or false" : "true or false"));
     }
     if (hasText && command.argument != TaskSwitch::Argument::Optional) {  // a file
-        RequireFullPath(FromUtf8(field->get_ref<const std::string&>()), fields.Where(command.name));
+        RequireFullPath(field->get<std::wstring>(), fields.Where(command.name));
     }
-    command.SwitchOn(task, hasText ? FromUtf8(field->get_ref<const std::string&>()) : std::wstring());
+    command.SwitchOn(task, hasText ? field->get<std::wstring>() : std::wstring());
 }
 
 void ImportCommands(const Json& json, const std::string& where, Task& task) {
@@ -167,11 +163,11 @@ Json CommandsAsJson(const Task& task) {
         if (command.text == nullptr || (task.*command.text).empty()) {
             json[command.name] = true;
         } else {
-            json[command.name] = TextOf(task.*command.text);
+            json[command.name] = HalvedApostrophes(task.*command.text);
         }
         if (command.hasElement) {
-            json["element-name"] = TextOf(task.m_strInputElementName);
-            json["element-id"] = TextOf(task.m_strInputElementId);
+            json["element-name"] = HalvedApostrophes(task.m_strInputElementName);
+            json["element-id"] = HalvedApostrophes(task.m_strInputElementId);
         }
     }
     return json;
@@ -182,7 +178,7 @@ Json ExportTask(const CSCVShchedulerTask& task) {
     Task kept;
     kept.ParseCommandLine(task.BuildCommandLine());
     Json json;
-    json["project"] = TextOf(kept.m_strProjectPath);
+    json["project"] = HalvedApostrophes(kept.m_strProjectPath);
     json["enabled"] = task.m_bEnable != 0;
     json["commands"] = CommandsAsJson(kept);
     AddTime(json, "startTime", task.m_tStartTime);
@@ -190,7 +186,7 @@ Json ExportTask(const CSCVShchedulerTask& task) {
     json["repeat"]["every"]["unit"] = json["repeat"]["every"]["unitName"];
     AddTime(json, "untilTime", task.m_tUntilTime);
     AddTime(json, "lastRunTime", task.m_tLastRunTime);
-    json["lastRunResult"] = TextOf(task.m_strLastRunResult);
+    json["lastRunResult"] = HalvedApostrophes(task.m_strLastRunResult);
     return json;
 }
 

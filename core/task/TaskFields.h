@@ -59,4 +59,6 @@ struct TaskFields {
     std::int64_t m_tStoredRunTime = 0;
     // A pass has launched the project, and the file does not hold that run yet.
     bool m_bIsRunUnsaved = false;
+
+    [[nodiscard]] bool operator==(const TaskFields&) const = default;
 };

@@ -17,6 +17,7 @@ SHORTCUTS = {"SCV Scheduler.lnk": "SCVScheduler.exe", "SCV Scheduler Guide.lnk":
 
 # Rows of the page with the components, and ids in an installer's window: of its buttons, of its pages' controls.
 STARTUP, PATH, LIST = 1, 2, 1
+LOCKS = (".ini.launch", ".ini.window", ".ini.watch")
 NEXT = 1
 COMPONENTS, FOLDER = 1032, 1019
 # Buttons of a message box.
@@ -93,8 +94,8 @@ class InstallerJourney(Journey):
         lines = set()
         for path in self.wine.drive_c.rglob("*"):
             name = str(path.relative_to(self.wine.drive_c))
-            # The last two: what is there for as long as a pass launches, and what the started program notes, at its own time.
-            if name.startswith("windows/") or "/Temp/" in name or name.endswith((".ini.launch", ".runs.txt")):
+            # The last ones: locks of a program that runs, and what the started program notes, at its own time.
+            if name.startswith("windows/") or "/Temp/" in name or name.endswith((*LOCKS, ".runs.txt")):
                 continue
             if path.is_dir():
                 lines.add(name + "/")
