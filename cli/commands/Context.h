@@ -16,7 +16,7 @@
 class CLaunchClaim;
 class CSCVShchedulerTaskArray;
 
-// Starts what the user wants to have started when a launch fails.
+// Starts the user's command for a launch that failed.
 class IFailureCommand {
 public:
     IFailureCommand() = default;

@@ -58,7 +58,7 @@ private:
 
     void Enter(const std::string& key) {
         if (!m_open.back().keys.insert(key).second) {
-            throw CRefusal("the key '" + key + "' stands twice in " + Place());
+            throw CRefusal("the key '" + key + "' appears twice in " + Place());
         }
         m_open.back().key = key;
     }
@@ -83,7 +83,7 @@ Json Parse(const std::string& text) {
         // Without the library's own number of the error, and with bytes that are no UTF-8 made so.
         const std::string what = ToUtf8(FromUtf8(error.what()));
         const std::size_t end = what.find("] ");
-        throw CRefusal("the text is no JSON: " + (end == std::string::npos ? what : what.substr(end + 2)));
+        throw CRefusal("the text is not JSON: " + (end == std::string::npos ? what : what.substr(end + 2)));
     }
 }
 
@@ -149,7 +149,7 @@ std::string ReadImport(const std::wstring& file, const Context& context) {
     AppendDecoded(encoding, bytes, text);
     std::string utf8 = ToUtf8(text);
     if (FromUtf8(utf8) != text) {
-        throw CRefusal("the text is no UTF-16: half of a surrogate pair stands alone");
+        throw CRefusal("the text is not valid UTF-16: it has half of a surrogate pair");
     }
     return utf8;
 }
@@ -162,7 +162,7 @@ int ImportList(const Job& job) {
     }
     const Json* list = fields.Find("tasks");
     if (list == nullptr || !list->is_array()) {
-        throw CRefusal("the text has to hold the array \"tasks\"");
+        throw CRefusal("the text needs the array \"tasks\"");
     }
     EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
         for (std::size_t i = 0; i < list->size(); ++i) {

@@ -6,7 +6,7 @@
 
 #include "util/Utf8.h"
 
-// Keys stand in the order in which they are set.
+// Keys keep the order in which they are set.
 using Json = nlohmann::ordered_json;
 
 // Where texts enter and leave JSON: UTF-16 outside, UTF-8 inside. Every source that puts one in includes
@@ -23,7 +23,7 @@ struct nlohmann::adl_serializer<std::wstring> {
     }
 };
 
-// Counts up when a key changes its meaning or goes; new keys leave it.
+// Counts up when a key changes its meaning or is removed, not for a new key.
 inline constexpr int kJsonVersion = 1;
 
 // A report's first fields: version, which list, and seen from when.

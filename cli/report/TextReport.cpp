@@ -36,7 +36,7 @@ std::size_t Columns(const std::wstring& text) {
 }
 
 std::vector<std::wstring> Wrap(const std::wstring& text, std::size_t columns) {
-    std::vector<std::wstring> lines(1);
+    std::vector<std::wstring> lines(text.empty() ? 0 : 1);
     std::size_t used = 0;
     for (const wchar_t unit : text) {
         if (used + Columns(unit) > columns && !IsLowSurrogate(unit)) {
@@ -94,7 +94,7 @@ std::string NextText(const TaskReport& report) {
 
 std::string TasksAsText(const std::vector<TaskReport>& reports, std::size_t width) {
     if (reports.empty()) {
-        return "The list holds no task.\n";
+        return "The list has no task.\n";
     }
     constexpr std::size_t kOthers = kEnabledColumns + kGap + kTimesColumns;
     const std::size_t most = width > kOthers + kFewestPathColumns ? width - kOthers : kFewestPathColumns;

@@ -5,7 +5,7 @@
 #include "cli/commands/Context.h"
 #include "util/win32/Handle.h"
 
-// Starts the command without a window of its own. Commands that still run when the object goes run on.
+// Starts the command without a window of its own. Commands that run when the object is destroyed go on.
 class CFailureCommand final : public IFailureCommand {
 public:
     [[nodiscard]] std::wstring Start(const std::wstring& command, const std::wstring& project,

@@ -92,8 +92,8 @@ TEST_F(Exchange, ErrorsNameTheirPlace) {
         return R"({"tasks": [)" + good + R"(, {"project": "C:\\b.scvpr", )" + fields + "}]}";
     };
     const std::pair<std::string, const char*> table[] = {
-        {"", "no JSON: parse error at line 1"},
-        {"{\"tasks\": [{\"project\": \"\xC3\"}]}", "no JSON"},
+        {"", "not JSON: parse error at line 1"},
+        {"{\"tasks\": [{\"project\": \"\xC3\"}]}", "not JSON"},
         {std::string("\xFF\xFE\x00\xD8", 4), "half of a surrogate pair"},
         {"[]", "the text has to be an object"},
         {R"({"tasks": {}})", "array \"tasks\""},
@@ -103,8 +103,8 @@ TEST_F(Exchange, ErrorsNameTheirPlace) {
         {R"({"tasks": [{"project": 5}]})", "tasks[0].project has to be a text"},
         {R"({"tasks": [{"project": "a.scvpr"}]})", "tasks[0].project: 'a.scvpr' is no full path"},
         {R"({"tasks": [{"project": "C:\\a.txt"}]})", "tasks[0].project: C:\\a.txt ends in neither"},
-        {task(R"("enabled": true, "enabled": false)"), "the key 'enabled' stands twice in tasks[1]"},
-        {task(R"("repeat": {"monthly": true, "monthly": true})"), "stands twice in tasks[1].repeat"},
+        {task(R"("enabled": true, "enabled": false)"), "the key 'enabled' appears twice in tasks[1]"},
+        {task(R"("repeat": {"monthly": true, "monthly": true})"), "appears twice in tasks[1].repeat"},
         {R"({"tasks": [], "version": 2})", "later version"},
         {task(R"("commands": {"add-urls": "u.csv"})"), "tasks[1].commands.add-urls: 'u.csv' is no full path"},
         {task(R"("repeat": {"every": {"value": 0}})"), "tasks[1].repeat.every.value has to be 1 or more"},

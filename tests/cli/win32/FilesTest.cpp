@@ -14,8 +14,9 @@ TEST(Files, PatternsFindFilesByWholeNames) {
     const TemporaryFolder folder;
     const std::wstring b = folder.File(L"b.scvpr", "");
     const std::wstring a = folder.File(L"A \u0426.SCVPR", "");
-    folder.File(L"a.scvpr_old", "");  // its short name ends in .SCV, which the system's own pattern finds
-    folder.File(L"a.oslpr", "");
+    (void)folder.File(L"a.scvpr_old",
+                      "");  // its short name ends in .SCV, which the system's own pattern finds
+    (void)folder.File(L"a.oslpr", "");
     std::filesystem::create_directory(folder.Path(L"c.scvpr"));
     EXPECT_EQ(FindFiles(folder.Path(L"*.scvpr")), (Paths{a, b}));
     EXPECT_EQ(FindFiles(folder.Path(L"?.scvpr")), Paths{b});

@@ -10,6 +10,7 @@
 
 #include "cli/report/Refusal.h"
 #include "core/launch/ListKeeper.h"
+#include "core/list/ProfileFile.h"
 #include "core/platform/win32/WindowsFileSystem.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/TemporaryFolder.h"
@@ -72,7 +73,8 @@ TEST_F(Scvsched, NamesOfAnyLanguageGoThroughAPipe) {
     const ChildResult piped =
         RunChild(L"C:\\windows\\system32\\cmd.exe",
                  L"/s /c \"" + call + L'"' + m_list + L"\" export | " + call + L'"' + other + L"\" import\"");
-    EXPECT_NE(piped.out.find("\xE4\xBE\xA1 \xD0\xA6.scvpr\n"), std::string::npos) << piped.out << piped.err;
+    EXPECT_NE(piped.out.find("\xE4\xBE\xA1 \xD0\xA6.scvpr  once, on "), std::string::npos)
+        << piped.out << piped.err;
     const std::string exported = Run(L"export").out;
     EXPECT_NE(exported.find("\xC3\xA4.csv"), std::string::npos) << exported;
     EXPECT_EQ(RunChild(kScvsched, L"--list \"" + other + L"\" export").out, exported);
@@ -102,12 +104,13 @@ public:
                   L"\" --list \"" + list + L"\" watch",
               CREATE_NO_WINDOW)) {
         CWindowsFileSystem files;
-        while (!CListKeeper::IsKept(files, list, CListKeeper::Kind::Watch) &&
-               WaitForSingleObject(m_process.Get(), 1) == WAIT_TIMEOUT) {
+        while (!CListKeeper::IsKept(files, list, CListKeeper::Kind::Watch) && IsRunning()) {
         }
     }
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
+    // Waits a moment.
+    [[nodiscard]] bool IsRunning() const { return WaitForSingleObject(m_process.Get(), 1) == WAIT_TIMEOUT; }
     ~Watch() {
         TerminateProcess(m_process.Get(), 0);
         WaitForSingleObject(m_process.Get(), INFINITE);
@@ -143,6 +146,20 @@ TEST_F(Scvsched, OthersRespectWhoKeepsAList) {
         expectKept("another scvsched watches");
     }
     EXPECT_EQ(Run(remove).exitCode, kFine) << "its process was killed";
+}
+
+TEST_F(Scvsched, WatchFollowsAReplacedList) {
+    ASSERT_EQ(Run(L"disable *").exitCode, kFine);
+    const Watch watch(m_list);
+    CWindowsFileSystem files;
+    std::string text;
+    ASSERT_TRUE(files.Read(m_list, text));
+    text.replace(text.find("Enable=0"), 8, "Enable=1");
+    ASSERT_TRUE(ReplaceFileBytes(files, m_list, text));
+    while (watch.IsRunning() && text.find("File does not exist") == std::string::npos) {
+        (void)files.Read(m_list, text);
+    }
+    EXPECT_TRUE(watch.IsRunning()) << "it has launched what was enabled";
 }
 
 }  // namespace
