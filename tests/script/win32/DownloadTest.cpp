@@ -15,12 +15,15 @@
 
 namespace {
 
+SOCKET OpenSocket() {
+    WSADATA data;
+    WSAStartup(MAKEWORD(2, 2), &data);
+    return socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+}
+
 // A port on the loopback address that takes connections, and its URL.
 struct Listener {
     Listener() {
-        WSADATA data;
-        WSAStartup(MAKEWORD(2, 2), &data);
-        handle = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
         sockaddr_in address{};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
@@ -32,7 +35,7 @@ struct Listener {
         url = L"http://127.0.0.1:" + std::to_wstring(ntohs(address.sin_port)) + L"/";
     }
 
-    SOCKET handle = INVALID_SOCKET;
+    SOCKET handle = OpenSocket();
     std::wstring url;
 };
 
