@@ -19,14 +19,22 @@
 //                                       these bytes, and the bytes afterwards; in them the pointer at offset
 //                                       AT points to offset TO, if AT is not null
 //
+//   ["waits", WINDOW, MILLISECONDS]     {"longest", "count"}: sends messages for that long; the longest time to
+//                                       an answer in milliseconds, and how many answers came
+//   ["hold", FILE]                      opens a file for this program alone
+//   ["release"]                         closes all of them
+//
 // The reply is null where the window is gone or does not reply.
 #include <windows.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdint>
 #include <cstring>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 #include "util/Utf8.h"
 #include "util/win32/Handle.h"
@@ -186,15 +194,31 @@ json Fill(HWND window, const json& request) {
     return isDone ? FillReply(result, bytes) : json();
 }
 
-json Reply(const json& request) {
-    const std::string verb = request.at(0);
-    if (verb == "windows") {
-        return Windows();
+json Waits(HWND window, int milliseconds) {
+    using std::chrono::steady_clock;
+    const auto end = steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    double longest = 0;
+    int count = 0;
+    for (auto begin = steady_clock::now(); begin < end; begin = steady_clock::now()) {
+        DWORD_PTR result = 0;
+        if (!Send(window, WM_NULL, 0, 0, result)) {
+            return nullptr;
+        }
+        const std::chrono::duration<double, std::milli> wait = steady_clock::now() - begin;
+        longest = std::max(longest, wait.count());
+        ++count;
+        Sleep(2);
     }
-    if (verb == "foreground") {
-        return Foreground();
-    }
-    const HWND window = ToWindow(request.at(1));
+    return {{"longest", longest}, {"count", count}};
+}
+
+bool Hold(const std::string& path, std::vector<CFileHandle>& held) {
+    held.emplace_back(CreateFileW(FromUtf8(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_ALWAYS,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    return static_cast<bool>(held.back());
+}
+
+json ReplyAbout(HWND window, const std::string& verb, const json& request) {
     if (verb == "children") {
         return Children(window);
     }
@@ -210,10 +234,31 @@ json Reply(const json& request) {
     if (verb == "resize") {
         return Resize(window, request.at(2));
     }
+    if (verb == "waits") {
+        return Waits(window, request.at(2));
+    }
     if (verb == "fill") {
         return Fill(window, request);
     }
     return SendNumbers(window, request);
+}
+
+json Reply(const json& request, std::vector<CFileHandle>& held) {
+    const std::string verb = request.at(0);
+    if (verb == "windows") {
+        return Windows();
+    }
+    if (verb == "foreground") {
+        return Foreground();
+    }
+    if (verb == "hold") {
+        return Hold(request.at(1), held);
+    }
+    if (verb == "release") {
+        held.clear();
+        return true;
+    }
+    return ReplyAbout(ToWindow(request.at(1)), verb, request);
 }
 
 }  // namespace
@@ -221,8 +266,9 @@ json Reply(const json& request) {
 int wmain() {
     // Else the system would turn the pixels of a scaled screen into others.
     SetProcessDPIAware();
+    std::vector<CFileHandle> held;
     for (std::string line; std::getline(std::cin, line);) {
-        std::cout << Reply(json::parse(line)).dump() << std::endl;
+        std::cout << Reply(json::parse(line), held).dump() << std::endl;
     }
     return 0;
 }

@@ -1,5 +1,6 @@
 #include "util/win32/FileTests.h"
 
+#include "util/CaseFold.h"
 #include "util/win32/Handle.h"
 
 int FileExists(const std::wstring& path) {
@@ -16,6 +17,20 @@ int DirectoryExists(std::wstring path) {
         return 0;
     }
     return static_cast<int>(entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+bool IsRemotePath(std::wstring_view path) {
+    const auto isSlash = [&](std::size_t at) { return path[at] == L'\\' || path[at] == L'/'; };
+    if (path.size() < 2) {
+        return false;
+    }
+    if (isSlash(0) && isSlash(1)) {
+        // Such as \\?\C:\a.scvpr, \\?\UNC\server\share, and else \\server\share.
+        const bool isDevice = path.size() > 3 && (path[2] == L'?' || path[2] == L'.') && isSlash(3);
+        return !isDevice || EqualNoCase(path.substr(4, 3), L"UNC") || IsRemotePath(path.substr(4));
+    }
+    const wchar_t root[] = {path[0], L':', L'\\', L'\0'};
+    return path[1] == L':' && GetDriveTypeW(root) == DRIVE_REMOTE;
 }
 
 int CanOpenForWriting(const std::wstring& path) {

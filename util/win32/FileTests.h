@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 // Questions to the file system. No failure is reported otherwise than by the answer.
 
@@ -9,6 +10,10 @@
 
 // 16 for a folder, with or without backslashes at its end; else 0.
 [[nodiscard]] int DirectoryExists(std::wstring path);
+
+// Whether the path leads to another machine: a UNC path, or one on a connected drive. Asks no other machine,
+// which may take seconds to answer.
+[[nodiscard]] bool IsRemotePath(std::wstring_view path);
 
 // 1 when the existing file could be opened for writing with nobody else having it open, else 0. Creates
 // nothing.

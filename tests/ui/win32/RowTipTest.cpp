@@ -65,6 +65,17 @@ TEST_F(RowTip, IsAboutTheRowBelowTheMouse) {
     EXPECT_FALSE(IsOffered()) << "below the last row";
 }
 
+TEST_F(RowTip, LooksForNoFileOfAnotherMachine) {
+    Task(1).m_strProjectPath = L"\\\\server\\share\\b.scvpr";
+    shell.missing = {Task(0).m_strProjectPath, Task(1).m_strProjectPath};
+    for (const auto& [row, isFound] : {std::pair{0, true}, std::pair{1, false}}) {
+        MoveTo(row);
+        const bool isToldMissing =
+            Text().find(L"Check: the project file does not exist") != std::wstring::npos;
+        EXPECT_EQ(isToldMissing, isFound) << row;
+    }
+}
+
 TEST_F(RowTip, GoesWithWhatMayChangeTheRow) {
     Select({0});
     const std::pair<const char*, std::function<void()>> changes[] = {

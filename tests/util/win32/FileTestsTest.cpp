@@ -23,3 +23,17 @@ TEST(FileTests, FilesFoldersAndPatterns) {
         CreateFileW(file.c_str(), GENERIC_READ, kEverything, nullptr, OPEN_EXISTING, 0, nullptr));
     EXPECT_EQ(CanOpenForWriting(file), 0) << "even while it is shared with everybody";
 }
+
+TEST(FileTests, PathsOfOtherMachines) {
+    const std::pair<const wchar_t*, bool> cases[] = {{L"\\\\server\\share\\a.scvpr", true},
+                                                     {L"//server/share/a.scvpr", true},
+                                                     {L"\\\\?\\unc\\server\\share", true},
+                                                     {L"\\\\?\\C:\\a.scvpr", false},
+                                                     {L"C:\\a.scvpr", false},
+                                                     {L"a", false},
+                                                     {L"", false},
+                                                     {L"\\\\", true}};
+    for (const auto& [path, isRemote] : cases) {
+        EXPECT_EQ(IsRemotePath(path), isRemote) << testing::PrintToString(path);
+    }
+}
