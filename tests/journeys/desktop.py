@@ -138,7 +138,6 @@ class Desktop:
     def choose_file(self, title, path):
         """Types a path into the file dialog of that title once it comes up."""
         dialog = self.shown(title)
-        dialog.activate()  # now and then Wine leaves the X server's focus with the window before it
         dialog.type_into_focus(path)
         self.keys("Return")
         dialog.is_gone()
