@@ -45,7 +45,7 @@ Function Page_Text ( request )
 
 	Dim element, bytes, charset, page
 
-	Set element = CreateObject("MSXML2.DOMDocument").createElement("bytes")
+	Set element = Page_Document().createElement("bytes")
 	element.dataType = "bin.hex"
 	element.nodeTypedValue = request.ResponseBody
 	bytes = LCase(element.text)
@@ -106,7 +106,7 @@ Function Page_Decode ( ByVal bytes , ByVal charset )
 	Next
 	bytes = Page_Replace(bytes, "\[[^\]]*\]", Page_Bytes(" ", before, after))
 
-	Set document = CreateObject("MSXML2.DOMDocument")
+	Set document = Page_Document()
 	Set element = document.createElement("bytes")
 	element.dataType = "bin.hex"
 	element.text = mark & Page_Bytes("<?xml version=""1.0"" encoding=""" & charset & """?><a>", before, after) & bytes & Page_Bytes("</a>", before, after)
@@ -117,6 +117,22 @@ Function Page_Decode ( ByVal bytes , ByVal charset )
 	ElseIf charset = "utf-8" Then
 		bytes = Page_Utf8(whole)
 		If bytes <> whole Then Page_Decode = Page_Decode(bytes, charset)
+	End If
+
+End Function
+
+' Windows' XML parser. Wine's VBScript makes it for some hosts only, its JScript for all.
+Function Page_Document ( )
+
+	Dim control
+
+	On Error Resume Next
+	Set Page_Document = CreateObject("MSXML2.DOMDocument")
+	If Err.Number <> 0 Then
+		Err.Clear
+		Set control = CreateObject("ScriptControl")
+		control.Language = "JScript"
+		Set Page_Document = control.Eval("new ActiveXObject('MSXML2.DOMDocument')")
 	End If
 
 End Function

@@ -1,15 +1,18 @@
-// What the template Download_URL makes of a server's response, in the host that the editor uses.
+// What the template Download_URL makes of a server's response, in both hosts and languages.
 #include <winsock2.h>
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <thread>
+#include <tuple>
 
 #include "script/ScriptGenerator.h"
 #include "script/ScriptLanguages.h"
+#include "script/win32/ActiveScriptController.h"
+#include "script/win32/MSScriptController.h"
 #include "script/win32/ResourceScriptTexts.h"
-#include "script/win32/ScriptControllerFactory.h"
 #include "tests/support/MessageRecorder.h"
 #include "util/win32/ComApartment.h"
 
@@ -64,11 +67,11 @@ private:
     std::jthread m_thread;
 };
 
-// The language is JScript or VBScript.
-class Download : public testing::TestWithParam<bool> {
+// Whether the host is the Script Control or Active Scripting, and the language JScript or VBScript.
+class Download : public testing::TestWithParam<std::tuple<bool, bool>> {
 protected:
     [[nodiscard]] std::wstring Script() const {
-        const CScriptGenerator::stTemplate record{.number = GetParam() ? 62012 : 61331, .params = {}};
+        const CScriptGenerator::stTemplate record{.number = m_isJScript ? 62012 : 61331, .params = {}};
         return m_generator.InstantiateTemplate(m_language, &record, L"Main");
     }
     // The script with one text in the place of another that is in it.
@@ -81,27 +84,34 @@ protected:
         return script;
     }
     std::wstring Run(const std::wstring& script, const std::wstring& text) {
-        const auto controller = CScriptControllerFactory::CreateController();
+        std::unique_ptr<IScriptController> controller = std::make_unique<CActiveScriptController>();
+        if (std::get<0>(GetParam())) {
+            controller = std::make_unique<CMSScriptController>();
+        }
         CStringArray arguments;
         arguments.Add(text);
         arguments.Add(L"");
         CStringArray results;
-        if (controller->SetLanguage(m_language) != 1 || controller->AddCode(script) != 1 ||
+        if (controller->Create(m_language) != 1 || controller->AddCode(script) != 1 ||
             controller->Run(L"Main", &arguments, results) != 1 || results.GetSize() != 1) {
             return L"no result: " + (m_boxes.texts.empty() ? std::wstring() : m_boxes.texts[0]);
         }
         return results[0];
     }
 
-    const std::wstring m_language = GetParam() ? kJScript : kVBScript;
+    const bool m_isJScript = std::get<1>(GetParam());
+    const std::wstring m_language = m_isJScript ? kJScript : kVBScript;
     CComApartment m_apartment;
     MessageRecorder m_boxes;
     CResourceScriptTexts m_texts;
     CScriptGenerator m_generator{m_texts};
 };
 
-INSTANTIATE_TEST_SUITE_P(Languages, Download, testing::Bool(),
-                         [](const auto& each) { return each.param ? "JScript" : "VBScript"; });
+INSTANTIATE_TEST_SUITE_P(Hosts, Download, testing::Combine(testing::Bool(), testing::Bool()),
+                         [](const auto& each) {
+                             return std::string(std::get<0>(each.param) ? "Control" : "Active") +
+                                    (std::get<1>(each.param) ? "JScript" : "VBScript");
+                         });
 
 using namespace std::string_literals;
 
