@@ -165,7 +165,11 @@ class Desktop:
     def tray_menu(self):
         """Opens the icon's menu and returns its window."""
         self.click_tray(button=3)
-        return until("the icon's menu is shown", lambda: self.of_class("#32768"))
+
+        def menu():
+            found = self.of_class("#32768")
+            return found if found and found["place"] != [0, 0, 0, 0] else None  # it is shown before it has a place
+        return until("the icon's menu is shown", menu)
 
     def choose_exit_in_tray_menu(self):
         # The keys of this display do not reach a menu of a hidden window. "Exit" is the lower one of two.

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Takes the documentation's pictures of the running program anew, or others for a look at a scaled screen.
 
-    tests/journeys/pictures.py                      into docs, at 100 %
+    tests/journeys/pictures.py                      into docs, at 100 %, and one of them at 150 %
     tests/journeys/pictures.py --scale 150 FOLDER   into that folder, on a screen of 150 %
 
 Wants the build windows-x64.
@@ -17,6 +17,8 @@ from desktop import Desktop
 from scheduler import DEMO, Scheduler, Steps, ids
 from window import HTCAPTION, HTRIGHT
 from wine import ROOT, Display, Wine, until
+
+DOCS = ROOT / "docs"
 
 
 def sample_list():
@@ -55,10 +57,14 @@ class Photographer(Steps):
                         self.folder / f"{name}.png"], check=True)
         print(self.folder / f"{name}.png")
 
-    def first_project(self):
+    def first_window(self, name):
         process, window = self.start()
         self.add_project(window, "prices")
-        self.take(window.place, "guide-first")
+        self.take(window.place, name)
+        return process, window
+
+    def first_project(self):
+        process, window = self.first_window("guide-first")
         self.hide(window)
         menu = self.desktop.tray_menu()
         left, top, right, bottom = menu["place"]
@@ -89,11 +95,13 @@ class Photographer(Steps):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--scale", type=int, default=100, help="of the screen, in per cent")
-    parser.add_argument("folder", nargs="?", default=ROOT / "docs", type=Path)
+    parser.add_argument("folder", nargs="?", default=DOCS, type=Path)
     arguments = parser.parse_args()
     photographer = Photographer(arguments.folder, arguments.scale)
     photographer.first_project()
     photographer.full_list()
+    if arguments.folder == DOCS:
+        Photographer(DOCS, 150).first_window("guide-scaled")
 
 
 if __name__ == "__main__":
