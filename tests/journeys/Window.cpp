@@ -5,6 +5,7 @@
 //
 //   ["windows"]                         the top-level windows, the topmost first
 //   ["children", WINDOW]                the windows inside of one, at every depth
+//   ["changes"]                         how often a program has said that the environment has changed
 //   ["foreground"]                      {"window", "focus", "menu", "moving"}: the window with the keyboard,
 //   the control in
 //                                       it, and whether it shows a menu or is being moved or sized
@@ -29,12 +30,15 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <cstring>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <string_view>
+#include <thread>
 #include <vector>
 
 #include "util/Utf8.h"
@@ -43,6 +47,37 @@
 namespace {
 
 using nlohmann::json;
+
+std::atomic<int> environmentChanges = 0;
+
+LRESULT CALLBACK CountChanges(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_SETTINGCHANGE && lParam != 0 &&
+        std::wstring_view(reinterpret_cast<const wchar_t*>(lParam)) == L"Environment") {
+        ++environmentChanges;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+// Makes a hidden window that gets what is sent to all windows. It has a thread of its own, since the main
+// thread waits for requests. Returns once the window is there.
+void ListenForChanges() {
+    static std::atomic<bool> isThere = false;
+    std::thread([] {
+        WNDCLASSW listener{};
+        listener.lpfnWndProc = CountChanges;
+        listener.lpszClassName = L"SCVChanges";
+        RegisterClassW(&listener);
+        CreateWindowExW(0, listener.lpszClassName, L"", WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr, nullptr,
+                        nullptr);
+        isThere = true;
+        isThere.notify_one();
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+            DispatchMessageW(&message);
+        }
+    }).detach();
+    isThere.wait(false);
+}
 
 HWND ToWindow(const json& handle) {
     return reinterpret_cast<HWND>(handle.get<std::intptr_t>());
@@ -249,6 +284,9 @@ json Reply(const json& request, std::vector<CFileHandle>& held) {
     if (verb == "windows") {
         return Windows();
     }
+    if (verb == "changes") {
+        return environmentChanges.load();
+    }
     if (verb == "foreground") {
         return Foreground();
     }
@@ -267,6 +305,7 @@ json Reply(const json& request, std::vector<CFileHandle>& held) {
 int wmain() {
     // Else the system would turn the pixels of a scaled screen into others.
     SetProcessDPIAware();
+    ListenForChanges();
     std::vector<CFileHandle> held;
     for (std::string line; std::getline(std::cin, line);) {
         std::cout << Reply(json::parse(line), held).dump() << std::endl;

@@ -218,12 +218,16 @@ class Installer(InstallerJourney):
                 if value:
                     self.wine.registry("add", environment, "/v", "Path", "/t", kind, "/d", value, "/f")
                 before = self.state()
+                changes = self.desktop.ask("changes")
                 self.install(self.setup, "/PATH=yes")
                 self.assertEqual(self.wine.value(environment, "Path"), expected)
+                self.assertEqual(self.desktop.ask("changes"), changes + 1, "running programs learn of it")
                 self.install(self.setup)
                 self.assertEqual(self.wine.value(environment, "Path"), expected, "after a second installation")
+                self.assertEqual(self.desktop.ask("changes"), changes + 1, "nothing has changed")
                 self.remove_silently()
                 self.assert_state(before, "after the removal")
+                self.assertEqual(self.desktop.ask("changes"), changes + 2, "after the removal")
 
         # A folder that was there before the first installation stays in its place, until the program leaves it.
         self.wine.registry("add", environment, "/v", "Path", "/d", f"C:\\a;{place};C:\\b", "/f")
