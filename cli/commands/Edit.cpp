@@ -147,7 +147,7 @@ int AddProjects(const Job& job) {
 int SetTasks(const Job& job) {
     const TaskChanges& changes = job.arguments.changes;
     return ChangeNamed(job, kSet, [&](CSCVShchedulerTask& task) {
-        const TaskFields before = task;
+        const auto before = static_cast<const TaskFields&>(task);
         changes.ApplyTo(task, job.now);
         if (changes.ChangesCommands()) {
             RequireKept(task);
