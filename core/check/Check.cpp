@@ -14,6 +14,7 @@
 #include "core/list/Storable.h"
 #include "core/list/StoredKeys.h"
 #include "core/list/TaskListFile.h"
+#include "core/list/TaskSection.h"
 #include "core/platform/LocalTime.h"
 #include "core/platform/Shell.h"
 #include "core/schedule/ClockChanges.h"
@@ -31,7 +32,7 @@ namespace {
 
 constexpr std::int64_t kLastStoredInstant = std::numeric_limits<std::int32_t>::max();
 
-// What is wrong with the program that starts projects of an extension, asked once for each extension.
+// Problems with the program that starts projects of an extension, looked up once for each extension.
 class ProgramChecker {
 public:
     explicit ProgramChecker(IShell& shell) : m_shell(shell) {}

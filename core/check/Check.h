@@ -22,8 +22,8 @@ struct Finding {
                                                 const CSCVShchedulerTaskArray& tasks, IShell& shell,
                                                 std::int64_t now);
 
-// The findings about one task of the list alone, without its file: what loading has cut or shifted in the
-// stored command line is not seen.
+// The findings about one task, without the list file: it does not see that loading has cut the stored command
+// line or shifted its fields.
 [[nodiscard]] std::vector<Finding> FindProblemsOf(const CSCVShchedulerTask& task,
                                                   const CSCVShchedulerTaskArray& tasks, IShell& shell,
                                                   std::int64_t now);

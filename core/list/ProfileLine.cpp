@@ -40,7 +40,7 @@ bool IsBreak(wchar_t unit) {
     return unit == L'\n' || unit == L'\r';
 }
 
-// A DOS end of file counts as a blank too.
+// A DOS end of file (0x1a) counts as a blank too.
 bool IsBlank(wchar_t unit) {
     return unit == L' ' || unit == L'\t' || unit == L'\v' || unit == L'\f' || unit == L'\x1a';
 }
@@ -56,8 +56,8 @@ std::string_view Trim(std::string_view text, std::size_t begin, std::size_t end)
     return text.substr(begin, end - begin);
 }
 
-// The second byte of a double-byte character can be a "]", so a bracket behind any such character ends the
-// name only once that is decoded.
+// The second byte of a double-byte character can be a "]". After any byte of 0x80 or more the whole rest is
+// taken for the name, and DecodeName looks for the bracket.
 template <typename Units>
 std::string_view SectionName(TextEncoding encoding, std::string_view text, std::size_t begin,
                              std::size_t end) {
@@ -73,6 +73,38 @@ std::string_view SectionName(TextEncoding encoding, std::string_view text, std::
     return Trim<Units>(text, begin, end);
 }
 
+// The content of a line from its first character on: where it ends, and where its first "=" is.
+struct Content {
+    std::size_t end;
+    std::size_t equals = kNone;
+};
+
+template <typename Units>
+Content ReadContent(std::string_view text, std::size_t first) {
+    Content content{first};
+    for (; content.end < text.size(); content.end += Units::kSize) {
+        const wchar_t unit = Units::At(text, content.end);
+        if (IsBreak(unit)) {
+            break;
+        }
+        if (unit == L'=' && content.equals == kNone) {
+            content.equals = content.end;
+        }
+    }
+    return content;
+}
+
+// The start of the line behind the one whose content ends at `end`.
+template <typename Units>
+std::size_t NextLine(std::string_view text, std::size_t end) {
+    if (end >= text.size()) {
+        return end;
+    }
+    const std::size_t next = end + Units::kSize;
+    const bool isPair = Units::At(text, end) == L'\r' && next < text.size() && Units::At(text, next) == L'\n';
+    return isPair ? next + Units::kSize : next;
+}
+
 template <typename Units>
 ProfileLine ReadLine(TextEncoding encoding, std::string_view text, std::size_t position) {
     constexpr std::size_t size = Units::kSize;
@@ -80,28 +112,8 @@ ProfileLine ReadLine(TextEncoding encoding, std::string_view text, std::size_t p
     while (first < text.size() && IsBlank(Units::At(text, first))) {
         first += size;
     }
-    std::size_t end = first;
-    std::size_t equals = kNone;
-    for (; end < text.size(); end += size) {
-        const wchar_t unit = Units::At(text, end);
-        if (IsBreak(unit)) {
-            break;
-        }
-        if (unit == L'=' && equals == kNone) {
-            equals = end;
-        }
-    }
-    ProfileLine line;
-    line.encoding = encoding;
-    line.begin = position;
-    line.end = end;
-    line.next = end;
-    if (end < text.size()) {
-        line.next += size;
-        if (Units::At(text, end) == L'\r' && line.next < text.size() && Units::At(text, line.next) == L'\n') {
-            line.next += size;
-        }
-    }
+    const auto [end, equals] = ReadContent<Units>(text, first);
+    ProfileLine line{.encoding = encoding, .begin = position, .end = end, .next = NextLine<Units>(text, end)};
     if (first == end) {
         return line;
     }
@@ -117,9 +129,7 @@ ProfileLine ReadLine(TextEncoding encoding, std::string_view text, std::size_t p
             line.kind = ProfileLine::Kind::Key;
             line.hasValue = equals != kNone;
             line.name = Trim<Units>(text, first, line.hasValue ? equals : end);
-            if (line.hasValue) {
-                line.value = Trim<Units>(text, equals + size, end);
-            }
+            line.value = line.hasValue ? Trim<Units>(text, equals + size, end) : std::string_view();
     }
     return line;
 }
@@ -203,6 +213,16 @@ std::wstring DecodeName(const ProfileLine& line) {
         }
     }
     return name;
+}
+
+void AppendLines(const ProfileFormat& format, std::string_view lines, std::string& text) {
+    const bool isEnded = WithUnits(format.encoding, [&]<typename Units>(Units) {
+        return text.size() < Units::kSize || IsBreak(Units::At(text, text.size() - Units::kSize));
+    });
+    if (!lines.empty() && !isEnded && text != ByteOrderMark(format.encoding)) {
+        text += format.lineBreak;
+    }
+    text += lines;
 }
 
 bool HasName(const ProfileLine& line, std::wstring_view name) {

@@ -7,19 +7,28 @@
 
 #include "util/TextEncoding.h"
 
-// One line of a private-profile text, still encoded. Offsets are bytes from the start of the text, the views
-// look into it. CR and LF each end a line, CR LF together end one.
+// One line of a private-profile text, not decoded. Offsets count bytes from the start of the text; the views
+// point into the text. CR, LF and CR LF each end a line. Two examples, with the fields that are set:
+//
+//     "  Key = 'a b' \r\n"   Kind::Key, name "Key", value "'a b'", hasValue
+//     " [ Name ] more\n"    Kind::Section, name "Name"
 struct ProfileLine {
     enum class Kind { Blank, Comment, Section, Key };
 
     Kind kind = Kind::Blank;
     TextEncoding encoding = TextEncoding::Ansi;
-    bool hasValue = false;   // a key followed by "="
-    std::size_t begin = 0;   // of the line, its indentation included
-    std::size_t end = 0;     // of its content
-    std::size_t next = 0;    // behind its line break
-    std::string_view name;   // of a section or key; see DecodeName
-    std::string_view value;  // without blanks round it, quotes kept
+    bool hasValue = false;        // a key followed by "="
+    std::size_t begin = 0;        // of the line, its indentation included
+    std::size_t end = 0;          // of its content
+    std::size_t next = 0;         // behind its line break
+    std::string_view name = {};   // of a section or key; see DecodeName
+    std::string_view value = {};  // without blanks round it, quotes kept
+};
+
+// How the lines of a text are written.
+struct ProfileFormat {
+    TextEncoding encoding = TextEncoding::Ansi;
+    std::string lineBreak = {};  // encoded
 };
 
 // The line that starts at `position`, which is less than the size of `text`.
@@ -32,12 +41,16 @@ struct ProfileLine {
 // The name of a section or key line.
 [[nodiscard]] std::wstring DecodeName(const ProfileLine& line);
 
+// Appends encoded lines to a text, or to a part of one. A last line of `text` that has no line break gets one
+// first.
+void AppendLines(const ProfileFormat& format, std::string_view lines, std::string& text);
+
 // Whether the line's name is `name`, without regard to case.
 [[nodiscard]] bool HasName(const ProfileLine& line, std::wstring_view name);
 
-// Where a name is looked for in a hash table: at `place`, then every `step` further. Alike for all names that
-// HasName takes for the same. Names that differ in a number at their end have neighbouring places, so that
-// numbered sections are entered and found in the order of the memory; `step` leads others out of their way.
+// Hash of a name: its first slot is `place`, and `step` is the probe distance after a collision. Equal for
+// names that HasName takes for equal. Names that end in consecutive numbers get consecutive places, so that
+// numbered sections are found in the order of the memory.
 struct NameHash {
     std::uint32_t place;
     std::uint32_t step;

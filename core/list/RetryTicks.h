@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
-// When something that failed is tried again, counted in the ticks of a timer: no clock that is set back can
-// delay it. After the first failure the next tick tries again, after every further one the second next.
+// Decides in which ticks of a timer a failed action is tried again. It counts ticks, so that setting the
+// clock back cannot delay a try. After the first failure the next tick tries again, after every further one
+// the second next.
 //
 //     failure, tick (try, failure), tick, tick (try, failure), tick, tick (try, success)
 class CRetryTicks {
 public:
-    // To be called once a tick, while something waits: whether this tick is to try.
+    // Call it once in each tick while an action is pending: returns whether to try now.
     [[nodiscard]] bool IsTryDue() noexcept {
         m_left = std::max(m_left - 1, 0);
         return m_left == 0;

@@ -1,4 +1,4 @@
-// The members of the task array that are about a list which other programs save as well.
+// The functions of the task array for a list that other programs save as well.
 
 #include <algorithm>
 #include <map>
@@ -8,7 +8,7 @@
 
 #include "core/list/PrivateProfile.h"
 #include "core/list/ProfileFile.h"
-#include "core/list/TaskListFile.h"
+#include "core/list/TaskSection.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "util/CaseFold.h"
 
@@ -24,8 +24,8 @@ std::wstring ProjectKey(const std::wstring& path) {
     return key;
 }
 
-// Gives the task what the file says of it: the section, and the run of another program when there was one
-// since the task was last read or saved. The user may have reset the last run meanwhile, so that it is older
+// Takes the task's section from the file, and the run of another program if there was one since the task was
+// last read or saved. The user may have reset the last run meanwhile, so that it is older
 // here than in the file although nobody has run the project.
 void TakeOverRun(CSCVShchedulerTask& task, const CSCVShchedulerTask& stored) {
     task.m_strIniSection = stored.m_strIniSection;
@@ -52,7 +52,8 @@ FileResult CSCVShchedulerTaskArray::TakeOverRuns(IFileSystem& files, const std::
 }
 
 void CSCVShchedulerTaskArray::TakeOverRuns(const CPrivateProfile& profile) {
-    // By project; made when the first one is not where it was, because another program has numbered anew.
+    // Section by project; filled when the first task is not in its old section, because another program has
+    // renumbered the sections.
     std::optional<std::map<std::wstring, std::wstring>> sections;
     for (const auto& task : m_tasks) {
         if (task->m_strIniSection.empty()) {
@@ -88,13 +89,13 @@ FileResult CSCVShchedulerTaskArray::TrySaveRun(IFileSystem& files, CSCVShchedule
         files, file,
         [&](CPrivateProfile& profile) {
             isKnown = files.Stamp(file) == m_stamp;
-            task.WriteTo(profile, task.m_strIniSection);
+            CTaskWriter(profile).Write(task, task.m_strIniSection);
         },
         &stamp);
     task.m_bIsRunUnsaved = !saved && !file.empty();
     if (saved) {
         task.m_tStoredRunTime = StoredInstant(task.m_tLastRunTime);
-        // What another program has saved in between is still to be read.
+        // Otherwise another program has saved in between, and its runs are still to be read.
         m_stamp = isKnown ? stamp : std::nullopt;
     }
     return saved;

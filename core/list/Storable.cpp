@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/list/TaskListFile.h"
+#include "core/list/TaskSection.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskSwitches.h"
 #include "util/Utf8.h"
@@ -77,11 +77,18 @@ bool HoldsApostrophe(const CSCVShchedulerTask& task) {
     return task.BuildCommandLine().find(L'\'') != std::wstring::npos;
 }
 
+void AppendDoubledApostrophes(std::wstring_view text, std::wstring& doubled) {
+    for (auto at = text.find(L'\''); at != std::wstring_view::npos; at = text.find(L'\'')) {
+        doubled += text.substr(0, at + 1);
+        doubled += L'\'';
+        text.remove_prefix(at + 1);
+    }
+    doubled += text;
+}
+
 std::wstring DoubledApostrophes(std::wstring_view text) {
     std::wstring doubled;
-    for (const wchar_t unit : text) {
-        doubled.append(unit == L'\'' ? 2 : 1, unit);
-    }
+    AppendDoubledApostrophes(text, doubled);
     return doubled;
 }
 

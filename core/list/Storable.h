@@ -5,8 +5,8 @@
 
 class CSCVShchedulerTask;
 
-// Why the list file would not give this task back as it is, in a few words; empty when it does. The file has
-// no escapes: quotes, overlong texts and control characters do not survive in it. Apostrophes count as
+// Why the list file would change this task, in a few words; empty when the file keeps it as it is. The file
+// has no escapes: quotes, overlong texts and control characters do not survive in it. Apostrophes count as
 // surviving although the file doubles them; see HoldsApostrophe.
 [[nodiscard]] std::string WhyNotStorable(const CSCVShchedulerTask& task);
 
@@ -15,6 +15,7 @@ class CSCVShchedulerTask;
 [[nodiscard]] bool HoldsApostrophe(const CSCVShchedulerTask& task);
 
 // A text as the file holds it: each apostrophe twice.
+void AppendDoubledApostrophes(std::wstring_view text, std::wstring& doubled);
 [[nodiscard]] std::wstring DoubledApostrophes(std::wstring_view text);
 
 // A text without the doubling: each row of apostrophes half as long, rounded up.

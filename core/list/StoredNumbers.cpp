@@ -10,7 +10,7 @@
 
 namespace {
 
-// Takes a sign off the text; true for a minus.
+// Removes a sign from the start of the text; returns true for a minus.
 bool TakeSign(std::wstring_view& text) noexcept {
     const bool isNegative = text.starts_with(L'-');
     if (isNegative || text.starts_with(L'+')) {
@@ -19,7 +19,7 @@ bool TakeSign(std::wstring_view& text) noexcept {
     return isNegative;
 }
 
-// Takes the mark of a base off the text.
+// Removes the mark of a base from the start of the text; returns the base.
 std::uint32_t TakeBase(std::wstring_view& text) noexcept {
     for (const auto& [mark, base] : {std::pair(L"0x", 16U), std::pair(L"0o", 8U), std::pair(L"0b", 2U)}) {
         if (text.starts_with(mark)) {
@@ -30,7 +30,7 @@ std::uint32_t TakeBase(std::wstring_view& text) noexcept {
     return 10;
 }
 
-// 99 for what is no digit of any base.
+// 99 for a character that is not a digit of any base.
 std::uint32_t DigitOf(wchar_t unit) noexcept {
     const wchar_t upper = ToUpper(unit);
     return static_cast<std::uint32_t>(upper >= L'A' && upper <= L'F' ? upper - L'A' + 10
@@ -73,9 +73,10 @@ std::int32_t ParseProfileInt(std::wstring_view text) noexcept {
     return static_cast<std::int32_t>(isNegative ? 0U - number : number);
 }
 
-std::wstring FormatNumber(std::int64_t number) {
+void AppendNumber(std::int64_t number, std::wstring& text) {
     std::array<char, 24> digits{};
-    const char* const begin = digits.data();
     const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    return {begin, end};
+    const std::size_t old = text.size();
+    text.resize(old + static_cast<std::size_t>(end - digits.data()));  // append() would make a copy first
+    std::copy(std::as_const(digits).data(), end, text.begin() + static_cast<std::ptrdiff_t>(old));
 }

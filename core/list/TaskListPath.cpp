@@ -17,7 +17,7 @@ std::wstring ListBesideExecutable(std::wstring path) {
     return path;
 }
 
-// What is left half copied would be taken for the list from then on, so the new one comes in one step.
+// The copy is put in place in one step: a half copied file would be taken for the list from then on.
 void MoveOldList(const std::wstring& from, const std::wstring& to, IFileSystem& files) {
     if (!files.Exists(from) || files.Exists(to)) {
         return;

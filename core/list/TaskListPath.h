@@ -17,7 +17,8 @@ struct stTaskListNames {
     std::wstring executable;
 };
 
-// Where the task list lives: in the local folder, else beside the executable. A list of an earlier version is
-// moved there, the one in the roaming folder before the one beside the executable, unless there is a list; it
-// is deleted only once it has been copied. Failures are not reported: the old list then stays where it is.
+// Where the task list lives: in the local folder, else beside the executable. If there is no list, one of
+// an earlier version is moved there: the one in the roaming folder or, without that, the one beside the
+// executable. It is deleted only once it has been copied. Failures are not reported: the old list then stays
+// where it is.
 std::wstring SettleTaskListPath(const stTaskListNames& names, IFileSystem& files);

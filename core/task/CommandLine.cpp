@@ -8,9 +8,8 @@
 #include "util/CaseFold.h"
 #include "util/Csv.h"
 
-// The extraction program's command line: the only form in which the list keeps a task's project and commands,
-// so what is written here is read back by every version of the program. Its asymmetries are part of that
-// format.
+// The extraction program's command line. It is the only form in which the list keeps a task's project and
+// commands, and every version of the program reads it. Its asymmetries are part of that format.
 
 namespace {
 
@@ -58,7 +57,7 @@ std::wstring_view WithoutOuterQuotes(std::wstring_view text) {
     return text;
 }
 
-// What stands behind the first token that is the switch, without its quotes; nothing without such a token.
+// The rest of the first token that is the switch, without its quotes; nothing when there is no such token.
 std::optional<std::wstring_view> FindArgument(const CCsv& tokens, const TaskSwitch& s) {
     const auto token =
         std::ranges::find_if(tokens, [&s](const std::wstring& candidate) { return Matches(s, candidate); });
@@ -85,7 +84,11 @@ void TakeInputValues(Task& task, std::wstring_view argument) {
 }  // namespace
 
 std::wstring CSCVShchedulerTask::BuildCommandLine() const {
-    std::wstring text = L'"' + m_strProjectPath + L'"';
+    std::wstring text;
+    text.reserve(m_strProjectPath.size() + 64);  // enough for most
+    text += L'"';
+    text += m_strProjectPath;
+    text += L'"';
     for (const TaskSwitch& s : kTaskSwitches) {
         const std::wstring argument = ArgumentOf(*this, s);
         if (!IsWritten(s, this->*s.flag != 0, !argument.empty())) {

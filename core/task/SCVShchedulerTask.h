@@ -26,14 +26,11 @@ public:
 
     // Enabled, without commands or repeats, first run 300 seconds after `now`, until 23:59:59 of `now`'s
     // local day. The texts of the input values command (m_strInputValuesFile, -Id, -Name) keep their value.
-    // Raises what FromLocalTime raises when `now` has no local date.
+    // Throws what FromLocalTime throws when `now` has no local date.
     void Reset(std::int64_t now);
 
     // The quoted project path followed by the extraction program's switches. (core/CommandLine.cpp)
     [[nodiscard]] std::wstring BuildCommandLine() const;
-    // Sets project path, all command flags and the arguments of the switches present; the arguments of absent
-    // switches stay. Always 1.
-    int ParseCommandLine(std::wstring_view text);
 
     // When the task runs next, seen from `now` and with its last run at `lastRun`; 0 is never. The first rule
     // that applies decides (core/schedule/NextRun.cpp):
@@ -48,10 +45,9 @@ public:
     // Start Mon 8 June 08:00, Every 2 hours until 12:00, Mon and Thu ticked, all runs on time:
     //   Mon 08:00, 10:00, 12:00 (14:00 is later than 12:00), Thu 00:00, 02:00, ... 12:00, Mon 00:00 ...
     // The same without ticked days, last run Mon 12:00: 0, also the next morning. With last run Mon 23:30 it
-    // is
-    //   01:30, for that time of day is not later than 12:00.
-    // Throws std::invalid_argument when a rule needs a calendar date that cannot exist, for instance because
-    // the start time lies outside what the system can convert.
+    // is 01:30, because that time of day is not later than 12:00. Throws std::invalid_argument when a rule
+    // needs a calendar date that cannot exist, for instance because the start time lies outside what the
+    // system can convert.
     [[nodiscard]] std::int64_t GetNextRunTime(std::int64_t now, std::int64_t lastRun) const;
     // The same with the task's own last run.
     [[nodiscard]] std::int64_t GetNextRunTime(std::int64_t now) const;
@@ -62,24 +58,28 @@ public:
     // Day number 1 is Sunday, 7 is Saturday; any other gives 0.
     [[nodiscard]] int RepeatsOnWeekday(int dayNumber) const noexcept;
 
-    // Reads the task from a section of a task list file. 0 when there is no such file or it cannot be read
-    // now (the task is untouched then), else 1. (core/TaskListFile.cpp)
+    // Reads the task from a section of a task list file. Returns 0, with the task unchanged, when there is no
+    // such file or it cannot be read now, else 1. (core/list/TaskSection.cpp)
     int LoadFromIni(IFileSystem& files, const std::wstring& file, const std::wstring& section);
-    // Writes the task into its section of the file, replacing the file in one step, and records both names.
-    // An empty file name writes and records nothing. Always 1: a failed write leaves the old file whole and
-    // is not reported.
-    int SaveToIni(IFileSystem& files, const std::wstring& file, const std::wstring& section);
-    // As SaveToIni; Ok when the file now holds the task.
+    // Writes the task into its section of the file, replacing the file in one step, and records both names. A
+    // failure leaves the old file whole. An empty file name writes and records nothing and is a failure.
     [[nodiscard]] FileResult TrySaveToIni(IFileSystem& files, const std::wstring& file,
                                           const std::wstring& section);
 
-    // Starts the extraction program on the project, and records time and result; does not save. 1 when the
-    // program was started, else 0. (core/Launcher.cpp)
+    // Starts the extraction program on the project and records time and result; does not save. Returns 1 when
+    // the program was started, else 0. (core/launch/Launcher.cpp)
     int Run(IShell& shell, const IClock& clock);
+
+    // Functions of the program's interface that always return 1.
+
+    // Sets project path, all command flags and the arguments of the switches present; the arguments of absent
+    // switches stay. (core/task/CommandLine.cpp)
+    int ParseCommandLine(std::wstring_view text);
+    // TrySaveToIni without its result.
+    int SaveToIni(IFileSystem& files, const std::wstring& file, const std::wstring& section);
 
 private:
     friend class CSCVShchedulerTaskArray;
     void ReadFrom(const CPrivateProfile& profile, const std::wstring& file, const std::wstring& section);
-    void WriteTo(CPrivateProfile& profile, const std::wstring& section) const;
     void ClearCommands() noexcept;
 };

@@ -22,7 +22,7 @@ public:
     [[nodiscard]] std::ptrdiff_t GetSize() const noexcept {
         return static_cast<std::ptrdiff_t>(m_tasks.size());
     }
-    // The task stays the array's. Raises std::invalid_argument for an index outside the array.
+    // The task stays the array's. Throws std::invalid_argument for an index outside the array.
     [[nodiscard]] CSCVShchedulerTask* GetAt(std::ptrdiff_t index) const;
     [[nodiscard]] CSCVShchedulerTask* operator[](std::ptrdiff_t index) const { return GetAt(index); }
 
@@ -31,7 +31,7 @@ public:
     std::ptrdiff_t AddTask(const std::wstring& projectPath, std::int64_t now);
     // Appends a task with these fields and returns its index.
     std::ptrdiff_t AddTask(const TaskFields& fields);
-    // As AddTask, at `index`, and returns it; -1 when index > GetSize(). Raises std::invalid_argument when
+    // As AddTask, at `index`, and returns it; -1 when index > GetSize(). Throws std::invalid_argument when
     // index < 0.
     std::ptrdiff_t InsertTask(std::ptrdiff_t index, const std::wstring& projectPath, std::int64_t now);
     // Index of the first task with that project path, without regard to case; -1 when there is none.
@@ -40,25 +40,24 @@ public:
     int RemoveTask(std::wstring_view projectPath);
     // As RemoveTask for each of the paths, in one pass over the array. Returns how many tasks were removed.
     std::size_t RemoveTasks(std::span<const std::wstring> projectPaths);
-    // Returns the new count. Raises std::invalid_argument for an index outside the array.
+    // Returns the new count. Throws std::invalid_argument for an index outside the array.
     std::ptrdiff_t RemoveTaskAt(std::ptrdiff_t index);
     void RemoveAllTasks() noexcept;
 
-    // Replaces the tasks by those of the file. 0, with the array unchanged, when the file does not exist or
-    // cannot be read now; else 1. A file that could not be read is not saved over until a Load of it has
-    // succeeded or found it gone. (core/TaskListFile.cpp)
+    // Replaces the tasks by those of the file. Returns 0, with the array unchanged, when the file does not
+    // exist or cannot be read now; else 1. A file that could not be read is not saved over until a Load of it
+    // has succeeded or found it gone. (core/list/TaskListFile.cpp)
     int Load(IFileSystem& files, const std::wstring& file);
     // As Load; Missing when there is no such file, Busy or Failed when it is there and cannot be read.
     FileResult TryLoad(IFileSystem& files, const std::wstring& file);
-    // Writes all tasks, removes the sections of tasks that are gone, in one step, and records in each task
-    // where it now is. Always 1; when it fails file and records stay as they were.
-    int Save(IFileSystem& files, const std::wstring& file);
-    // As Save; Ok when the file now holds the tasks. For a list that could not be read, why it could not.
+    // Writes all tasks and removes the sections of tasks that are gone, in one step, and records in each task
+    // where it now is. When it fails, file and records stay as they were. For a list that could not be read,
+    // returns why it could not.
     [[nodiscard]] FileResult TrySave(IFileSystem& files, const std::wstring& file);
-    // Takes the place of Load, `edit` and Save in one step: no other program can change the file in between.
-    // The array then holds the tasks of the file (none when it is missing) as `edit` has left them. Unlike
-    // Save it writes only the keys that `edit` has changed, so that apostrophes elsewhere are not doubled.
-    // When it cannot be read or written, and when `edit` throws, which passes through, the file is as it was.
+    // Load, `edit` and Save in one step: no other program can change the file in between. The array then
+    // holds the tasks of the file (none when it is missing) as `edit` has left them. Unlike Save it writes
+    // only the keys that `edit` has changed, so that apostrophes elsewhere are not doubled. When the file
+    // cannot be read or written, or `edit` throws, which passes through, the file stays as it was.
     [[nodiscard]] FileResult TryEdit(IFileSystem& files, const std::wstring& file,
                                      const std::function<void()>& edit);
 
@@ -66,9 +65,9 @@ public:
     // most likely no task list at all.
     [[nodiscard]] bool IsForeign() const noexcept { return m_isForeign; }
 
-    // For a list that other schedulers run as well (core/list/SharedList.cpp): learns the runs that they have
-    // saved since it was last read or saved here, and where they have put its tasks. Does not read a file
-    // that nobody has changed since, so that it may be in use then.
+    // For a list that other schedulers run as well (core/list/SharedList.cpp): reads the runs that they have
+    // saved since the list was last read or saved here, and the sections that its tasks are in now. Does not
+    // read a file that has not changed since, which may then be in use by another program.
     FileResult TakeOverRuns(IFileSystem& files, const std::wstring& file);
     // Saves one task to its section.
     [[nodiscard]] FileResult TrySaveRun(IFileSystem& files, CSCVShchedulerTask& task);
@@ -76,6 +75,9 @@ public:
     [[nodiscard]] bool HasUnsavedRun() const;
     // Copies of the other's tasks take the place of the tasks.
     void CopyFrom(const CSCVShchedulerTaskArray& other);
+
+    // A function of the program's interface: TrySave without its result. Always returns 1.
+    int Save(IFileSystem& files, const std::wstring& file);
 
 private:
     void TakeOverRuns(const CPrivateProfile& profile);

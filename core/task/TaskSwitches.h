@@ -9,10 +9,10 @@
 #include "core/task/TaskFields.h"
 
 // The commands that a task has for the extraction program: everything that command line, list file, checks,
-// options, JSON and window know about a command stands in its row of kTaskSwitches.
+// options, JSON and window know about a command is in its row of kTaskSwitches.
 struct TaskSwitch {
     enum class Argument {
-        None,      // the switch stands alone
+        None,      // the switch has no argument
         Required,  // a file; without it the switch is left out of the command line, although its flag is set
         Optional,  // with or without a text
         Suffices,  // as Optional, and the text writes the switch even when its flag is clear
@@ -60,7 +60,7 @@ inline constexpr TaskSwitch kTaskSwitches[] = {
     {L"ex", "exit", "Close program when finished", &TaskFields::m_bExit},
 };
 
-// The row of a flag, which has to be that of a switch.
+// The row of a flag, which must be the flag of a switch.
 [[nodiscard]] constexpr const TaskSwitch& SwitchOf(std::int32_t TaskFields::*flag) {
     return *std::find_if(std::begin(kTaskSwitches), std::end(kTaskSwitches),
                          [=](const TaskSwitch& row) { return row.flag == flag; });

@@ -51,7 +51,8 @@ TEST(PrivateProfile, SetsKeysInPlaceAndAppendsNewOnes) {
              {"[s]\na=1\na=2\n[s]\na=3\n", {{L"a", L"4"}}, "[s]\na=4\na=2\n[s]\na=3\n"},
              {"[s]\ra=1\r", {{L"b", L"2"}}, "[s]\ra=1\rb=2\r"},
              {"[s]\n", {{L"a", std::wstring(L" \"x\ny\0z' ", 9)}}, "[s]\na= \"x y z' \n"},
-             {"[s]\nb=0\n", {{L"a", L"1"}, {L"b", L"2"}, {L"A", L"3"}}, "[s]\nb=2\na=3\n"},
+             {"[s]\nb=0\n", {{L"a", L"1"}, {L"B", L"2"}}, "[s]\nb=2\na=1\n"},
+             {"[s]\na=1\nb=2\n", {{L"a", L"1\nb=2"}}, "[s]\na=1 b=2\nb=2\n"},
              {"[s]\r\nx=\x80\r\n", {{L"a", L"\u20ac"}}, "[s]\r\nx=\x80\r\na=\x80\r\n"},
              {"[s]\nx=\x80\n", {{L"a", emoji}}, Utf16(L"[s]\nx=\u20ac\na=" + emoji + L"\n")},
              {"", {{L"\u0426", L"v"}}, Utf16(L"[s]\r\n\u0426=v\r\n")},
@@ -68,15 +69,15 @@ TEST(PrivateProfile, SetsKeysInPlaceAndAppendsNewOnes) {
         odd.SetStrings(L"new", Entries{{L"k", emoji}});
         EXPECT_EQ(
             odd.Serialise(),
-            Utf16(L"[a]\nx=\ndd0\n[s]\nK=" + lone + L"\nl=\u0a0d\n[new]\nk=" + emoji + L"\n", encoding) +
-                "!");
+            Utf16(L"[a]\nx=\ndd0\n[s]\nK=" + lone + L"\nl=\u0a0d\n[new]\nk=" + emoji + L"\n", encoding) + "!")
+            << "encoding " << static_cast<int>(encoding);
     }
 }
 
 TEST(PrivateProfile, RemovesTheFirstSectionOfThatName) {
     CPrivateProfile repeated("[s]\nk=1\n;c\n\nl\n[t]\nx=1\n[u]\n[S]\nk=2\n[s]\nk=3");
     for (const wchar_t* name : {L"t", L"S", L"s"}) {
-        EXPECT_TRUE(repeated.RemoveSection(name));
+        EXPECT_TRUE(repeated.RemoveSection(name)) << testing::PrintToString(name);
     }
     EXPECT_FALSE(repeated.RemoveSection(L"t"));
     EXPECT_TRUE(repeated.HasSection(L"s"));

@@ -81,7 +81,7 @@ TEST(TaskListFile, WhatASectionMayHold) {
     CSCVShchedulerTask task(0);
     for (const auto& [lines, numbers] : cases) {
         files.Put(kPath, Section(1, lines));
-        EXPECT_EQ(task.LoadFromIni(files, kPath, L"SCVShchedulerTask1"), 1);
+        EXPECT_EQ(task.LoadFromIni(files, kPath, L"SCVShchedulerTask1"), 1) << lines;
         EXPECT_EQ((std::vector<std::int64_t>{task.m_bEnable, task.m_tStartTime, task.m_tUntilTime,
                                              task.m_nEveryValue, task.m_nEveryUnit}),
                   numbers)
@@ -116,7 +116,7 @@ TEST(TaskListFile, WhichSectionsALoadTakes) {
     for (const auto& [bytes, sections] : cases) {
         List list(bytes);
         list.tasks.AddTask(L"before", 0);
-        EXPECT_EQ(list.tasks.Load(list.files, kPath), 1);
+        EXPECT_EQ(list.tasks.Load(list.files, kPath), 1) << bytes;
         EXPECT_EQ(list.Sections(), sections) << bytes;
     }
 }
