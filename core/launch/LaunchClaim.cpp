@@ -10,6 +10,11 @@ FileResult CLaunchClaim::TryTake() {
     if (IsTaken()) {
         return {};
     }
-    FileResult result = TakeLock(m_files, m_list + L".launch", m_lock);
+    // Another scheduler may know the list by a link to it.
+    std::wstring file;
+    if (!m_files.ResolveLink(m_list, file)) {
+        file = m_list;
+    }
+    FileResult result = TakeLock(m_files, file + L".launch", m_lock);
     return result == FileResult::Status::Busy ? result : FileResult();
 }

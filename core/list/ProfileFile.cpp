@@ -13,7 +13,7 @@ constexpr unsigned kTries = 11;
 constexpr unsigned kLockMilliseconds = 10'000;
 constexpr unsigned kLongestLockPause = 16;
 
-// Together the pauses outlast a hold of one second, which is what virus scanners and backups take.
+// Together the pauses last longer than one second: virus scanners and backups hold a file that long.
 template <typename Call>
 FileResult TryAgainWhileBusy(IFileSystem& files, Call call) {
     FileResult result = call();
@@ -50,14 +50,14 @@ ProfileRead ReadProfile(IFileSystem& files, const std::wstring& path) {
     return {std::move(result), CPrivateProfile(std::move(bytes))};
 }
 
-// Short pauses to the end: processes that save often let go of the lock only for moments.
+// The pauses stay short: a process that saves often releases the lock only for moments.
 FileResult TakeLock(IFileSystem& files, const std::wstring& path, FilePtr& lock) {
     unsigned failures = 0;
     unsigned waited = 0;
     for (unsigned pause = 1;; pause = std::min(2 * pause, kLongestLockPause)) {
         FileResult result = files.CreateLock(path, lock);
-        // While another process is letting go of the lock a refusal can look like one for good, so that
-        // counts from the third on.
+        // While another process is releasing the lock, Windows can report another error than "in use". Such a
+        // failure counts from the third time on.
         const bool isAgain = result == Status::Failed && ++failures < 3;
         if ((!isAgain && result != Status::Busy) || waited >= kLockMilliseconds) {
             return result;
@@ -75,12 +75,16 @@ FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
     if (path.empty()) {
         return {.status = Status::Missing};
     }
+    std::wstring file;
+    if (FileResult resolved = files.ResolveLink(path, file); !resolved) {
+        return resolved;
+    }
     FilePtr lock;
-    if (FileResult locked = TakeLock(files, path + L".lock", lock); !locked) {
+    if (FileResult locked = TakeLock(files, file + L".lock", lock); !locked) {
         return locked;
     }
     std::string old;
-    FileResult read = Read(files, path, old);
+    FileResult read = Read(files, file, old);
     if (!read && read != Status::Missing) {
         return read;
     }
@@ -88,11 +92,11 @@ FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
     edit(profile);
     FileResult saved;
     if (!read || profile.IsEdited()) {
-        saved = files.IsReadOnly(path) ? FileResult{Status::ReadOnly, 0, path}
-                                       : ReplaceFileBytes(files, path, profile.Serialise());
+        saved = files.IsReadOnly(file) ? FileResult{Status::ReadOnly, 0, file}
+                                       : ReplaceFileBytes(files, file, profile.Serialise());
     }
     if (saved && stamp != nullptr) {
-        *stamp = files.Stamp(path);
+        *stamp = files.Stamp(file);
     }
     return saved;
 }

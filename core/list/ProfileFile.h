@@ -9,11 +9,11 @@
 #include "core/list/PrivateProfile.h"
 #include "core/platform/FileSystem.h"
 
-// Private-profile files as a whole: read at once, replaced in one step. Where the file system lets the caller
-// wait, a file that somebody holds is tried again for about a second; elsewhere each call is one try.
+// Reads and replaces private-profile files as a whole. Where the file system lets the caller wait, a file
+// that another program holds is tried again for about a second; elsewhere each call is one try.
 
 struct ProfileRead {
-    // Missing when there is surely no such file; Busy or Failed when it is there and cannot be read.
+    // Missing when there is no such file; Busy or Failed when it exists and cannot be read.
     FileResult result;
     // Set when Ok.
     std::optional<CPrivateProfile> profile;
@@ -23,14 +23,16 @@ struct ProfileRead {
 
 // Takes the lock of the file (path + ".lock"; where waiting is allowed, for some seconds) and holds it while
 // it reads the file afresh (a missing one is empty), lets `edit` change it and puts the result into its
-// place. Other processes respect the lock. Whatever fails, at any moment, the file is the whole old or the
-// whole new one.
+// place. All processes of the program respect the lock. Whatever fails, at any moment, the file holds the
+// whole old or the whole new text.
 //
-// When the result is not Ok the old file stays: the path is empty, somebody has the lock, the file is there
-// and cannot be read, is read-only or cannot be replaced. A text that `edit` leaves as it was counts as
-// saved. What `edit` throws passes through.
+// A symbolic link stays one: all this happens to the file that it points to, whose lock is beside that file.
 //
-// `stamp` receives the stamp of the file as it was saved; no other program has changed it before that.
+// When the result is not Ok the old file stays: the path is empty or a link without a target, somebody has
+// the lock, the file is there and cannot be read, is read-only or cannot be replaced. A text that `edit`
+// leaves as it was counts as saved. What `edit` throws passes through.
+//
+// `stamp` receives the stamp of the saved file, taken under the lock.
 [[nodiscard]] FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
                                             const std::function<void(CPrivateProfile&)>& edit,
                                             std::optional<FileStamp>* stamp = nullptr);
@@ -39,7 +41,6 @@ struct ProfileRead {
 [[nodiscard]] FileResult TakeLock(IFileSystem& files, const std::wstring& path,
                                   std::unique_ptr<IFileSystem::IFile>& lock);
 
-// Puts a file with these bytes into the place of `path` in one step, whatever stood there. When that fails
-// nothing has changed.
+// Creates the file, or replaces it, in one step. A failure changes nothing.
 [[nodiscard]] FileResult ReplaceFileBytes(IFileSystem& files, const std::wstring& path,
                                           std::string_view bytes);

@@ -6,25 +6,25 @@
 #include <string>
 #include <string_view>
 
-// What came of a file call: what the caller can do about it, and what the system said. True when it is Ok.
+// The result of a file call: what the caller can do about it, and the system's error code. True for Ok.
 struct FileResult {
     enum class Status {
         Ok,
-        Missing,   // there is surely nothing of that name
-        Busy,      // somebody else has it; another try may succeed
-        ReadOnly,  // it may not be changed
-        Failed,    // there or not, it cannot be had
+        Missing,   // no file has that name
+        Busy,      // another program has it open; another try may succeed
+        ReadOnly,  // its read-only attribute is set
+        Failed,    // any other failure, whether or not there is a file
     };
 
     Status status = Status::Ok;
-    std::uint32_t error = 0;  // the system's code, on Windows that of GetLastError; 0 when it gave none
-    std::wstring path = {};   // of the file that the failure is about
+    std::uint32_t error = 0;  // on Windows what GetLastError returned; 0 when there was no code
+    std::wstring path = {};   // the file that could not be used
 
     [[nodiscard]] explicit operator bool() const noexcept { return status == Status::Ok; }
     [[nodiscard]] bool operator==(Status other) const noexcept { return status == other; }
 };
 
-// Identifies what a file holds: it differs once another program has replaced or written the file.
+// Identifies the contents of a file: another stamp means that the file was replaced or written.
 struct FileStamp {
     std::uint64_t file = 0;      // the system's number of the file
     std::uint64_t size = 0;      // bytes
@@ -33,9 +33,9 @@ struct FileStamp {
     [[nodiscard]] bool operator==(const FileStamp&) const = default;
 };
 
-// The file calls that a task list needs, one virtual function a call, so that a test can fail each of them in
-// turn. Paths are full Windows paths. No function throws for a failure of the system, and none but Pause
-// waits: whoever calls decides how often a busy file is tried again.
+// The file calls that a task list needs. Each is one virtual function, so that a test can let each of them
+// fail in turn. Paths are full Windows paths. No function throws for a failure of the system, and only Pause
+// waits: the caller decides how often a busy file is tried again.
 class IFileSystem {
 public:
     using Status = FileResult::Status;
@@ -48,9 +48,9 @@ public:
         IFile& operator=(const IFile&) = delete;
         virtual ~IFile() = default;
 
-        // Appends all bytes. A failure leaves an unknown part written.
+        // Appends all bytes. After a failure part of them may have been written.
         [[nodiscard]] virtual FileResult Write(std::string_view bytes) = 0;
-        // Ok once the bytes are on the medium, not only with the system.
+        // Ok once the bytes are on the disk, not only in the system's cache.
         [[nodiscard]] virtual FileResult Flush() = 0;
         [[nodiscard]] virtual FileResult Close() = 0;
     };
@@ -64,24 +64,28 @@ public:
     [[nodiscard]] virtual bool Exists(const std::wstring& path) = 0;
     // True when the file may not be changed (its read-only attribute).
     [[nodiscard]] virtual bool IsReadOnly(const std::wstring& path) = 0;
-    // Can be had of a file that another program holds, too; nothing when there is no such file.
+    // Sets `target` to the path of the file that `path` leads to when links are followed; to `path` itself
+    // when there is no file. Replace does not follow links: it would put a file into the place of the link.
+    // Failed for a link whose target is missing or cannot be reached.
+    [[nodiscard]] virtual FileResult ResolveLink(const std::wstring& path, std::wstring& target) = 0;
+    // Works for a file that another program holds, too; nothing when there is no such file.
     [[nodiscard]] virtual std::optional<FileStamp> Stamp(const std::wstring& path) = 0;
-    // The whole file. A folder or a file too large to be taken into memory is Failed.
+    // Reads the whole file. Failed for a folder and for a file too large for the memory.
     [[nodiscard]] virtual FileResult Read(const std::wstring& path, std::string& bytes) = 0;
-    // A file that only its holder may have open, created when missing and free again once closed, also when
-    // the process is killed. Sets `file` when Ok.
+    // Opens a file for this caller alone, creating it when it is missing. The lock ends when the file is
+    // closed or the process dies. Sets `file` when Ok.
     [[nodiscard]] virtual FileResult CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) = 0;
-    // An empty file for writing, whatever stood there before. Sets `file` when Ok.
+    // Creates an empty file, or empties an existing one, for writing. Sets `file` when Ok.
     [[nodiscard]] virtual FileResult Create(const std::wstring& path, std::unique_ptr<IFile>& file) = 0;
-    // One level only; nothing is reported.
+    // Creates one level only; a failure is not reported.
     virtual void CreateFolder(const std::wstring& folder) = 0;
-    // Puts `from` into the place of `to` in one step and through to the medium.
+    // Renames `from` to `to`, replacing it, in one step. Ok once the change is on the disk.
     [[nodiscard]] virtual FileResult Replace(const std::wstring& from, const std::wstring& to) = 0;
     virtual void Remove(const std::wstring& path) = 0;
-    // Waits before another try; false, at once, when the caller's thread may not wait, so that there is no
+    // Waits before another try. Returns false at once where the calling thread may not wait: then there is no
     // other try.
     [[nodiscard]] virtual bool Pause(unsigned milliseconds) = 0;
-    // What the system's error code means, in the user's language, without a full stop.
+    // The system's text for an error code, in the user's language, without a full stop.
     [[nodiscard]] virtual std::wstring ErrorText(std::uint32_t error) = 0;
 };
 

@@ -11,8 +11,8 @@
 // Files in memory, for tests. Any call can be made to fail, and the power can be cut.
 //
 // Calls are counted from 1 in the order in which they are made: Exists, IsReadOnly, Read, CreateLock, Create,
-// CreateFolder, Write, Flush, Close, Replace and Remove count; Stamp, Pause and destructors do not. Paths
-// compare exactly.
+// CreateFolder, Write, Flush, Close, Replace and Remove count; ResolveLink, Stamp, Pause and destructors do
+// not. Paths compare exactly.
 class CFakeFileSystem : public IFileSystem {
 public:
     static constexpr int kForever = std::numeric_limits<int>::max();
@@ -26,6 +26,9 @@ public:
     void Put(const std::wstring& path, const std::string& bytes) {
         m_files[path] = {bytes, bytes.size(), ++m_created};
     }
+    // A symbolic link. Reading follows it, Replace and Remove are about the link itself.
+    void PutLink(const std::wstring& path, const std::wstring& target) { m_links[path] = target; }
+    [[nodiscard]] bool IsLink(const std::wstring& path) const { return m_links.contains(path); }
     void PutFolder(const std::wstring& path) { m_folders.insert(path); }
     void SetReadOnly(const std::wstring& path) { m_readOnly.insert(path); }
 
@@ -36,7 +39,10 @@ public:
     // A Write of more than so many bytes fails and leaves what fitted.
     void SetCapacity(std::size_t bytes) { m_capacity = bytes; }
     // Calls first to last fail without effect, a Write after half of its bytes.
-    void FailCalls(int first, int last) { m_firstFailure = first, m_lastFailure = last; }
+    void FailCalls(int first, int last) {
+        m_firstFailure = first;
+        m_lastFailure = last;
+    }
     // Cuts the power and restores it: every call works again, and unflushed contents are torn.
     void RestorePower() {
         FailCalls(kForever, kForever);
@@ -54,18 +60,23 @@ public:
     [[nodiscard]] bool IsReadOnly(const std::wstring& path) override {
         return Works() && m_readOnly.contains(path);
     }
+    [[nodiscard]] FileResult ResolveLink(const std::wstring& path, std::wstring& target) override {
+        target = Followed(path);
+        return Result(!IsLink(path) || Has(target) ? Status::Ok : Status::Failed, path);
+    }
     [[nodiscard]] std::optional<FileStamp> Stamp(const std::wstring& path) override {
-        const auto file = m_files.find(path);
+        const auto file = m_files.find(Followed(path));
         return file != m_files.end() ? std::optional(FileStamp{file->second.number}) : std::nullopt;
     }
-    [[nodiscard]] FileResult Read(const std::wstring& path, std::string& bytes) override {
+    [[nodiscard]] FileResult Read(const std::wstring& given, std::string& bytes) override {
+        const std::wstring path = Followed(given);
         const Status status = m_locks.contains(path) ? Status::Busy : Answer(path);
         // When opening fails the caller's bytes are unchanged; when reading fails they hold half of the file.
         if (status != Status::Busy && Has(path)) {
             bytes = Bytes(path).substr(0, status == Status::Ok ? std::string::npos : Bytes(path).size() / 2);
         }
         const bool isThere = Has(path) || m_locks.contains(path);
-        return Result(isThere || status == Status::Failed ? status : Status::Missing, path);
+        return Result(isThere || status == Status::Failed ? status : Status::Missing, given);
     }
     [[nodiscard]] FileResult CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override {
         const Status status = m_locks.contains(path) ? Status::Busy : Answer(path);
@@ -93,6 +104,7 @@ public:
         if (status == Status::Ok) {
             m_files[to] = m_files.extract(from).mapped();
             m_readOnly.erase(to);
+            m_links.erase(to);
             ++m_replacements;
         }
         return Result(status, to);
@@ -161,6 +173,10 @@ private:
                 return {status, kDenied, path};
         }
     }
+    [[nodiscard]] std::wstring Followed(const std::wstring& path) const {
+        const auto link = m_links.find(path);
+        return link != m_links.end() ? link->second : path;
+    }
     // Counts a call.
     bool Works() {
         ++m_calls;
@@ -180,6 +196,7 @@ private:
     }
 
     std::map<std::wstring, File> m_files;
+    std::map<std::wstring, std::wstring> m_links;  // the file that each points to
     std::set<std::wstring> m_folders, m_readOnly, m_locks;
     std::map<std::wstring, int> m_held;
     std::size_t m_capacity = std::numeric_limits<std::size_t>::max();

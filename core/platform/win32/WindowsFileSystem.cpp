@@ -25,8 +25,8 @@ std::wstring ToSystemPath(const std::wstring& path) {
     return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
 
-// Windows says "access denied" of a folder, of a file that somebody holds or that is about to go, and where
-// the user has no rights.
+// Windows reports "access denied" for a folder, for a file that another program holds or that is being
+// deleted, and where the user has no rights.
 Status StatusOfDenied(const std::wstring& systemPath) {
     const DWORD attributes = GetFileAttributesW(systemPath.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
@@ -35,7 +35,7 @@ Status StatusOfDenied(const std::wstring& systemPath) {
     return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? Status::Failed : Status::Busy;
 }
 
-// What an error says about a file that could not be opened or replaced.
+// The status for the error of a call that could not open or replace a file.
 Status StatusOf(DWORD error, const std::wstring& systemPath) {
     switch (error) {
         case ERROR_FILE_NOT_FOUND:
@@ -59,7 +59,7 @@ FileResult LastFailure(const std::wstring& path) {
     return {StatusOf(error, ToSystemPath(path)), error, path};
 }
 
-// A call on an open file: another try would fare no better.
+// For a call on an open file: another try would fail as well.
 FileResult ResultOfOpen(bool succeeded, const std::wstring& path) {
     const DWORD error = succeeded ? 0 : GetLastError();
     return succeeded ? FileResult() : FileResult{Status::Failed, error, path};
@@ -113,7 +113,36 @@ FileResult OpenToWrite(const std::wstring& path, DWORD access, DWORD disposition
     return result;
 }
 
-// Whether the file was given entries of its own, beside those that its folder hands down.
+bool IsSymbolicLink(const std::wstring& systemPath) {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = FindFirstFileW(systemPath.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    FindClose(search);
+    // Other reparse points, such as those of files kept online, are files for whoever replaces them.
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           found.dwReserved0 == IO_REPARSE_TAG_SYMLINK;
+}
+
+// Without the prefix for long paths, which ToSystemPath adds where it is needed.
+std::wstring WithoutSystemPrefix(const std::wstring& path) {
+    constexpr std::wstring_view kShare = L"\\\\?\\UNC\\";
+    constexpr std::wstring_view kPrefix = L"\\\\?\\";
+    if (path.starts_with(kShare)) {
+        return L"\\\\" + path.substr(kShare.size());
+    }
+    return path.starts_with(kPrefix) ? path.substr(kPrefix.size()) : path;
+}
+
+// The path of an open file with all links followed; empty when the system has none.
+std::wstring FinalPath(HANDLE file) {
+    std::wstring path(GetFinalPathNameByHandleW(file, nullptr, 0, 0), L'\0');
+    path.resize(GetFinalPathNameByHandleW(file, path.data(), static_cast<DWORD>(path.size()), 0));
+    return WithoutSystemPrefix(path);
+}
+
+// Whether the file has entries of its own, beside those inherited from its folder.
 bool HasExplicitEntry(PACL list) {
     for (DWORD i = 0; i < list->AceCount; ++i) {
         void* entry = nullptr;
@@ -146,8 +175,8 @@ void CopyAccessList(const std::wstring& from, std::wstring to) {
     LocalFree(descriptor);
 }
 
-// Gives the file that is to take the other's place what the user sees of that: hidden, system, not indexed,
-// and who may use it. What cannot be had is left out, for a save is worth more than an attribute.
+// Copies the attributes hidden, system and not indexed, and the access list, to the file that will replace
+// `from`. A failure is ignored: a save is worth more than an attribute.
 void CopyProtection(const std::wstring& from, const std::wstring& to) {
     constexpr DWORD kKept =
         FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
@@ -172,8 +201,25 @@ bool CWindowsFileSystem::IsReadOnly(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
 }
 
+FileResult CWindowsFileSystem::ResolveLink(const std::wstring& path, std::wstring& target) {
+    target = path;
+    CFileHandle file;
+    FileResult opened =
+        Open(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING, 0, file);
+    const std::wstring final = opened ? FinalPath(file.Get()) : std::wstring();
+    if (!final.empty()) {
+        target = final;
+        return {};
+    }
+    if (!IsSymbolicLink(ToSystemPath(path))) {
+        return {};
+    }
+    // Not Missing: the link is there.
+    return {Status::Failed, opened ? DWORD{ERROR_PATH_NOT_FOUND} : opened.error, path};
+}
+
 std::optional<FileStamp> CWindowsFileSystem::Stamp(const std::wstring& path) {
-    // No access to the contents is asked for, so that nobody's sharing mode stands against it.
+    // Asks for no access to the contents, so that no sharing mode of another program can refuse it.
     CFileHandle file;
     BY_HANDLE_FILE_INFORMATION found{};
     if (!Open(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING, 0, file) ||
@@ -215,14 +261,14 @@ FileResult CWindowsFileSystem::Read(const std::wstring& path, std::string& bytes
 }
 
 FileResult CWindowsFileSystem::CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) {
-    // The system removes the file with its last handle, so a process that is killed leaves no lock; a file
-    // that a power cut left behind is simply opened.
+    // The system deletes the file with its last handle, so a process that is killed leaves no lock. A file
+    // that a power cut left behind is opened again.
     return OpenToWrite(path, GENERIC_WRITE | DELETE, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, file);
 }
 
 FileResult CWindowsFileSystem::Create(const std::wstring& path, std::unique_ptr<IFile>& file) {
     FileResult result = OpenToWrite(path, GENERIC_WRITE, CREATE_ALWAYS, 0, file);
-    // One that is hidden, left behind by a power cut before it took the place of a hidden file, is refused.
+    // A hidden file is refused. One can be left behind by a power cut before it replaced a hidden list.
     if (result.error == ERROR_ACCESS_DENIED &&
         SetFileAttributesW(ToSystemPath(path).c_str(), FILE_ATTRIBUTE_NORMAL) != FALSE) {
         result = OpenToWrite(path, GENERIC_WRITE, CREATE_ALWAYS, 0, file);
@@ -238,7 +284,7 @@ FileResult CWindowsFileSystem::Replace(const std::wstring& from, const std::wstr
     const std::wstring fresh = ToSystemPath(from);
     const std::wstring target = ToSystemPath(to);
     CopyProtection(target, fresh);
-    // Not ReplaceFileW, which keeps all that by itself and has moments in which nothing bears the name.
+    // Not ReplaceFileW: it copies all that by itself, but for a moment no file has the name.
     return MoveFileExW(fresh.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
                ? FileResult()
                : LastFailure(to);

@@ -18,6 +18,7 @@ public:
 
     [[nodiscard]] bool Exists(const std::wstring& path) override;
     [[nodiscard]] bool IsReadOnly(const std::wstring& path) override;
+    [[nodiscard]] FileResult ResolveLink(const std::wstring& path, std::wstring& target) override;
     [[nodiscard]] std::optional<FileStamp> Stamp(const std::wstring& path) override;
     [[nodiscard]] FileResult Read(const std::wstring& path, std::string& bytes) override;
     [[nodiscard]] FileResult CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) override;

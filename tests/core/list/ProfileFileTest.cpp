@@ -77,6 +77,25 @@ TEST(ProfileFile, WhoeverHoldsTheLockSavesAlone) {
     EXPECT_TRUE(disk.Save());
 }
 
+TEST(ProfileFile, ALinkStaysAndItsTargetIsSaved) {
+    const std::wstring link = L"D:\\link.ini";
+    Disk disk;
+    disk.PutLink(link, kPath);
+    std::unique_ptr<IFileSystem::IFile> lock;
+    EXPECT_TRUE(LockAndEditProfile(disk, link, [&](CPrivateProfile& profile) {
+        EXPECT_EQ(disk.CreateLock(kPath + L".lock", lock), IFileSystem::Status::Busy) << "one lock for both";
+        SetNew(profile);
+    }));
+    EXPECT_TRUE(disk.IsLink(link));
+    EXPECT_EQ(disk.Bytes(kPath), kNew);
+    EXPECT_EQ(disk.FileCount(), 1U);
+
+    disk.Remove(kPath);
+    EXPECT_FALSE(LockAndEditProfile(disk, link, SetNew)) << "the target may be back tomorrow";
+    EXPECT_TRUE(disk.IsLink(link));
+    EXPECT_EQ(disk.FileCount(), 0U);
+}
+
 TEST(ProfileFile, MakesAMissingFileOnlyWhenNeeded) {
     CFakeFileSystem files;
     EXPECT_TRUE(LockAndEditProfile(files, kPath, [](CPrivateProfile&) {}));

@@ -34,6 +34,30 @@ protected:
         profile.SetStrings(L"a", {&entry, 1});
     }
 
+    // Wine has no CreateSymbolicLink that makes one, but follows those of its host.
+    static void MakeLink(const std::wstring& link, const std::wstring& target) {
+        using UnixName = char*(__cdecl*)(const wchar_t*);
+        const auto unixName = reinterpret_cast<UnixName>(reinterpret_cast<void*>(
+            GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "wine_get_unix_file_name")));
+        if (unixName == nullptr) {
+            ASSERT_TRUE(CreateSymbolicLinkW(link.c_str(), target.c_str(), 0));
+            return;
+        }
+        const auto quoted = [&](const std::wstring& path) {
+            return L" \"" + std::filesystem::path(unixName(path.c_str())).wstring() + L'"';
+        };
+        std::wstring command = L"ln -s" + quoted(target) + quoted(link);
+        STARTUPINFOW start{};
+        start.cb = sizeof(start);
+        PROCESS_INFORMATION started{};
+        ASSERT_TRUE(CreateProcessW(L"\\\\?\\unix\\bin\\ln", command.data(), nullptr, nullptr, FALSE, 0,
+                                   nullptr, nullptr, &start, &started));
+        // There is no handle of a process of the host to wait for.
+        while (GetFileAttributesW(link.c_str()) == INVALID_FILE_ATTRIBUTES) {
+            SwitchToThread();
+        }
+    }
+
     const TemporaryFolder folder;
     const std::wstring path = folder.File(L"a.ini", "[a]\r\nk=old\r\n");
     const std::string kNew = "[a]\r\nk=new\r\n";
@@ -50,8 +74,8 @@ TEST_F(WindowsFileSystem, TellsWhyACallCouldNot) {
     for (const DWORD share : {DWORD{FILE_SHARE_READ | FILE_SHARE_WRITE}, DWORD{0}}) {
         const CFileHandle held(
             CreateFileW(path.c_str(), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr));
-        EXPECT_EQ(files.Read(path, bytes), share != 0 ? Status::Ok : Status::Busy);
-        EXPECT_EQ(files.Replace(other, path), Status::Busy);
+        EXPECT_EQ(files.Read(path, bytes), share != 0 ? Status::Ok : Status::Busy) << "sharing " << share;
+        EXPECT_EQ(files.Replace(other, path), Status::Busy) << "sharing " << share;
     }
 }
 
@@ -70,6 +94,22 @@ TEST_F(WindowsFileSystem, ReplacesTheFileWholeOrNotAtAll) {
     EXPECT_EQ(BytesOf(path), kNew);
     SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+}
+
+TEST_F(WindowsFileSystem, SavesTheTargetOfALink) {
+    const std::wstring link = folder.Path(L"link.ini");
+    ASSERT_NO_FATAL_FAILURE(MakeLink(link, path));
+    EXPECT_TRUE(LockAndEditProfile(files, link, [&](CPrivateProfile& profile) {
+        EXPECT_EQ(files.CreateLock(path + L".lock", file), Status::Busy) << "the lock is the target's";
+        SetNew(profile);
+    }));
+    EXPECT_EQ(BytesOf(path), kNew);
+    EXPECT_TRUE(
+        LockAndEditProfile(files, link, [](CPrivateProfile& profile) { profile.RemoveSection(L"a"); }));
+    EXPECT_EQ(BytesOf(path), "") << "it is still a link";
+    // The folder could not be removed under Wine while it holds a link.
+    EXPECT_TRUE(files.Replace(folder.File(L"other.ini", "other"), link));
+    EXPECT_EQ(BytesOf(path), "");
 }
 
 TEST_F(WindowsFileSystem, TakesPathsLongerThanMaxPath) {
