@@ -83,15 +83,20 @@ TEST(Dialog, ModalRunsUntilItIsAnswered) {
     ASSERT_TRUE(owner.Create(IDD_TEST));
     CWinApp app;
     app.m_pMainWnd = &owner;
-    const std::pair<INT_PTR, std::function<void(TestDialog & dialog)>> cases[] = {
-        {IDOK, [](TestDialog& d) { d.PostMessage(WM_KEYDOWN, VK_RETURN); }},
-        {IDCANCEL, [](TestDialog& d) { d.PostMessage(WM_KEYDOWN, VK_ESCAPE); }},
-        {IDCANCEL, [](TestDialog& d) { d.PostMessage(WM_CLOSE); }},
-        {7, [](TestDialog& d) { d.EndDialog(7); }},
-        {IDCANCEL, [](TestDialog& d) { d.DestroyWindow(); }},
-        {IDCANCEL, [](TestDialog&) { PostQuitMessage(3); }},
+    const struct {
+        const char* label;
+        INT_PTR result;
+        std::function<void(TestDialog& dialog)> act;
+    } cases[] = {
+        {"Enter", IDOK, [](TestDialog& d) { d.PostMessage(WM_KEYDOWN, VK_RETURN); }},
+        {"Escape", IDCANCEL, [](TestDialog& d) { d.PostMessage(WM_KEYDOWN, VK_ESCAPE); }},
+        {"close box", IDCANCEL, [](TestDialog& d) { d.PostMessage(WM_CLOSE); }},
+        {"EndDialog", 7, [](TestDialog& d) { d.EndDialog(7); }},
+        {"destroyed", IDCANCEL, [](TestDialog& d) { d.DestroyWindow(); }},
+        {"end of the program", IDCANCEL, [](TestDialog&) { PostQuitMessage(3); }},
     };
-    for (const auto& [result, act] : cases) {
+    for (const auto& [label, result, act] : cases) {
+        SCOPED_TRACE(label);
         TestDialog dialog;
         dialog.onInit = [&, &act = act] {
             EXPECT_FALSE(owner.IsWindowEnabled());

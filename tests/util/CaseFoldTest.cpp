@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(CaseFold, OrderIsThatOfTheUpperCaseUnitsThenOfTheLength) {
+TEST(CaseFold, OrdersByUpperCaseUnitsThenLength) {
     EXPECT_LT(CompareNoCase(L"abc", L"ABCD"), 0);
     EXPECT_LT(CompareNoCase(L"z", L"_"), 0) << "letters stand before the underscore, as their capitals do";
 }

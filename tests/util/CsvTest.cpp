@@ -33,7 +33,7 @@ TEST(Csv, SplitsAtSeparatorsOutsideQuotes) {
     CCsv csv;
     for (const auto& c : cases) {
         const std::int32_t count = csv.Split(c.text, c.separator, c.quotes != None, c.quotes == Anywhere);
-        EXPECT_THROW((void)csv.GetAt(count), std::invalid_argument);
+        EXPECT_THROW((void)csv.GetAt(count), std::invalid_argument) << testing::PrintToString(c.text);
         EXPECT_EQ(std::vector<std::wstring>(csv.begin(), csv.end()), c.fields)
             << testing::PrintToString(c.text);
     }

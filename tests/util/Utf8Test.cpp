@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(Utf8, TextSurvivesBothWaysAndWhatIsNotValidBecomesTheReplacementCharacter) {
+TEST(Utf8, InvalidBytesBecomeReplacementCharacters) {
     const std::wstring text = L"a\u00e9\u0426\u4fa1\xd83d\xde00z";
     const std::string bytes = "a\xC3\xA9\xD0\xA6\xE4\xBE\xA1\xF0\x9F\x98\x80z";
     EXPECT_EQ(ToUtf8(text), bytes);

@@ -13,7 +13,7 @@ TEST(Launcher, StartsTheProgramOfTheExtension) {
     task.m_bStart = 1;
     for (const wchar_t* project : {L"C:\\my p\\a.SCVPR", L"b.OslPr", L"c.txt", L"d.none"}) {
         task.m_strProjectPath = project;
-        EXPECT_EQ(task.Run(shell, FakeClock()), *project == L'd' ? 0 : 1);
+        EXPECT_EQ(task.Run(shell, FakeClock()), *project == L'd' ? 0 : 1) << testing::PrintToString(project);
     }
     EXPECT_EQ(task.m_strLastRunResult, L"Failure to run ''");
     EXPECT_EQ(shell.starts, (std::vector<FakeShell::Start>{{L"C:\\scrivane.exe", L"\"C:\\my p\\a.SCVPR\" -s"},

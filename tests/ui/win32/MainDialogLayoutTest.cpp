@@ -24,7 +24,7 @@ public:
     using CSCVSchedulerDlg::TemplateClientSize;
 };
 
-TEST_P(MainDialogLayout, CutsNothingOffAndOverlapsNothingAtAnySize) {
+TEST_P(MainDialogLayout, CutsOffAndOverlapsNothingAtAnySize) {
     ExpectNothingCutOff({{IDC_START_DATE, L"30/12/2026"},
                          {IDC_START_TIME, L"23:59"},
                          {IDC_UNTIL_TIME, L"23:59"},

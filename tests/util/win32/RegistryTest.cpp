@@ -17,7 +17,7 @@ TEST(Registry, TextsComeBackUpToTheLimit) {
     for (const auto& [bytes, text] : stored) {
         RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), L"v", REG_BINARY, bytes.data(),
                         static_cast<DWORD>(bytes.size()));
-        EXPECT_EQ(RegReadString(HKEY_CURRENT_USER, key, L"v", read), 1);
+        EXPECT_EQ(RegReadString(HKEY_CURRENT_USER, key, L"v", read), 1) << bytes;
         EXPECT_EQ(read, text) << bytes;
     }
     read = L"kept";
