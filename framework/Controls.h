@@ -64,7 +64,7 @@ public:
 class CEdit : public CWnd {
 public:
     using CWnd::CWnd;
-    // Start and end; the end does not tell where the caret is.
+    // Start and end; the caret may be at either.
     [[nodiscard]] std::pair<DWORD, DWORD> GetSel() const {
         std::pair<DWORD, DWORD> selection{};
         SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&selection.first),
@@ -75,6 +75,6 @@ public:
     void ReplaceSel(const std::wstring& text, bool canUndo) const {
         SendMessage(EM_REPLACESEL, canUndo ? TRUE : FALSE, reinterpret_cast<LPARAM>(text.c_str()));
     }
-    // 0 takes the limit away.
+    // 0 removes the limit.
     void SetLimitText(UINT characters) const { SendMessage(EM_SETLIMITTEXT, characters); }
 };

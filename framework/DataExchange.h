@@ -8,7 +8,8 @@
 
 #include "framework/Wnd.h"
 
-// Ends what the program was doing, after the user was told why. Not an error: nothing more is shown.
+// Thrown to end the current action after a message box has shown the reason. Not an error: nothing more is
+// shown.
 class CUserException {};
 
 // The wrappers that are bound to the controls of a window.
@@ -35,8 +36,8 @@ public:
         : m_pDlgWnd(&dialog), m_pBoundControls(bound), m_bSaveAndValidate(saveAndValidate) {}
     // The control's handle.
     [[nodiscard]] HWND PrepareCtrl(int id) const;
-    // Ends the exchange, after the user was told why: the control gets the focus, with its text selected, and
-    // UpdateData returns FALSE. Members that were read before keep their new values.
+    // Ends the exchange, after a message box has shown the reason: the control gets the focus, with its text
+    // selected, and UpdateData returns FALSE. Members that were read before keep their new values.
     [[noreturn]] void Fail(int id) const;
 
     CWnd* m_pDlgWnd;
@@ -49,8 +50,8 @@ void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
 // A check box; any value but 0 ticks it, and reading gives 0 or 1.
 void DDX_Check(CDataExchange* exchange, int id, std::int32_t& value);
 void DDX_Text(CDataExchange* exchange, int id, std::wstring& value);
-// Lets an edit box take no more characters from its user, and tells him when it holds more nevertheless.
-// Stands right after the DDX_Text of the same control and value.
+// Limits the characters that can be typed into an edit box, and reports a longer text in a message box. Call
+// it right after the DDX_Text of the same control and value.
 void DDV_MaxChars(CDataExchange* exchange, int id, const std::wstring& value, int maximum);
 // A decimal number. Reading skips blanks and stops at the first character that is no digit; without digits
 // the number is 0, and one out of range the nearest in range.

@@ -10,7 +10,8 @@
 
 namespace {
 
-// The dialog whose window is being made: the first message arrives before anything could tell whose it is.
+// The dialog whose window is being made: the first message arrives before the window is known to belong to
+// it.
 CDialog* g_creating = nullptr;
 
 void RegisterControls() {
@@ -78,7 +79,8 @@ INT_PTR CDialog::DoModal() {
                 break;
             }
         }
-        // The owner is enabled before the dialog goes, or the system would activate another program's window.
+        // The owner is enabled before the dialog is destroyed, or the system would activate another program's
+        // window.
     }
     m_modal = false;
     if (disabled) {

@@ -10,7 +10,7 @@
 // the object destroys its window. A derived class whose handlers must still see that destruction calls
 // DestroyWindow in its own destructor.
 //
-// What a handler throws is shown once in a message box, and the program goes on.
+// An exception from a handler is shown once in a message box, and the program continues.
 class CDialog : public CWnd {
 public:
     explicit CDialog(UINT templateId, CWnd* parent = nullptr) noexcept
@@ -28,7 +28,7 @@ public:
 
     // Moves the controls' contents into the members (TRUE) or back (FALSE) by DoDataExchange. Notifications
     // that the controls send meanwhile are not dispatched. FALSE when there is no window, and when a value
-    // was refused, which the user was told.
+    // was refused, after a message box has shown the reason.
     BOOL UpdateData(BOOL saveAndValidate = TRUE);
 
     // Handles the dialog's keys.

@@ -2,12 +2,12 @@
 
 #include <exception>
 
-// Shows the text of what a handler threw (UTF-8; null for something that carries none). While such a box is
-// open, further ones are dropped: a handler that fails on every timer tick does not pile them up.
+// Shows the text of an exception that a handler threw (UTF-8; null for one without a text). While such a box
+// is open, further ones are dropped: a handler that fails on every timer tick does not pile them up.
 void AfxReportException(const char* text) noexcept;
 
-// Runs `function` and lets nothing out that it throws: the error is shown and the answer is false. No
-// exception may pass a window procedure, because the system's frames lie between it and the next handler.
+// Runs `function`. An exception is caught and shown, and the result is false then. No exception may pass a
+// window procedure, because the system's frames lie between it and the next handler.
 template <class Function>
 bool AfxRunGuarded(Function&& function) noexcept {
     try {

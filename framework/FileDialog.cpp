@@ -26,13 +26,13 @@ bool Ask(bool open, OPENFILENAMEW& record) {
     return ask(&record) != 0;
 }
 
-// The answer of a dialog for one file: a path that ends with one zero. Behind it the rest of what the buffer
-// held before still stands.
+// The result of a dialog for one file: a path that ends with one NUL. The rest of the buffer keeps what it
+// held before.
 std::vector<std::wstring> ReadPath(const wchar_t* buffer) {
     return {buffer};
 }
 
-// The answer of a dialog for several files: a single path, or a folder and the names in it. The list ends
+// The result of a dialog for several files: a single path, or a folder and the names in it. The list ends
 // with an empty text.
 std::vector<std::wstring> ReadPaths(const wchar_t* buffer) {
     std::vector<std::wstring> paths;

@@ -10,7 +10,7 @@
 
 #include "framework/Wnd.h"
 
-// The system's dialog for choosing files. It only answers paths; nothing is opened or written.
+// The system's dialog for choosing files. It only returns paths; it opens and writes nothing.
 class CFileDialog {
 public:
     // `open` chooses between the open and the save form; `fileName` is what the name box starts with;
@@ -21,10 +21,10 @@ public:
 
     // The folder that is shown first, unless the file name brings its own.
     void SetInitialFolder(const std::wstring& folder) { m_folder = folder; }
-    // Room for the answer in characters, folder and all names together; 32,768 unless told.
+    // Size of the result's buffer in characters, for the folder and all names together; 32,768 unless set.
     void SetBufferSize(DWORD characters) { m_bufferSize = characters; }
 
-    // IDOK or IDCANCEL; an answer that does not fit is a cancel.
+    // IDOK or IDCANCEL; IDCANCEL also when the result does not fit.
     INT_PTR DoModal();
 
     // After IDOK: the chosen path, the first one of several.
@@ -46,7 +46,7 @@ private:
     std::vector<std::wstring> m_paths;
 };
 
-// What answers in place of the system: a test fills in the record's file buffer instead of waiting for a
-// user. An empty function is the system's own dialogs. Returns the function that stood before.
+// Replaces the system's dialogs: a test fills in the record's file buffer instead of waiting for a user. An
+// empty function restores the system's dialogs. Returns the function set before.
 using FileDialogFunction = std::function<bool(bool open, OPENFILENAMEW& record)>;
 FileDialogFunction AfxSetFileDialog(FileDialogFunction function);

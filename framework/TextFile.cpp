@@ -30,7 +30,7 @@ std::wstring FailureText(DWORD error, const std::wstring& path) {
     return (SystemErrorText(error) + L"\r\n" + path).substr(0, kLongestMessage);
 }
 
-// False when the user gives up, or the box went without an answer because the program is ending.
+// False when the user gives up, or the box closed without an answer because the program is ending.
 bool AsksToRetry(DWORD error, const std::wstring& path) {
     return AfxMessageBox(FailureText(error, path), MB_RETRYCANCEL | MB_ICONERROR) == IDRETRY;
 }

@@ -18,5 +18,6 @@
 int SaveTextFile(const std::wstring& text, const std::wstring& path, bool append);
 
 // Writes a file, or adds to its end, and makes the folders that are missing. 1 when everything is written. 0
-// when the user cancelled, or when writing failed: then a box has told why, and the file is left as it is.
+// when the user cancelled, or when writing failed: then a box has shown the reason, and the file is
+// unchanged.
 int WriteBytesToFile(const void* data, std::size_t length, const std::wstring& path, bool append);

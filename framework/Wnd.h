@@ -54,7 +54,7 @@ public:
     // In screen coordinates.
     [[nodiscard]] RECT GetWindowRect() const;
     void Invalidate(BOOL erase = TRUE) const {
-        // A null handle stands for every window of the desktop.
+        // A null handle would mean every window of the desktop.
         if (m_hWnd != nullptr) {
             ::InvalidateRect(m_hWnd, nullptr, erase);
         }

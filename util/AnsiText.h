@@ -5,7 +5,7 @@
 
 // The system's ANSI code page (natively, where there is none, Windows-1252).
 
-// Bytes that the code page does not assign become what the system makes of them; never raises.
+// Bytes that the code page does not assign are converted as the system decides. Never throws.
 [[nodiscard]] std::wstring DecodeAnsi(std::string_view bytes);
 
 // False, with `bytes` unspecified, when the code page cannot hold every character exactly.

@@ -7,7 +7,7 @@
 #include <vector>
 
 // An ordered, growable array of wide strings with the accessors that a Windows C++ developer expects. An
-// index outside the array raises std::invalid_argument.
+// index outside the array throws std::invalid_argument.
 class CStringArray {
 public:
     [[nodiscard]] std::ptrdiff_t GetSize() const noexcept {

@@ -18,7 +18,7 @@ enum class TextEncoding { Ansi, Utf8, Utf16LE, Utf16BE };
     return encoding == TextEncoding::Utf16LE || encoding == TextEncoding::Utf16BE ? 2 : 1;
 }
 
-// Appends the UTF-16 form of `bytes`, which hold no byte-order mark. Never raises for bad text: a byte that
+// Appends the UTF-16 form of `bytes`, which hold no byte-order mark. Never throws for bad text: a byte that
 // is no valid UTF-8 becomes U+FFFD, lone surrogates of UTF-16 are kept, an odd last byte of UTF-16 is
 // ignored.
 void AppendDecoded(TextEncoding encoding, std::string_view bytes, std::wstring& text);

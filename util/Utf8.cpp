@@ -33,7 +33,7 @@ void AppendUtf8(std::string& bytes, char32_t point) {
     }
 }
 
-// The code point at the start of `bytes` and its length; length 1 and the replacement for what is not valid.
+// The code point at the start of `bytes` and its length; length 1 and U+FFFD for a byte that is not valid.
 char32_t DecodePoint(std::string_view bytes, std::size_t& length) {
     const auto byteAt = [bytes](std::size_t i) { return static_cast<std::uint8_t>(bytes[i]); };
     const std::uint8_t first = byteAt(0);

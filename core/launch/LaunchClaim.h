@@ -5,9 +5,10 @@
 
 #include "core/platform/FileSystem.h"
 
-// The claim to launch a list's due projects: of all programs that share the list, also in other sessions of
-// the user, one at a time has it. It is a lock file beside the list (path + ".launch"), so that the system
-// releases it when its process dies. One object a scheduler and list.
+// The claim to launch a list's due projects. Of all programs that use the list, also in other sessions of the
+// user, one at a time has it. It is a lock file beside the list (path + ".launch", of the file itself
+// where the path is a symbolic link), so that the system releases it when its process dies. Use one object
+// for each scheduler and list.
 class CLaunchClaim {
 public:
     // `files` outlives the object. `list` is the path of the task list file.
@@ -15,8 +16,8 @@ public:
 
     [[nodiscard]] const std::wstring& List() const noexcept { return m_list; }
     // Takes the claim unless this object has it already; where waiting is allowed it waits for some seconds.
-    // Busy when another program has it. Ok also where nobody can have it, because the list's folder takes no
-    // files or is gone: what is due has to run there, too.
+    // Busy when another program has it. Ok also where no lock can be created, because the list's folder is
+    // not writable or gone: due projects have to run there, too.
     [[nodiscard]] FileResult TryTake();
     void Release() noexcept { m_lock.reset(); }
     [[nodiscard]] bool IsTaken() const noexcept { return m_lock != nullptr; }

@@ -79,7 +79,7 @@ FileResult RunSchedulingPass(CSCVShchedulerTaskArray& tasks, const CPlatform& pl
     RefreshTimeZone();
     const std::int64_t now = platform.clock.Now();
     CPassClaim passClaim(claim, tasks, platform.files);
-    // What is called for a run may change the array: its count is asked for each time.
+    // `onRun` may change the array, so its size is read each time.
     for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
         CSCVShchedulerTask& task = *tasks[i];
         if (!IsDue(task, now)) {

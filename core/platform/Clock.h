@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-// Where core learns what time it is. Instants are signed seconds since 1970-01-01 UTC.
+// Source of the current time. Instants are signed seconds since 1970-01-01 UTC.
 class IClock {
 public:
     IClock() = default;
@@ -13,7 +13,7 @@ public:
     [[nodiscard]] virtual std::int64_t Now() const = 0;
 };
 
-// The machine's clock: the only place that asks for it.
+// The machine's clock. Nothing else reads it.
 class CSystemClock final : public IClock {
 public:
     [[nodiscard]] std::int64_t Now() const override;

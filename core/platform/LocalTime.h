@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-// The system's local time, by the C run-time's 64-bit functions. Nothing else of the program calls those.
+// The system's local time, by the C run-time's 64-bit functions. Nothing else in the program calls these.
 
 // A broken-down local time. A conversion that fails, or leaves the years 1 to 9999, gives the values of this
 // default: -1 for hour, minute and second, 0 for everything else.
@@ -16,20 +16,20 @@ struct LocalTime {
     int second = -1;
 };
 
-// Never raises; see LocalTime for an instant that has no local time.
+// Never throws; see LocalTime for an instant that has no local time.
 [[nodiscard]] LocalTime ToLocalTime(std::int64_t instant) noexcept;
 
 // A day without a clock change, in seconds.
 inline constexpr std::int64_t kSecondsPerDay = 86400;
 
-// The instant of a local date and time, daylight saving left to the system. A local time that a clock change
-// skips or repeats comes out as the system decides: the Windows run-time answers one hour early for a skipped
-// time and the second of two, glibc one hour late and either of two.
-// Raises std::invalid_argument unless year >= 1900, month 1 to 12, day 1 to 31, hour 0 to 23, minute and
-// second 0 to 59, and when the system cannot convert the date.
+// The instant of a local date and time; the system decides whether daylight saving applies. For a local time
+// that a clock change skips, the Windows run-time returns an instant one hour early, glibc one hour late. For
+// a repeated one Windows returns the second instant, glibc either. Throws std::invalid_argument unless year
+// >= 1900, month 1 to 12, day 1 to 31, hour 0 to 23, minute and second 0 to 59, and when the system cannot
+// convert the date.
 [[nodiscard]] std::int64_t FromLocalTime(int year, int month, int day, int hour, int minute, int second);
 
-// Takes up the system's present time zone and clock rules. To be called before the first conversion (it
+// Reads the system's present time zone and clock rules. Call it before the first conversion (it
 // removes TZ from the C run-time's environment, whose readings of that variable are wrong on Windows) and
 // whenever the system reports a change of zone or time.
 void RefreshTimeZone();

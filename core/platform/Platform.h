@@ -4,7 +4,7 @@ class IClock;
 class IFileSystem;
 class IShell;
 
-// Everything that core asks of the machine, handed in by whoever runs it. Owns nothing.
+// The system calls that core makes, passed in by its caller. Owns none of these objects.
 struct CPlatform {
     const IClock& clock;
     IFileSystem& files;

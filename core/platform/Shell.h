@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-// What launching a project asks of the machine: files, the user's registry and the shell. Paths are full
+// The system calls for launching a project: files, the user's registry and the shell. Paths are full
 // Windows paths.
 class IShell {
 public:
@@ -14,7 +14,7 @@ public:
 
     // True for a file or a folder; wildcards match.
     [[nodiscard]] virtual bool FileExists(const std::wstring& path) = 0;
-    // False while anybody holds the file open, or when it is missing or read-only.
+    // False while a program has the file open, and when the file is missing or read-only.
     [[nodiscard]] virtual bool CanOpenForWriting(const std::wstring& path) = 0;
     // The "ProgramFileName" value below `key` of the current user; empty when it cannot be read.
     [[nodiscard]] virtual std::wstring RegisteredProgram(const std::wstring& key) = 0;
@@ -24,7 +24,7 @@ public:
     [[nodiscard]] virtual std::intptr_t Open(const std::wstring& program, const std::wstring& parameters) = 0;
 };
 
-// The real one (Windows only).
+// The system's own (Windows only).
 class CWindowsShell final : public IShell {
 public:
     [[nodiscard]] bool FileExists(const std::wstring& path) override;

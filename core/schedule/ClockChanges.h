@@ -16,8 +16,9 @@ struct ClockChange {
     }
 };
 
-// The clock changes of the system's zone in (from, to], earliest first. Two within a day may go unseen.
+// The clock changes of the system's zone in (from, to], earliest first. Of two changes within a day one or
+// both may be missed.
 [[nodiscard]] std::vector<ClockChange> ClockChanges(std::int64_t from, std::int64_t to);
 
-// Those of the 366 days behind `now`.
+// The changes of the 366 days after `now`.
 [[nodiscard]] std::vector<ClockChange> ClockChangesOfYear(std::int64_t now);

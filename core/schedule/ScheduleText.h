@@ -13,7 +13,7 @@ class CSCVShchedulerTask;
 
 // The last run of an Every rule that ends for good, seen from `now`: without weekdays and months the rule
 // stops for ever with the first run whose successor would be later in the day than the until time. 0 when it
-// has ended already; nothing for a task without such a rule and for a rule that goes on over midnight.
+// has ended already; nothing for a task without such a rule and for a rule that continues after midnight.
 // `changes` are those of ClockChangesOfYear(now); clock changes of later years are not looked at.
 [[nodiscard]] std::optional<std::int64_t> LastRunForGood(const CSCVShchedulerTask& task, std::int64_t now,
                                                          const std::vector<ClockChange>& changes);
@@ -23,7 +23,7 @@ class CSCVShchedulerTask;
 [[nodiscard]] std::string EndForGoodText(const CSCVShchedulerTask& task, std::int64_t now,
                                          const std::vector<ClockChange>& changes);
 
-// What may surprise whoever has just made this schedule: that it ends for good, and that it runs from
+// Warnings for the author of the schedule: that it ends for good, and that it runs from
 // midnight. Sentences without a full stop.
 [[nodiscard]] std::vector<std::string> ScheduleWarnings(const CSCVShchedulerTask& task, std::int64_t now);
 

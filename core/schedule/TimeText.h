@@ -8,9 +8,8 @@
 // Times on the command line and in reports.
 
 // The instant of an ISO local time ("2024-03-31T02:30", seconds optional, a blank for the T allowed, a date
-// alone is its midnight) or of a count of seconds since 1970. Nothing when the text is neither or names a
-// date or time that no calendar holds. A local time that a clock change skips or repeats is what the system
-// makes of it.
+// alone is its midnight) or of a count of seconds since 1970. Nothing when the text is neither or names an
+// impossible date or time. For a local time that a clock change skips or repeats see FromLocalTime.
 [[nodiscard]] std::optional<std::int64_t> ParseTime(std::string_view text);
 
 // The minute of the day of "18:00"; nothing when the text is no such time.

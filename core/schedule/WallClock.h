@@ -5,9 +5,9 @@
 
 #include "core/platform/LocalTime.h"
 
-// What calendar and clock on the wall show, without their zone.
+// Local dates and times as plain numbers, without a time zone.
 
-// The date of a local time that is one (see LocalTime).
+// The date of a local time whose conversion did not fail (see LocalTime).
 [[nodiscard]] inline std::chrono::year_month_day DateOf(const LocalTime& local) {
     using namespace std::chrono;
     return year{local.year} / month{static_cast<unsigned>(local.month)} /

@@ -5,7 +5,8 @@
 
 namespace {
 
-// Windows-1252 differs from Latin-1 in 0x80 to 0x9F; the five bytes without a character stand for themselves.
+// Windows-1252 differs from Latin-1 in 0x80 to 0x9F; the five bytes without a character become the control
+// characters of that number.
 constexpr wchar_t kHigh[32] = {0x20ac, 0x81,   0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021,
                                0x02c6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8d,   0x017d, 0x8f,
                                0x90,   0x2018, 0x2019, 0x201c, 0x201d, 0x2022, 0x2013, 0x2014,

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-// The system's conversions between UTF-16 and a code page (CP_ACP, CP_UTF8, ...). What cannot be converted
-// becomes what the system puts in its place. Raise std::length_error for more than two thousand million
+// The system's conversions between UTF-16 and a code page (CP_ACP, CP_UTF8, ...). The system replaces
+// characters that cannot be converted. Throw std::length_error for more than two thousand million
 // characters and std::runtime_error, with the system's text, where the system refuses the conversion.
 [[nodiscard]] std::wstring DecodeCodePage(UINT codePage, std::string_view bytes);
 [[nodiscard]] std::string EncodeCodePage(UINT codePage, std::wstring_view text);

@@ -11,7 +11,7 @@
 
 #include "util/win32/Handle.h"
 
-// What components hand out, each with one owner. Link ole32 and oleaut32.
+// Owners of what components return. Link ole32 and oleaut32.
 
 template <class Interface>
 struct ComReferencePolicy {

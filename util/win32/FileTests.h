@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-// Questions to the file system. No failure is reported otherwise than by the answer.
+// Tests of files and folders. The result is the only report of a failure.
 
 // Non-zero for a file or a folder; wildcards in the last part match as in a search.
 [[nodiscard]] int FileExists(const std::wstring& path);

@@ -2,5 +2,5 @@
 
 #include <string>
 
-// The full path of the running executable, of any length; empty when the system does not tell.
+// The full path of the running executable, of any length; empty when the system does not return it.
 [[nodiscard]] std::wstring GetModulePath();
