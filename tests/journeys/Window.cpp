@@ -21,8 +21,7 @@
 //                                       AT points to offset TO, if AT is not null
 //
 //   ["waits", WINDOW, MILLISECONDS]     {"longest", "count"}: sends messages for that long; the longest time
-//   to
-//                                       an answer in milliseconds, and how many answers came
+//                                       to an answer in milliseconds, and how many answers came
 //   ["hold", FILE]                      opens a file for this program alone
 //   ["release"]                         closes all of them
 //
