@@ -15,17 +15,28 @@ Function Extract_Tags_By_Attribute ( text , tagName , attributeName , attributeV
 	Dim names, tests, operator
 
 	Set names = CreateObject("Scripting.Dictionary")
-	If tagName = "" Then names("*") = 1
-	names(LCase(tagName)) = 1
+	names.CompareMode = 1
+	If tagName = "" Then tagName = "*"
+	names(tagName) = 1
 	If attributeValue <> "" Then operator = "="
-	tests = Array(Array(1, attributeName, operator, attributeValue))
-	If attributeName = "" Then tests = Array()
+	tests = Array()
+	If attributeName <> "" Then tests = Array(Html_Test(1, attributeName, operator, attributeValue))
 	Extract_Tags_By_Attribute = Html_Select(text, names, tests, 1, 0, 1)
 
 End Function
 
 {{INCLUDE Html_Select.vbs}}
 
+{{INCLUDE Html_Kinds.vbs}}
+
+{{INCLUDE Html_Test.vbs}}
+
+{{INCLUDE Html_Attributes.vbs}}
+
+{{INCLUDE Html_Tags.vbs}}
+
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Character.vbs}}
+{{INCLUDE Html_Expression.vbs}}
+
+{{INCLUDE Html_Entities.vbs}}

@@ -12,61 +12,53 @@ End Function
 ' This function extracts, from its start tag to its end tag and one after the other on lines of their own, every HTML element that the CSS selector specified in the strCSSSelector parameter selects. A selector may consist of tag names, *, #id, .class and attribute tests such as [name] or [name^="value"] (operators = ~= |= ^= $= *=), joined by spaces (descendants) or > (children); commas separate several selectors. The result is empty when nothing is selected or the selector is not of this form.
 Function Extract_Tags_Using_CSS_Selector ( text , strCSSSelector )
 
-	Dim parts, part, fields, names, tests, first, child, last, stp, begun, name, attributeName, operator, wanted
+	Dim part, names, tests, name, begun, first, child, last, stp
 
-	Extract_Tags_Using_CSS_Selector = ""
-
-	' Comma or >; spaces; tag name; # or . with a name; test of an attribute; anything else.
-	Set parts = New RegExp
-	parts.Pattern = "\s*([,>])\s*|(\s+)|(\*|[a-z_][\w-]*)|([#.])([\w\u0080-\uffff-]+)" & _
-		"|\[\s*([\w:.-]+)\s*(?:([~|^$*]?=)\s*(?:""([^""]*)""|'([^']*)'|([^\s\]""']+))\s*)?\]|([\s\S])"
-	parts.Global = True
-	parts.IgnoreCase = True
 	Set names = CreateObject("Scripting.Dictionary")
-	tests = Array()
+	names.CompareMode = 1
+	Set tests = CreateObject("Scripting.Dictionary")
+	name = "*"
 	stp = 1
 	first = 1
-	begun = 0
-	For Each part In parts.Execute(Trim(Html_Spaced(strCSSSelector)) & ",")
-		Set fields = part.SubMatches
-		If fields(10) <> "" Then Exit Function
-		If fields(0) & fields(1) <> "" Then
-			If begun = 0 Then Exit Function
-			If begun = 1 Then names("*") = names("*") Or stp
-			begun = 0
-			If fields(0) = "," Then last = last Or stp
-			stp = stp * 2
-			If fields(0) = "," Then first = first Or stp
-			If fields(0) = ">" Then child = child Or stp
-		ElseIf fields(2) <> "" Then
-			If begun > 0 Then Exit Function
-			name = LCase(fields(2))
+	' Groups: comma, > or space; tag name; # or . with a name; attribute, operator and value; anything else.
+	For Each part In Html_Expression("\s*([,>]|\s)\s*|(\*|[a-z_][\w-]*)|([#.])([\w\u0080-\uffff-]+)" & _
+		"|\[\s*([\w:.-]+)\s*(?:([~|^$*]?=)\s*(?:""([^""]*)""|'([^']*)'|([^\s\]""']+))\s*)?\]|([\s\S])", CreateObject("Scripting.Dictionary")).Execute(Trim(strCSSSelector) & ",")
+		Set part = part.SubMatches
+		If part(9) <> "" Or begun And part(1) <> "" Or Not begun And part(0) <> "" Or stp > 536870912 Then Exit Function
+		If part(0) <> "" Then
 			names(name) = names(name) Or stp
-			begun = 2
+			name = "*"
+			If part(0) = "," Then last = last Or stp
+			stp = stp * 2
+			If part(0) = "," Then first = first Or stp
+			If part(0) = ">" Then child = child Or stp
+		ElseIf part(1) <> "" Then
+			name = part(1)
+		ElseIf part(2) = "#" Then
+			tests(tests.Count) = Html_Test(stp, "id", "=", part(3))
+		ElseIf part(2) = "." Then
+			tests(tests.Count) = Html_Test(stp, "class", "~=", part(3))
 		Else
-			attributeName = fields(5)
-			operator = fields(6)
-			wanted = fields(7) & fields(8) & fields(9)
-			If fields(3) = "#" Then
-				attributeName = "id"
-				operator = "="
-				wanted = fields(4)
-			ElseIf fields(3) = "." Then
-				attributeName = "class"
-				operator = "~="
-				wanted = fields(4)
-			End If
-			If begun = 0 Then begun = 1
-			ReDim Preserve tests(UBound(tests) + 1)
-			tests(UBound(tests)) = Array(stp, attributeName, operator, wanted)
+			tests(tests.Count) = Html_Test(stp, part(4), part(5), part(6) & part(7) & part(8))
 		End If
+		begun = part(0) = ""
 	Next
-	Extract_Tags_Using_CSS_Selector = Html_Select(text, names, tests, first, child, last)
+	Extract_Tags_Using_CSS_Selector = Html_Select(text, names, tests.Items, first, child, last)
 
 End Function
 
 {{INCLUDE Html_Select.vbs}}
 
+{{INCLUDE Html_Kinds.vbs}}
+
+{{INCLUDE Html_Test.vbs}}
+
+{{INCLUDE Html_Attributes.vbs}}
+
+{{INCLUDE Html_Tags.vbs}}
+
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Character.vbs}}
+{{INCLUDE Html_Expression.vbs}}
+
+{{INCLUDE Html_Entities.vbs}}

@@ -12,40 +12,43 @@ End Function
 ' This function turns HTML into plain text as a browser shows it: comments, scripts and styles are removed, line breaks and the beginnings and ends of paragraphs, headings, list items, table rows and other blocks start a new line, other tags are removed, white space is reduced to single spaces, blank lines are left out and entities such as &amp; are replaced by their characters.
 Function Strip_Html_Tags_2 ( text )
 
-	Dim expression, attributes, plain
+	Dim known, tags, breaks, parts, i, chunk, plain
 
-	' What follows the name in a tag; quoted values may hold any character, elsewhere < and > end the tag.
-	attributes = "[^<>=]*(?:=(?:\s*""[^""]*""|\s*'[^']*'|(?!\s*""[^""]*""|\s*'[^']*'))[^<>=]*)*"
+	Set known = Html_Entities()
+	Set tags = Html_Expression("<\/?[a-z][^\s\/<>]*@", known)
+	Set breaks = Html_Expression("<\/?(?:address|article|aside|blockquote|body|br|caption|dd|div|dl|dt|fieldset|figure|footer|form" & _
+		"|h[1-6]|header|hr|html|legend|li|main|nav|ol|option|p|pre|section|select|table|tbody|tfoot|thead|title|tr|ul)@", known)
+	plain = Html_Expression("<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<[!?][^>]*>|<(script|style)@[\s\S]*?(?:<\/\1[^>]*>|$)|[\x01-\x04]", known).Replace(text, "")
 
-	Set expression = New RegExp
-	expression.Global = True
-	expression.IgnoreCase = True
+	' Every other part is the content of a <pre>, whose layout stands in other characters up to the end.
+	plain = Replace(plain, vbNewLine, vbLf)
+	parts = Split(Html_Expression("<pre@\n?([\s\S]*?)\n?(?:<\/pre\s*>|$)", known).Replace(plain, Chr(4) & "$2" & Chr(4)), Chr(4))
+	plain = ""
+	For i = 0 To UBound(parts)
+		If i Mod 2 = 0 Then
+			chunk = chunk & Html_Expression("\s+", known).Replace(parts(i), " ")
+		Else
+			parts(i) = Replace(tags.Replace(breaks.Replace(parts(i), vbLf), ""), " ", Chr(1))
+			chunk = chunk & vbLf & Replace(Replace(parts(i), vbTab, Chr(2)), vbLf, Chr(3)) & vbLf
+		End If
+		If Len(chunk) > 4000 Then
+			plain = plain & chunk
+			chunk = ""
+		End If
+	Next
 
-	expression.Pattern = "\s+"
-	plain = expression.Replace(text, " ")
-	expression.Pattern = "<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<[!?][^>]*>" & _
-		"|<(script|style)(?=[\s\/>])" & attributes & ">[\s\S]*?(?:<\/\1[^>]*>|$)"
-	plain = expression.Replace(plain, "")
-	expression.Pattern = "<\/?(?:address|article|aside|blockquote|body|br|caption|dd|div|dl|dt|fieldset|figure|footer|form" & _
-		"|h[1-6]|header|hr|html|legend|li|main|nav|ol|option|p|pre|section|select|table|tbody|tfoot|thead|title|tr|ul)" & _
-		"(?=[\s\/>])" & attributes & ">"
-	plain = expression.Replace(plain, vbLf)
-	expression.Pattern = "<\/?t[dh](?=[\s\/>])" & attributes & ">"
-	plain = expression.Replace(plain, " ")
-	expression.Pattern = "<\/?[a-z]" & attributes & ">"
-	plain = expression.Replace(plain, "")
-
-	' Only single spaces and line feeds are left between words.
-	expression.Pattern = " +"
-	plain = expression.Replace(plain, " ")
-	expression.Pattern = " ?\n[ \n]*"
-	plain = expression.Replace(plain, vbNewLine)
-	expression.Pattern = "\S(?:[\s\S]*\S)?"
-	Strip_Html_Tags_2 = ""
-	If expression.Test(plain) Then Strip_Html_Tags_2 = Html_Decode(expression.Execute(plain)(0).Value)
+	' Table cells and single spaces, no blank lines.
+	plain = Html_Expression("<\/?t[dh]@", known).Replace(breaks.Replace(plain & chunk, vbLf), " ")
+	plain = Html_Expression(" +", known).Replace(tags.Replace(plain, ""), " ")
+	plain = Html_Expression(" ?\n[ \n]*", known).Replace(plain, vbLf)
+	plain = Html_Expression("^\s+|\s+$", known).Replace(plain, "")
+	plain = Replace(Replace(Replace(Replace(plain, Chr(1), " "), Chr(2), vbTab), Chr(3), vbLf), vbLf, vbNewLine)
+	Strip_Html_Tags_2 = Html_Decode(plain, "", known)
 
 End Function
 
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Character.vbs}}
+{{INCLUDE Html_Expression.vbs}}
+
+{{INCLUDE Html_Entities.vbs}}

@@ -12,12 +12,17 @@ End Function
 ' This function replaces escape sequences of URLs and HTML by their characters: %XX (UTF-8, or Latin-1 where it is not valid UTF-8), %uXXXX, and entities such as &amp; or &#38;. Each sequence is replaced once, so %2526 gives %26; a plus sign and anything that is no sequence stay as they are.
 Function Unescape_String ( text )
 
-	Unescape_String = Url_Decode(text, "&#?\w+;|%u[\da-f]{4}|")
+	Dim known
+
+	Set known = Html_Entities()
+	Unescape_String = Html_Decode(text, "|" & Url_Sequences(text, known), known)
 
 End Function
 
-{{INCLUDE Url_Decode.vbs}}
+{{INCLUDE Url_Sequences.vbs}}
 
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Character.vbs}}
+{{INCLUDE Html_Expression.vbs}}
+
+{{INCLUDE Html_Entities.vbs}}
