@@ -133,6 +133,17 @@ TEST_F(Edit, ChangesAreReported) {
     EXPECT_EQ(Find(b).m_tLastRunTime, 0);
 }
 
+TEST_F(Edit, RemovesEveryTaskOfAProject) {
+    files.Put(kList,
+              "[SCVShchedulerTaskList]\nTaskCount=3\n"
+              "[SCVShchedulerTask1]\nCommandLine='\"C:\\w\\a.scvpr\"'\n"
+              "[SCVShchedulerTask2]\nCommandLine='\"C:\\w\\b.oslpr\"'\n"
+              "[SCVShchedulerTask3]\nCommandLine='\"C:\\w\\A.scvpr\"'\n");
+    EXPECT_EQ(Run("remove a.scvpr"), kFine) << err.str();
+    EXPECT_EQ(Find(b).m_strIniSection, L"SCVShchedulerTask1");
+    EXPECT_EQ(tasks.GetSize(), 1);
+}
+
 TEST_F(Edit, RefusalsNameTheFaultAndChangeNothing) {
     ASSERT_EQ(Run("add a.scvpr b.scvpr"), kFine);
     const std::string before = files.Bytes(kList);

@@ -116,6 +116,7 @@ TEST_F(Exchange, ErrorsNameTheirPlace) {
         {task(R"("startTime": -1)"), "tasks[1].startTime has to be seconds"},
         {task(R"("startTime": "-5")"), "tasks[1].startTime"},
         {task(R"("startTime": 2147483648)"), "tasks[1].startTime"},
+        {task(R"("startTime": "2038-01-20T00:00")"), "tasks[1].startTime"},
         {task(R"("untilTime": 99999999999999999999)"), "tasks[1].untilTime"},
         {task(R"("lastRunResult": ")" + std::string(1024, 'x') + '"'),
          "tasks[1]: its last result takes 1024"},
