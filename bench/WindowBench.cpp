@@ -125,9 +125,12 @@ bool JudgeLongList() {
     return areMet && window.shell.starts.empty();
 }
 
-// Of this process, in steps of 10 under Wine.
+// Processor time of this process; under Wine in steps of 10 milliseconds.
 double ProcessorMilliseconds() {
-    FILETIME created, exited, kernel, user;
+    FILETIME created;
+    FILETIME exited;
+    FILETIME kernel;
+    FILETIME user;
     GetProcessTimes(GetCurrentProcess(), &created, &exited, &kernel, &user);
     const auto milliseconds = [](const FILETIME& time) {
         return (time.dwHighDateTime * 4294967296.0 + time.dwLowDateTime) / 10'000;
