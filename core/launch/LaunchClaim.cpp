@@ -10,11 +10,6 @@ FileResult CLaunchClaim::TryTake() {
     if (IsTaken()) {
         return {};
     }
-    // Another scheduler may know the list by a link to it.
-    std::wstring file;
-    if (!m_files.ResolveLink(m_list, file)) {
-        file = m_list;
-    }
-    FileResult result = TakeLock(m_files, file + L".launch", m_lock);
+    FileResult result = TakeLock(m_files, LockPath(m_files, m_list, L".launch"), m_lock);
     return result == FileResult::Status::Busy ? result : FileResult();
 }

@@ -6,9 +6,8 @@
 #include "core/platform/FileSystem.h"
 
 // The claim to launch a list's due projects. Of all programs that use the list, also in other sessions of the
-// user, one at a time has it. It is a lock file beside the list (path + ".launch", of the file itself
-// where the path is a symbolic link), so that the system releases it when its process dies. Use one object
-// for each scheduler and list.
+// user, one at a time has it. It is a lock file beside the list (path + ".launch", see LockPath), so that the
+// system releases it when its process dies. Use one object for each scheduler and list.
 class CLaunchClaim {
 public:
     // `files` outlives the object. `list` is the path of the task list file.

@@ -1,23 +1,27 @@
 #include "core/launch/ListKeeper.h"
 
+#include <utility>
+
+#include "core/list/ProfileFile.h"
+
 namespace {
 
-std::wstring LockPath(const std::wstring& list, CListKeeper::Kind kind) {
-    return list + (kind == CListKeeper::Kind::Window ? L".window" : L".watch");
+std::wstring KeeperPath(IFileSystem& files, const std::wstring& list, CListKeeper::Kind kind) {
+    return LockPath(files, list, kind == CListKeeper::Kind::Window ? L".window" : L".watch");
 }
 
 }  // namespace
 
-CListKeeper::CListKeeper(IFileSystem& files, const std::wstring& list, Kind kind)
-    : m_files(files), m_path(LockPath(list, kind)) {}
+CListKeeper::CListKeeper(IFileSystem& files, std::wstring list, Kind kind)
+    : m_files(files), m_list(std::move(list)), m_kind(kind) {}
 
 bool CListKeeper::TryKeep() {
-    return m_lock != nullptr || !(m_files.CreateLock(m_path, m_lock) == FileResult::Status::Busy);
+    return m_lock != nullptr ||
+           !(m_files.CreateLock(KeeperPath(m_files, m_list, m_kind), m_lock) == FileResult::Status::Busy);
 }
 
 bool CListKeeper::IsKept(IFileSystem& files, const std::wstring& list, Kind kind) {
-    // To open the file for reading takes it from nobody: one that is left from a power cut can be read, one
-    // that somebody holds is busy.
+    // Reading takes nothing: a lock file that a power cut has left can be read, one that is held is busy.
     std::string bytes;
-    return files.Read(LockPath(list, kind), bytes) == FileResult::Status::Busy;
+    return files.Read(KeeperPath(files, list, kind), bytes) == FileResult::Status::Busy;
 }

@@ -8,14 +8,14 @@
 
 // Who has a list's tasks in memory for as long as it runs. The window saves them over what others have
 // changed in the file, a watch launches them; nobody else is to edit or launch them meanwhile. Each holds a
-// lock file beside the list (path + ".window" or ".watch"), so that it counts for that list only and is
-// released when its process dies.
+// lock file beside the list (path + ".window" or ".watch", see LockPath), so that it counts for that list
+// only and is released when its process dies.
 class CListKeeper {
 public:
     enum class Kind : std::uint8_t { Window, Watch };
 
     // `files` outlives the object. `list` is the path of the task list file.
-    CListKeeper(IFileSystem& files, const std::wstring& list, Kind kind);
+    CListKeeper(IFileSystem& files, std::wstring list, Kind kind);
 
     // One try, which succeeds when this object keeps the list already. False when another program of that
     // kind keeps it. True also where nobody can, because the list's folder takes no files or is missing.
@@ -25,6 +25,7 @@ public:
 
 private:
     IFileSystem& m_files;
-    std::wstring m_path;
+    std::wstring m_list;
+    Kind m_kind;
     std::unique_ptr<IFileSystem::IFile> m_lock;
 };

@@ -50,6 +50,11 @@ ProfileRead ReadProfile(IFileSystem& files, const std::wstring& path) {
     return {std::move(result), CPrivateProfile(std::move(bytes))};
 }
 
+std::wstring LockPath(IFileSystem& files, const std::wstring& path, const wchar_t* ending) {
+    std::wstring file;
+    return (files.ResolveLink(path, file) ? file : path) + ending;
+}
+
 // The pauses stay short: a process that saves often releases the lock only for moments.
 FileResult TakeLock(IFileSystem& files, const std::wstring& path, FilePtr& lock) {
     unsigned failures = 0;

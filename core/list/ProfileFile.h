@@ -37,6 +37,10 @@ struct ProfileRead {
                                             const std::function<void(CPrivateProfile&)>& edit,
                                             std::optional<FileStamp>* stamp = nullptr);
 
+// The path of a lock file beside the file: its path + `ending`. Where `path` is a symbolic link the lock file
+// is beside the target, because another program may know the file by its own path or by another link.
+[[nodiscard]] std::wstring LockPath(IFileSystem& files, const std::wstring& path, const wchar_t* ending);
+
 // Takes a lock file, see IFileSystem::CreateLock; where waiting is allowed, for some seconds.
 [[nodiscard]] FileResult TakeLock(IFileSystem& files, const std::wstring& path,
                                   std::unique_ptr<IFileSystem::IFile>& lock);

@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/launch/LaunchClaim.h"
+#include "core/launch/ListKeeper.h"
 #include "core/launch/SchedulingPass.h"
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/support/FakeClock.h"
@@ -117,6 +119,22 @@ TEST_F(SharedPass, RunOfAnUnsavedTaskKeepsNoClaim) {
     EXPECT_TRUE(first.Pass());
     EXPECT_EQ(Starts(), 1U);
     EXPECT_FALSE(first.claim.IsTaken());
+}
+
+TEST_F(SharedPass, ALinkAndItsTargetAreOneList) {
+    const std::wstring alias = L"D:\\link.ini";
+    files.PutLink(alias, kList);
+    CLaunchClaim claim(files, kList);
+    CLaunchClaim claimByAlias(files, alias);
+    EXPECT_TRUE(claim.TryTake());
+    EXPECT_EQ(claimByAlias.TryTake(), Status::Busy);
+    for (const auto& [kept, asked] : {std::pair(kList, alias), std::pair(alias, kList)}) {
+        CListKeeper keeper(files, kept, CListKeeper::Kind::Window);
+        EXPECT_TRUE(keeper.TryKeep());
+        EXPECT_TRUE(CListKeeper::IsKept(files, asked, CListKeeper::Kind::Window))
+            << testing::PrintToString(asked);
+        EXPECT_FALSE(CListKeeper::IsKept(files, asked, CListKeeper::Kind::Watch));
+    }
 }
 
 }  // namespace

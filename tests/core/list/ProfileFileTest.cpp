@@ -78,21 +78,21 @@ TEST(ProfileFile, WhoeverHoldsTheLockSavesAlone) {
 }
 
 TEST(ProfileFile, ALinkStaysAndItsTargetIsSaved) {
-    const std::wstring link = L"D:\\link.ini";
+    const std::wstring alias = L"D:\\link.ini";
     Disk disk;
-    disk.PutLink(link, kPath);
+    disk.PutLink(alias, kPath);
     std::unique_ptr<IFileSystem::IFile> lock;
-    EXPECT_TRUE(LockAndEditProfile(disk, link, [&](CPrivateProfile& profile) {
+    EXPECT_TRUE(LockAndEditProfile(disk, alias, [&](CPrivateProfile& profile) {
         EXPECT_EQ(disk.CreateLock(kPath + L".lock", lock), IFileSystem::Status::Busy) << "one lock for both";
         SetNew(profile);
     }));
-    EXPECT_TRUE(disk.IsLink(link));
+    EXPECT_TRUE(disk.IsLink(alias));
     EXPECT_EQ(disk.Bytes(kPath), kNew);
     EXPECT_EQ(disk.FileCount(), 1U);
 
     disk.Remove(kPath);
-    EXPECT_FALSE(LockAndEditProfile(disk, link, SetNew)) << "the target may be back tomorrow";
-    EXPECT_TRUE(disk.IsLink(link));
+    EXPECT_FALSE(LockAndEditProfile(disk, alias, SetNew)) << "the target may be back tomorrow";
+    EXPECT_TRUE(disk.IsLink(alias));
     EXPECT_EQ(disk.FileCount(), 0U);
 }
 
