@@ -20,7 +20,10 @@ public:
     }
     DialogSteps(const DialogSteps&) = delete;
     DialogSteps& operator=(const DialogSteps&) = delete;
-    ~DialogSteps() { UnhookWindowsHookEx(m_hook); }
+    ~DialogSteps() {
+        UnhookWindowsHookEx(m_hook);
+        s_current = nullptr;
+    }
 
     // The number of dialogs so far.
     std::size_t count = 0;
