@@ -101,7 +101,8 @@ TEST_F(ProjectList, DropTakesProjectsOfOneKind) {
     EXPECT_EQ(Rows(), (Texts{L"A.SCVPR", L"listed.scvpr"}));
     EXPECT_EQ(Selected(), Texts{L"A.SCVPR"});
     EXPECT_FALSE(dialog->IsDlgButtonChecked(IDC_RUN_AT_STARTUP));
-    drop("C:\\of an ANSI program.scvpr\0", 28, FALSE);
+    const std::string ansiPaths = std::string("C:\\of an ANSI program.scvpr") + '\0';
+    drop(ansiPaths.data(), ansiPaths.size() + 1, FALSE);
     EXPECT_EQ(Selected(), Texts{L"of an ANSI program.scvpr"});
 }
 
