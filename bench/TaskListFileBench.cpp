@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr double kSaveBound = 10'000;
+constexpr double kSaveBound = 15'000;
 constexpr double kLoadBound = 1'000;
 constexpr int kRepeats = 21;
 
