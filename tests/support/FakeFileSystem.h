@@ -27,7 +27,7 @@ public:
         m_files[path] = {bytes, bytes.size(), ++m_created};
     }
     // A symbolic link. Reading follows it, Replace and Remove are about the link itself.
-    void PutLink(const std::wstring& path, const std::wstring& target) { m_links[path] = target; }
+    void PutLink(const std::wstring& link, const std::wstring& target) { m_links[link] = target; }
     [[nodiscard]] bool IsLink(const std::wstring& path) const { return m_links.contains(path); }
     void PutFolder(const std::wstring& path) { m_folders.insert(path); }
     void SetReadOnly(const std::wstring& path) { m_readOnly.insert(path); }
