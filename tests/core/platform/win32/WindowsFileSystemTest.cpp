@@ -43,8 +43,8 @@ protected:
             ASSERT_TRUE(CreateSymbolicLinkW(link.c_str(), target.c_str(), 0));
             return;
         }
-        const auto quoted = [&](const std::wstring& path) {
-            return L" \"" + std::filesystem::path(unixName(path.c_str())).wstring() + L'"';
+        const auto quoted = [&](const std::wstring& name) {
+            return L" \"" + std::filesystem::path(unixName(name.c_str())).wstring() + L'"';
         };
         std::wstring command = L"ln -s" + quoted(target) + quoted(link);
         STARTUPINFOW start{};
