@@ -117,7 +117,7 @@ void CResizingDialog::RestoreWindowPlacement(const wchar_t* section, const RECT*
         return;
     }
     Placement place = CorrectPlacement(stored, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN));
-    // The system limits the size; use the rest.
+    // The system makes the window no smaller than this; FitInto needs the size that it will have.
     place.width = std::max(place.width, m_nMinTrackWidth);
     place.height = std::max(place.height, m_nMinTrackHeight);
     place = FitInto(WorkArea(place), place);

@@ -169,7 +169,7 @@ bool CTaskEditor::OnButton(int id) {
 
 void CTaskEditor::EditScript() {
     const std::wstring path = m_dialog.GetDlgItemText(IDC_SCRIPT_FILE);
-    // Read the selection again: the script editor may have been open for long.
+    // Called before and after the script editor: the file may be deleted or made while the editor is open.
     const auto hasFile = [&] { return !path.empty() && FileExists(path) != 0; };
     const std::wstring script = hasFile() ? ReadTextFile(path) : std::wstring();
     // Exit is still possible while a box or the editor is open.
