@@ -1,14 +1,14 @@
 #!/bin/bash
-# Builds the scheduler and opens its window on a sample list, with a stand-in in place of the extraction program: three
-# projects, of which one is due, one in a few seconds, and one every minute. On a machine without a display it starts one,
-# plays a first user's session on it by mouse and keyboard, and says where the pictures are.
-# Installs what is missing first (Debian 12; through sudo when not root).
+# Builds the scheduler and opens its window on a sample list of three projects: one is due, one is due in a few seconds,
+# and one runs every minute. A stand-in takes the place of the extraction program. On a machine without a display it
+# starts a virtual one, plays a first user's session on it by mouse and keyboard, and prints where the pictures are.
+# Installs missing packages first (Debian 12; through sudo when not root).
 #
 #   ./run.sh [--x86] [--keep | --console]
 #
-#   --x86      the 32-bit program, as it ships, in a 32-bit Wine of its own (made once, as root, in a minute)
+#   --x86      runs the 32-bit program, as it ships, in a 32-bit Wine of its own (created once, as root, in a minute)
 #   --keep     leaves the program running
-#   --console  shows `scvsched watch` launching those projects instead, and ends by itself after about ten seconds
+#   --console  shows `scvsched watch` launching these projects instead; ends after about ten seconds
 . "$(dirname "$0")/scripts/common.sh"
 
 export SCV_ARCH=x64

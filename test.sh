@@ -1,14 +1,14 @@
 #!/bin/bash
-# Builds everything and runs every test with CTest. Installs what is missing first (Debian 12; through sudo when not root).
+# Builds everything and runs every test with CTest. Installs missing packages first (Debian 12; through sudo when not root).
 #
 #   ./test.sh [--quick] [--long] [--fuzz-seconds N]
 #
-#   --quick            leave out the 32-bit programs in their own Wine
-#   --long             1,000 kill rounds in place of 200, and ten minutes a fuzz target in place of 20 seconds
-#   --fuzz-seconds N   seconds a fuzz target
+#   --quick            leaves out the 32-bit programs in their own Wine
+#   --long             1,000 kill rounds instead of 200, and ten minutes for each fuzz target instead of 20 seconds
+#   --fuzz-seconds N   seconds for each fuzz target
 #
-# What a test printed is on the screen when it failed, and in build/Testing/Temporary/LastTest.log. A test that was skipped or could
-# not run has failed. The last line counts the tests: "N passed, N failed".
+# The output of failed tests is on the screen, that of all tests in build/Testing/Temporary/LastTest.log. A test that was skipped
+# or could not run counts as failed. The last line counts the tests: "N passed, N failed".
 . "$(dirname "$0")/scripts/common.sh"
 
 presets=(native native-valgrind native-fuzz windows-x64 windows-x86)
@@ -53,7 +53,7 @@ for preset in "${presets[@]}"; do
     }
 done
 
-# The tests of all builds in one run, which fills the processors: many of them wait for windows and launches.
+# The tests of all builds in one run, to use all processors: many tests wait for windows and launches.
 printf 'subdirs(%s)\n' "${presets[@]}" >build/CTestTestfile.cmake
 end_fixtures() { for arch in x64 x86; do scripts/wine-tests.sh stop "$arch" >/dev/null 2>&1; done; }
 trap end_fixtures EXIT
@@ -62,7 +62,7 @@ results=build/test-results.xml
 rm -f "$results"
 ctest --test-dir build --output-on-failure --no-label-summary --parallel $(($(nproc) + 2)) --output-junit "$PWD/$results" 8>&- || true
 
-# What has run and has not failed.
+# The tests that have run and have not failed.
 passed=$(grep -cP '^\t<testcase .* status="run">$' "$results" || true)
 all=$(sed -n 's/^\ttests="\([0-9]*\)"/\1/p' "$results")
 say "${passed:-0} passed, $((${all:-1} - ${passed:-0})) failed"

@@ -1,5 +1,5 @@
-# Writes a script template with the functions that it shares with others: each line {{INCLUDE FILE}} becomes the text of FILE
-# in the folder "shared" beside the template, and {{HELPER_NAME}} there the template's own name.
+# Assembles a script template: replaces each line {{INCLUDE FILE}} by the text of FILE in the folder "shared" beside the
+# template, and {{HELPER_NAME}} in that text by the template's name.
 #
 #   cmake -D TEMPLATE=FILE -D OUTPUT=FILE -P AssembleTemplate.cmake
 file(READ ${TEMPLATE} text)
@@ -12,6 +12,6 @@ foreach(line IN LISTS lines)
   string(REPLACE "{{HELPER_NAME}}" ${name} function "${function}")
   string(REPLACE "${line}" "${function}" text "${text}")
 endforeach()
-# Reading leaves out carriage returns. No template has a text between two @ that could be a variable's name.
+# file(READ) drops carriage returns. @ONLY would replace @NAME@; no template contains such a text.
 file(CONFIGURE OUTPUT ${OUTPUT} CONTENT "${text}" @ONLY NEWLINE_STYLE CRLF)
 file(TOUCH ${OUTPUT})

@@ -8,7 +8,7 @@ endfunction()
 scv_check(format COMMAND ${scripts}/check-format.sh PROPERTIES LABELS "check;quick")
 scv_check(includes COMMAND ${scripts}/check-includes.sh PROPERTIES LABELS "check;quick")
 scv_check(scripts COMMAND sh -c "shellcheck *.sh scripts/*.sh .ci/run" PROPERTIES LABELS "check;quick")
-# In what the other tests leave of the processors: those wait a good deal, for windows and for launches.
+# At low priority: they use the processor time that the other tests leave while waiting for windows and launches.
 scv_check(cppcheck COMMAND ${politely} ${scripts}/check-cppcheck.sh PROPERTIES COST 200)
 foreach(preset tidy tidy-windows)
   scv_check(${preset} COMMAND ${politely} ${CMAKE_COMMAND} --workflow --preset ${preset} PROPERTIES COST 400)

@@ -1,5 +1,5 @@
-# How this project builds a library and an executable: warnings, hardening and the split between portable sources
-# and those that need Windows are said once, here.
+# How this project builds a library and an executable: warnings, hardening, and which sources are portable and which need
+# Windows.
 
 add_library(scv_options INTERFACE)
 target_include_directories(scv_options INTERFACE ${PROJECT_SOURCE_DIR})
@@ -9,7 +9,7 @@ target_compile_options(scv_options INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(scv_options INTERFACE
     -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wsuggest-override)
-  # A conversion from a 64-bit size is needed in one width and useless in the other.
+  # A conversion of a size to 64 bits is needed in 32-bit builds and useless in 64-bit ones.
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     target_compile_options(scv_options INTERFACE -Wuseless-cast)
   endif()
@@ -31,7 +31,7 @@ if(WIN32)
   if(SCV_TRAP_UB)
     target_compile_options(scv_options INTERFACE -fsanitize=undefined -fsanitize-undefined-trap-on-error)
   endif()
-  # One file with nothing to install beside it; the same bytes for the same sources; relocatable, no executable data.
+  # Static, so that a program needs no other file; reproducible; with address space randomisation and data execution prevention.
   target_link_options(scv_options INTERFACE
     -static -Wl,--no-insert-timestamp -Wl,--major-subsystem-version=6 -Wl,--dynamicbase -Wl,--nxcompat)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
@@ -41,14 +41,14 @@ if(WIN32)
   endif()
 endif()
 
-# Of a build that only compiles; the platform files that project() reads set their own.
+# For a build that only compiles. Not earlier: project() reads platform files that set this variable.
 if(SCV_COMPILE_ONLY)
   set(CMAKE_CXX_LINK_EXECUTABLE "${CMAKE_COMMAND} -E touch <TARGET>")
 endif()
 
-# scv_sources(VARIABLE sources...): those of the sources that this build compiles. The folder says what a source is:
-# below win32/ it is Windows' own; below native/ it stands in for such a source where the portable part is tested without
-# Windows; all others never include <windows.h> and are compiled everywhere.
+# scv_sources(VARIABLE sources...): sets VARIABLE to those sources that this build compiles. The folder decides: a source
+# below win32/ needs Windows; one below native/ replaces such a source in native builds; all others never include
+# <windows.h> and are compiled everywhere.
 function(scv_sources variable)
   set(sources ${ARGN})
   if(WIN32)
@@ -59,8 +59,8 @@ function(scv_sources variable)
   set(${variable} ${sources} PARENT_SCOPE)
 endfunction()
 
-# scv_verify_headers(TARGET SCOPE headers...): the target all_verify_interface_header_sets compiles each of them alone.
-# Windows builds take only Windows' own, as the native ones see the others.
+# scv_verify_headers(TARGET SCOPE headers...): the target all_verify_interface_header_sets compiles each of these headers
+# alone. Windows builds check only the headers that need Windows; native builds check the others.
 function(scv_verify_headers target scope)
   set(headers ${ARGN})
   if(WIN32)
@@ -80,15 +80,15 @@ function(scv_library name)
   target_link_libraries(${name} PUBLIC ${arg_LINKS} scv_options)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS *.h)
   scv_verify_headers(${name} PUBLIC ${headers})
-  # What the native builds compile clang-tidy reads there.
+  # For clang-tidy: the native tidy build checks all portable sources, so leave them out here.
   if(WIN32 AND SCV_COMPILE_ONLY)
     list(FILTER sources EXCLUDE REGEX "win32/")
     set_source_files_properties(${sources} PROPERTIES HEADER_FILE_ONLY ON)
   endif()
 endfunction()
 
-# scv_executable(NAME SOURCES sources... [LINKS libraries...] [WINDOWED] [DESCRIPTION text]): on Windows with the common
-# manifest and the project's version; stripped in a release build. The description is the one that Windows shows.
+# scv_executable(NAME SOURCES sources... [LINKS libraries...] [WINDOWED] [DESCRIPTION text]): an executable. On Windows it
+# has the common manifest, the project's version and the description that Windows shows; release builds are stripped.
 function(scv_executable name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "WINDOWED" "DESCRIPTION" "SOURCES;LINKS")
   add_executable(${name} ${arg_SOURCES})
@@ -110,8 +110,8 @@ function(scv_executable name)
   endif()
 endfunction()
 
-# scv_test_unity(TARGET sources...): compiles the tests of a folder at once, each in a namespace of its own, so that helpers
-# of equal names do not collide. What they include is precompiled, and so stands before all namespaces.
+# scv_test_unity(TARGET sources...): compiles all tests of a folder in one unity build, each test in a namespace of its own,
+# so that helpers of equal names do not collide. Their includes are precompiled and so come before all namespaces.
 function(scv_test_unity target)
   set(tests ${ARGN})
   list(FILTER tests EXCLUDE REGEX "^support/|\\.rc$")

@@ -1,17 +1,17 @@
-# What CTest runs of a build. Labels: quick (native, no display, seconds), wine, gui (mouse and keyboard on a desktop), package, check
-# (of the sources), fuzz. ./test.sh runs the tests of all builds in one go.
+# The tests that CTest runs in a build. Labels: quick (native, without a display, in seconds), wine, gui (mouse and keyboard on a
+# desktop), package, check (of the sources), fuzz. ./test.sh runs the tests of all builds at once.
 include(GoogleTest)
 
 set(scripts ${PROJECT_SOURCE_DIR}/scripts)
 set(politely nice -n 15)
 set(headers_alone ${politely} ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target all_verify_interface_header_sets)
-# A test that skips itself, or that is not there, has failed.
+# A test that skips itself or does not exist counts as failed.
 set(not_passed "\\[  SKIPPED \\]|Running 0 tests")
 set(skips_fail SKIP_REGULAR_EXPRESSION "nothing counts as skipped")
 
 if(SCV_VALGRIND)
-  # Left out: a million conversions, which would take a minute. Some of glibc's functions for AVX2 read past the end of a
-  # block, which is no fault where valgrind does not know them.
+  # The excluded test makes a million conversions, which would take a minute. AVX2 is off because some of glibc's AVX2 functions
+  # read past the end of a block on purpose, and valgrind reports those that it does not know.
   add_test(NAME valgrind COMMAND valgrind -q --error-exitcode=9 --leak-check=full --show-leak-kinds=definite
     --errors-for-leak-kinds=definite $<TARGET_FILE:scv_tests> --gtest_filter=-ZoneTest.AYearHasEachOccurrenceOnceAndMissesNone)
   set_tests_properties(valgrind PROPERTIES COST 300 TIMEOUT 1500 FAIL_REGULAR_EXPRESSION ${not_passed}
@@ -35,9 +35,9 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 8)
 else()
   set(arch x86)
 endif()
-# The emulator prints an exit code other than 0, since PASS_REGULAR_EXPRESSION would hide it, and nothing when the program has
-# not run. With warn+heap Wine lays patterns round and into blocks, and reports one that was overwritten or freed twice. Tests
-# that may show windows run one at a time, for they share the keyboard and the registry.
+# The emulator (scripts/wine-tests.sh) prints an exit code other than 0, because CTest ignores it for a test with
+# PASS_REGULAR_EXPRESSION. With warn+heap Wine writes patterns around and into blocks, and reports a block that was overwritten or
+# freed twice. Tests that may show windows run one at a time, because they share the keyboard and the registry.
 set(run_under_wine ${skips_fail} LABELS wine FIXTURES_REQUIRED ${arch}.prefix TIMEOUT 1500
   PASS_REGULAR_EXPRESSION "\\[  PASSED  \\] [1-9]"
   FAIL_REGULAR_EXPRESSION "${not_passed}|:heap:|invalid handle|Exit code [0-9]")
@@ -53,7 +53,7 @@ endif()
 gtest_discover_tests(scv_tests TEST_PREFIX ${arch}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 300
   PROPERTIES ${run_under_wine} RESOURCE_LOCK ${arch}.windows ENVIRONMENT WINEDEBUG=-all,err+heap,warn+heap)
 
-# Each zone in a process of its own; those that Wine has wrong are left out.
+# Each zone in a process of its own. Zones whose rules are wrong in Wine are left out.
 foreach(zone UTC Asia/Kolkata Asia/Kathmandu Europe/Berlin Europe/London America/New_York America/Havana America/St_Johns
     Australia/Sydney Pacific/Chatham)
   add_test(NAME ${arch}.zone.${zone} COMMAND scv_zone_tests --gtest_filter=-Soak.*)
@@ -61,8 +61,8 @@ foreach(zone UTC Asia/Kolkata Asia/Kathmandu Europe/Berlin Europe/London America
 endforeach()
 
 if(arch STREQUAL x64)
-  # The tests of all that holds handles once more, under a debugger: only then does Wine report one that is closed twice.
-  # No test that throws can be among them, for an exception that a debugger has seen ends or hangs the program there.
+  # The suites that use handles, once more under a debugger: only then does Wine report a handle that is closed twice. No test
+  # in them may throw: under the debugger an exception ends or hangs the program.
   set(suites Registry FileTests TextFile WindowsFileSystem WindowsShell PrivateProfileApi Scvsched ProcessHardening ScriptDlg
     ScriptFunctionDlg ProjectList SCVSchedulerDlg)
   list(LENGTH suites count)
@@ -81,7 +81,7 @@ if(CMAKE_HOST_WIN32)
   return()
 endif()
 if(arch STREQUAL x64)
-  # The templates that extract elements beside html5lib and soupsieve, on generated pages.
+  # Compares the templates that extract elements with html5lib and soupsieve, on generated pages.
   add_test(NAME ${arch}.elements COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/script/compare_elements.py --pages 150
     ${fixture} run ${arch} $<TARGET_FILE:templaterun> WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
   set_tests_properties(${arch}.elements PROPERTIES LABELS wine FIXTURES_REQUIRED ${arch}.prefix COST 100 TIMEOUT 1500)
@@ -92,7 +92,7 @@ endif()
 add_test(NAME ${arch}.package COMMAND ${scripts}/package.sh ${kind})
 set_tests_properties(${arch}.package PROPERTIES LABELS package FIXTURES_SETUP ${arch}.package TIMEOUT 600 COST 600
   RESOURCE_LOCK ${arch}.build)
-# The shipped programs as their users meet them, each suite with displays and prefixes of its own.
+# The suites that use the shipped programs as users do, each with displays and prefixes of its own.
 file(GLOB suites CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/journeys/test_*.py ${CMAKE_CURRENT_SOURCE_DIR}/cli/test_*.py)
 foreach(suite IN LISTS suites)
   string(REGEX REPLACE ".*/test_(.*)\\.py" "\\1" name ${suite})

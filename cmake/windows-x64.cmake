@@ -1,4 +1,4 @@
-# On a Linux host this cross-compiles; in an MSYS2 shell the MinGW compiler of that shell is used as it is.
+# Cross-compiles on a Linux host. In an MSYS2 shell the MinGW compiler of that shell is used without settings.
 if(NOT CMAKE_HOST_WIN32)
   set(CMAKE_SYSTEM_NAME Windows)
   set(CMAKE_SYSTEM_PROCESSOR x86_64)

@@ -1,21 +1,22 @@
-; The installer. scripts/package.sh makes it; what it is told (/D of makensis):
+; The installer. scripts/package.sh makes it with these definitions (/D of makensis):
 ;   VERSION   such as 3.0.0        FILES   folder with the files to install
-;   SETUP     file to write        WIDE    makes a 64-bit installer, for tests where only 64-bit programs run
+;   SETUP     file to write        WIDE    makes a 64-bit installer, for tests where no 32-bit program runs
 ;
-; For one user, without administrator rights. Its switches:
-;   /S                 no window; exit code 2 when nothing was installed, because something was in use or could
-;                      not be written
-;   /STARTUP=yes|no    start at log-on, in place of the box; without it the choice stays as it is (at first: no)
+; It installs for one user, without administrator rights. Its switches:
+;   /S                 no window; exit code 2 when nothing was installed, because a file was in use or could not be
+;                      written
+;   /STARTUP=yes|no    start at log-on, in place of the box; without this switch it stays as it is (at first: no)
 ;   /PATH=yes|no       the folder on the user's PATH, likewise
-;   /LOG=FILE          writes there what was done or why not (UTF-16)
-;   /D=FOLDER          where to; the last one, and without quotation marks
-; and those of the uninstaller:
-;   /S                 no window; exit code 2 when nothing was removed (to who waits for it, with _?=FOLDER at the end)
-;   /LIST              removes the task list and the settings as well
+;   /LOG=FILE          writes what was done, or why not, into this file (UTF-16)
+;   /D=FOLDER          the folder to install into; the last switch, without quotation marks
+; Switches of the uninstaller:
+;   /S                 no window; exit code 2 when nothing was removed (a caller that waits for it needs _?=FOLDER at
+;                      the end)
+;   /LIST              also removes the task list and the settings
 ;   /LOG=FILE          as above
 ;
-; A running instance is ended as its Exit does, which saves the list, and after an installation it is started again, in
-; the tray when it was there.
+; A running instance is ended by its own Exit command, which saves the list. After an installation it is started
+; again, in the tray if its window was hidden.
 
 Unicode true
 !ifdef WIDE
@@ -33,7 +34,7 @@ AllowSkipFiles off
 !include Sections.nsh
 !include packaging/UserPath.nsh
 
-; Ids of the main window's commands; by the button of its Exit it is known.
+; Ids of commands of the main window. A window with the button of ID_EXIT_PROGRAM is the main window.
 !searchparse /file ui/resource.h "#define ID_EXIT_PROGRAM " ID_EXIT_PROGRAM
 !searchparse /file ui/resource.h "#define ID_SHOW_WINDOW " ID_SHOW_WINDOW
 
@@ -48,7 +49,7 @@ Name "${NAME}"
 OutFile "${SETUP}"
 BrandingText "${NAME} ${VERSION}"
 InstallDir "$LOCALAPPDATA\Programs\SCVScheduler"
-; An upgrade goes where the program is.
+; An upgrade uses the folder of the installed program.
 InstallDirRegKey HKCU "${UNINSTALL_KEY}" InstallLocation
 VIProductVersion "${VERSION}.0"
 VIAddVersionKey ProductName "${NAME}"
@@ -88,8 +89,8 @@ Var Writing ; the file that is being written; when that fails the script ends th
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
 
-; What is installed, and what can be done with each file: all are put beside the old ones before one of these is
-; replaced, so that a full disk or a folder that cannot be written to leaves the old program whole.
+; The files to install, and what is done with each. All new files are written beside the old ones before the first
+; old one is replaced, so that a full disk or a folder that is not writable leaves the old program whole.
 !macro EachFile DO
     !insertmacro ${DO} "${PROGRAM}"
     !insertmacro ${DO} "scvsched.exe"
@@ -143,14 +144,14 @@ FunctionEnd
 !insertmacro LogFunctions "" Installing
 !insertmacro LogFunctions un. Removing
 
-; Why it went no further, to the user who sees a window and to the log; the script goes on at $RETRY when that is wanted.
+; Reports to the log and in a message box why the script stops. If the user chooses Retry it continues at ${RETRY}, else it ends.
 !macro AskToRetry TEXT RETRY
     ${Say} "${TEXT}"
     MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${TEXT}" /SD IDCANCEL IDRETRY ${RETRY}
     Abort
 !macroend
 
-; Ends the script unless that file, if it is there, can be written.
+; Ends the script if this file exists and cannot be written.
 !macro ExpectFree FILE REMEDY
     ClearErrors
     ${If} ${FileExists} "$INSTDIR\${FILE}"
@@ -165,7 +166,8 @@ FunctionEnd
 ; --- Running instances, for installer and uninstaller ----------------------------------------------------------------
 
 !macro InstanceFunctions un
-; Sets $Window, $Process and $Program. Any copy of the program counts, wherever it lies: all use the one list.
+; Sets $Window (0 when nothing runs), $Process and $Program. Copies of the program in other folders count too: all use
+; the same list.
 Function ${un}FindInstance
     StrCpy $Window 0
     ${Do}
@@ -190,7 +192,7 @@ Function ${un}FindInstance
     ${Loop}
 FunctionEnd
 
-; Leaves the page only when nothing runs or the user agrees.
+; Stays on the page when an instance runs and the user does not agree to end it.
 Function ${un}AskToEnd
     Call ${un}FindInstance
     ${If} $Window P<> 0
@@ -200,7 +202,7 @@ Function ${un}AskToEnd
     ${EndIf}
 FunctionEnd
 
-; Ends all instances, or else the script.
+; Ends all instances. If one cannot be ended, ends the script.
 Function ${un}EndInstances
 again:
     Call ${un}FindInstance
@@ -208,7 +210,7 @@ again:
         Return
     ${EndIf}
     StrCpy $1 1
-    ; While it asks something its window is disabled, and what it asks about must not go away under it.
+    ; The window is disabled while a modal dialog is open: the program must not end then.
     System::Call 'user32::IsWindowEnabled(p $Window) i .r0'
     ${If} $0 <> 0
         System::Call 'user32::IsWindowVisible(p $Window) i .r2'
@@ -234,7 +236,7 @@ again:
     !insertmacro ExpectFree "scvsched.exe" "End scvsched, which may be watching in a console (Ctrl+C), and try again."
 FunctionEnd
 
-; What was ended goes on, from the file $Program; before these pages hidden, until they go.
+; Starts $Program if an instance was ended before. While the pages are shown it starts hidden; see ShowAgain.
 Function ${un}StartAgain
     ${If} $Ended != ""
         ${If} $Shown != ""
@@ -252,7 +254,7 @@ Function ${un}ShowAgain
     ${OrIf} $Hidden == ""
         Return
     ${EndIf}
-    ; It may have been started a moment ago, by a user who was quick: its window comes within 15 seconds or not at all.
+    ; The program was perhaps started only a moment ago: wait up to 15 seconds for its window.
     ${For} $1 1 150
         Call ${un}FindInstance
         ${If} $Window P<> 0
@@ -288,7 +290,7 @@ Section "${NAME}" SecProgram
         Abort
     ${EndIf}
     StrCpy $Writing ""
-    ; From another folder the program moves; its uninstaller ends before it goes, for it is told where it is.
+    ; Installed in another folder: remove it there. With _?= the uninstaller runs in place, so that ExecWait waits for it.
     ReadRegStr $0 HKCU "${UNINSTALL_KEY}" InstallLocation
     ${If} $0 != ""
     ${AndIf} $0 != $INSTDIR
@@ -316,7 +318,7 @@ Section "${NAME}" SecProgram
     WriteRegDWORD HKCU "${UNINSTALL_KEY}" NoRepair 1
 SectionEnd
 
-; The value that the program's own box writes, and by which it is ticked.
+; The value that the box in the program's window reads and writes.
 Section /o "Start at log-on" SecStartup
     WriteRegStr HKCU "${RUN_KEY}" "${RUN_VALUE}" '"$INSTDIR\${PROGRAM}" /background'
 SectionEnd
@@ -345,7 +347,7 @@ SectionEnd
     !insertmacro MUI_DESCRIPTION_TEXT ${SecPath} "In a console the command scvsched works in every folder. Yours only, not other users'."
 !insertmacro MUI_FUNCTION_DESCRIPTION_END
 
-; Ticks a box as the switch says, without one as things are: $3 is not empty when it should be ticked.
+; Ticks the box of a section if its switch says yes. Without the switch $3 decides: ticked when it is not empty.
 !macro Tick SECTION SWITCH
     ${GetParameters} $1
     ${GetOptions} $1 "/${SWITCH}=" $2
@@ -382,7 +384,7 @@ Function .onInstFailed
     ${Say} "Nothing was changed."
     !insertmacro EachFile Discard
     !insertmacro Discard uninstall.exe
-    ; A folder that was made for nothing, once it is not the current one.
+    ; Removes the folder if it is empty. It must not be the current folder then.
     SetOutPath $TEMP
     RMDir "$INSTDIR"
     StrCpy $Program $Ended
@@ -422,7 +424,7 @@ Section "un.${NAME}" UnProgram
     DeleteRegKey HKCU "${UNINSTALL_KEY}"
     !insertmacro EachFile Remove
     Delete "$INSTDIR\uninstall.exe"
-    ; Only when nothing else is in it.
+    ; Does nothing when other files are in the folder.
     RMDir "$INSTDIR"
     ${Say} "Removed from $INSTDIR."
 SectionEnd
@@ -431,13 +433,13 @@ Section /o "un.Task list and settings" UnList
     StrCpy $0 "$LOCALAPPDATA\SCVScheduler"
     Delete "$0\SCVScheduler.ini"
     Delete "$0\SCVScheduler.ini.tmp"
-    ; Locks that a power cut has left.
+    ; Lock files that a power cut has left.
     Delete "$0\SCVScheduler.ini.lock"
     Delete "$0\SCVScheduler.ini.launch"
     Delete "$0\SCVScheduler.ini.window"
     Delete "$0\SCVScheduler.ini.watch"
     RMDir "$0"
-    ; Where old versions kept it, and where the program looks for it on its first start.
+    ; The lists of earlier versions, which the program would move to the new place at its first start.
     Delete "$APPDATA\Scrivane\SCVScheduler.ini"
     Delete "$INSTDIR\SCVScheduler.ini"
     RMDir "$INSTDIR"

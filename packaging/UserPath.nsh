@@ -1,15 +1,15 @@
-; The user's PATH, the value Path of HKCU\Environment: puts a folder at its end and takes it off again, so that afterwards
-; the value is what it was before, with the type that it had (REG_EXPAND_SZ or REG_SZ).
+; The user's PATH, the value Path of HKCU\Environment: appends a folder and removes it again. After both the value is what
+; it was before, and its type (REG_EXPAND_SZ or REG_SZ) stays.
 ;
-;   ${UserPathFunctions} PREFIX    the functions, for the installer ("") or the uninstaller ("un."), which has the last one
-;                                  alone; the folder is $R4, to be set before each call:
-;       FindInUserPath    $R3 is 0 when the PATH has no such entry
-;       AddToUserPath     at most once
+;   ${UserPathFunctions} PREFIX    defines the functions for the installer ("") or the uninstaller ("un."), which has only
+;                                  RemoveFromUserPath. Set $R4 to the folder before each call:
+;       FindInUserPath    sets $R3 to 0 when the PATH has no such entry
+;       AddToUserPath     does nothing when the PATH has the entry already
 ;       RemoveFromUserPath
 ;
-; NSIS cuts strings at ${NSIS_MAX_STRLEN} characters and a PATH can have 32,767, so the value never becomes a string of NSIS: it
-; stays in a block of memory, on which the system's functions work. They use $R0 (key), $R1 (type), $R2 (block, 0 when the
-; value cannot be read), $R3 (where the entry is in it) and $0 to $5.
+; NSIS cuts strings at ${NSIS_MAX_STRLEN} characters, and a PATH can have 32,767. So the value never becomes an NSIS string: it
+; stays in a block of memory, on which the system's functions work. The functions use $R0 (key), $R1 (type), $R2 (block, 0 when
+; the value cannot be read), $R3 (address of the entry in the block) and $0 to $5.
 
 !define UserPathFunctions '!insertmacro UserPathFunctions'
 !define SEMICOLON 59
@@ -33,7 +33,7 @@ Function ${un}OpenUserPath
     ${OrIf} $R1 > 2
         Return
     ${EndIf}
-    ; With room for an entry. All of it is zero, so that there is an end in any case.
+    ; With room for one more entry. The block is filled with zeros, so that the text always has a terminator.
     IntOp $2 4 * ${NSIS_MAX_STRLEN}
     IntOp $2 $2 + $1
     System::Alloc $2
@@ -52,7 +52,7 @@ Function ${un}CloseUserPath
     System::Call 'advapi32::RegCloseKey(p R0)'
 FunctionEnd
 
-; Leaves the entry's length in $2.
+; Sets $R3 to the entry's address, $2 to its length in characters. A folder with a semicolon is quoted in $R4.
 Function ${un}FindEntry
     System::Call 'shlwapi::StrChrW(w R4, i ${SEMICOLON}) p .r0'
     ${If} $0 P<> 0
@@ -65,7 +65,7 @@ Function ${un}FindEntry
         ${If} $3 P= 0
             ${Break}
         ${EndIf}
-        ; An entry only between separators: not the beginning of a longer folder.
+        ; Only a whole entry between separators counts, not the beginning of a longer path.
         StrCpy $4 ${SEMICOLON}
         ${If} $3 P<> $R2
             IntPtrOp $5 $3 - 2
@@ -85,7 +85,7 @@ Function ${un}FindEntry
     ${Loop}
 FunctionEnd
 
-; Puts the block back, and tells programs that start others, so that nobody has to log on again.
+; Writes the block to the registry and notifies running programs, so that consoles opened from now on have the new PATH.
 Function ${un}WriteUserPath
     System::Call 'kernel32::lstrlenW(p R2) i .r1'
     ${If} $1 = 0
@@ -122,7 +122,7 @@ Function AddToUserPath
             ${EndIf}
         ${EndIf}
         System::Call 'kernel32::lstrcatW(p R2, w R4)'
-        ; A separator that stood at the end stands there again.
+        ; The value ended with a separator: it does so again.
         ${If} $4 = ${SEMICOLON}
             System::Call 'kernel32::lstrcatW(p R2, w ";")'
         ${EndIf}
@@ -132,7 +132,7 @@ Function AddToUserPath
 FunctionEnd
 !endif
 
-; With the entry goes the separator behind it or, at the end, the one before it.
+; Also removes one separator: the one behind the entry or, for the last entry, the one before it.
 Function ${un}RemoveFromUserPath
     Call ${un}OpenUserPath
     Call ${un}FindEntry

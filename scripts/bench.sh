@@ -1,6 +1,6 @@
 #!/bin/bash
-# Builds all benchmarks and runs them, the native ones first and those that need Windows under 64-bit Wine. Each compares
-# inside its own run and prints its ratios; exit code 1 when one of them failed or missed what is promised.
+# Builds all benchmarks and runs them: first the native ones, then under 64-bit Wine those that need Windows. Each prints
+# ratios of times of its own run. Exit code 1 when one of them failed or missed a bound.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . scripts/wine.sh
 

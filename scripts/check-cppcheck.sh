@@ -1,6 +1,6 @@
 #!/bin/bash
-# cppcheck over every source, as Windows compiles it. What is not taken for a fault stands in .cppcheck-suppressions, each
-# with its reason. What a run learns is kept in build/cppcheck.
+# cppcheck over every source, as Windows compiles it. Findings that are no faults are listed in .cppcheck-suppressions, each
+# with its reason. build/cppcheck caches results for the next run.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 known=build/cppcheck

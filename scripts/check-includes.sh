@@ -1,7 +1,9 @@
 #!/bin/bash
-# No include against the table of folders, none that is not written from the root, no portable file that includes one of
-# Windows' headers or of ours that do, no header without a guard and no source that is in no CMakeLists.txt. Prints each
-# breach and exits with 1 when there is one.
+# Checks the includes of all sources and prints each breach; exit code 1 when there is one:
+# - a folder includes only the folders that the table below allows
+# - an include of ours is written from the root of the checkout
+# - a portable file includes no header of Windows and none of ours that needs Windows
+# - every header has a #pragma once, and every source is in the CMakeLists.txt of its folder
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 # shellcheck disable=SC2016 # awk's own variables
@@ -25,8 +27,8 @@ BEGIN {
 FNR == 1 {
     folder = FILENAME
     sub("/.*", "", folder)
-    # Windows own are the files below a folder win32/ and framework/; all others are portable. Tests, benchmarks and fuzz
-    # targets may include both where the build compiles them for Windows only.
+    # Files below win32/ and in framework/ need Windows; all others are portable. Tests, benchmarks and fuzz targets may include
+    # headers of Windows, because some of them are only compiled for Windows.
     portable = FILENAME !~ "/win32/" && folder !~ "^(framework|tests|bench|fuzz)$"
 }
 /^#pragma once$/ { guarded[FILENAME] = 1 }
@@ -56,7 +58,7 @@ END {
 status=0
 our_files '*.h' '*.cpp' | tr '\n' '\0' | xargs -0 awk "$check" || status=1
 
-# A source that nothing compiles is checked by nobody.
+# A source that is in no CMakeLists.txt is neither compiled nor checked.
 while IFS= read -r file; do
     rest=${file#*/}
     grep -qF "${rest%.cpp}" "${file%%/*}/CMakeLists.txt" || {

@@ -1,15 +1,15 @@
 # shellcheck shell=bash
-# What every script here shares. To be sourced; leaves the caller in the root of the checkout, with the folder that it
-# was called in in OLDPWD.
+# Functions that all scripts share. Source it: it changes to the root of the checkout and leaves the caller's folder in
+# OLDPWD.
 set -euo pipefail
 
 SCV_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$SCV_ROOT"
 
-# The folders that hold our sources; not all of them need be there.
+# The folders of our sources, as far as they exist.
 SCV_FOLDERS=(util core framework layout script ui cli tests bench fuzz)
 
-# our_files PATTERN...: the sources whose names match one of the patterns, one a line, sorted.
+# our_files PATTERN...: prints the sources whose names match one of the patterns, sorted, one per line.
 our_files() {
     local folder names=()
     for folder in "$@"; do
@@ -26,7 +26,7 @@ fail() {
     exit 1
 }
 
-# as_root COMMAND...: runs it as root, through sudo when we are somebody else. exec_as_root replaces this process.
+# as_root COMMAND...: runs the command as root, through sudo for any other user. exec_as_root replaces this process.
 root_prefix() {
     root_command=()
     [ "$(id -u)" -ne 0 ] || return 0

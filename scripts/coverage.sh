@@ -1,6 +1,6 @@
 #!/bin/bash
-# How many lines of the portable sources the native tests run; fails when they leave out one of core or util. A line that no
-# native test can reach is marked with GCOVR_EXCL_LINE and its reason.
+# Reports how many lines of the portable sources the native tests run. Fails when a line of core or util is not run. A line
+# that no native test can reach is marked with GCOVR_EXCL_LINE and the reason.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 scripts/setup.sh build coverage

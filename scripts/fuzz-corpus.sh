@@ -1,6 +1,7 @@
 #!/bin/bash
-# Takes into fuzz/corpus what ./test.sh has found below build/fuzz-corpus: the fewest and smallest samples that reach the
-# same code. Samples with a name of their own stay; the others are named by their content. Wants build/native-fuzz built.
+# Adds inputs that ./test.sh has found (build/fuzz-corpus) to fuzz/corpus, and reduces it to the fewest and smallest samples
+# that reach the same code. Samples with a name stay; the others are named by a hash of their content. Needs the build
+# native-fuzz.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 for samples in fuzz/corpus/*/; do
@@ -12,7 +13,7 @@ for samples in fuzz/corpus/*/; do
     rm -rf "$fewest"
     mkdir "$fewest"
     find "$samples" -type f ! -regex '.*/[0-9a-f]*' -exec cp {} "$fewest" \;
-    # How often a line was reached does not count here, or there would be ten times as many.
+    # Without counters: how often a line is reached does not count. With them there would be ten times as many samples.
     "$target" -merge=1 -use_counters=0 "$fewest" "$samples" "build/fuzz-corpus/$name" >"$fewest.log" 2>&1 </dev/null ||
         { cat "$fewest.log" && fail "The target $name failed."; }
     rm "$samples"*

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Makes the program's .ico files from the drawings beside them, and the picture on the installer's last page. They are
-# committed, so that a build needs neither rsvg-convert nor icotool; run this after a drawing has changed.
+# Makes the program's .ico files from the drawings beside them, and the picture on the installer's last page. Run it after
+# a drawing has changed. The results are committed, so that a build needs neither rsvg-convert nor icotool.
 set -eu
 cd "$(dirname "$0")/.."
 work=$(mktemp -d)
@@ -16,7 +16,7 @@ for drawing in ui/icons/*.svg script/icons/*.svg; do
     for size in $sizes; do
         picture=$work/$name-$size.png
         rsvg-convert --width "$size" --height "$size" --output "$picture" "$drawing"
-        # Windows reads the largest size as a compressed picture; as a plain bitmap it would weigh a quarter megabyte.
+        # The largest size is a PNG, which Windows accepts; as a bitmap it would take a quarter megabyte.
         if [ "$size" -eq 256 ]; then set -- "$@" "--raw=$picture"; else set -- "$@" "$picture"; fi
     done
     icotool --create --output "${drawing%.svg}.ico" "$@"

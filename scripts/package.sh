@@ -1,12 +1,13 @@
 #!/bin/bash
-# Makes what is given to users, in build/package: SCVScheduler-VERSION-setup.exe and SCVScheduler-VERSION-portable.zip,
-# from the 32-bit programs, and what is in them in build/package/files. The same sources give the same bytes, wherever
-# and whenever; the times in them are those of the last commit, or SOURCE_DATE_EPOCH. Installs what is missing first.
+# Makes the packages for users from the 32-bit programs, in build/package: SCVScheduler-VERSION-setup.exe and
+# SCVScheduler-VERSION-portable.zip; their contents are in build/package/files. The same sources always give the same
+# bytes: all times in the packages are SOURCE_DATE_EPOCH, by default the time of the last commit. Installs missing
+# packages first.
 #
 #   scripts/package.sh [--check | x64]
 #
-#   --check    makes them twice elsewhere, here and from a copy of the checkout in another folder, and compares the two
-#   x64        of the 64-bit programs, which do not ship, in build/package-x64: for tests
+#   --check    makes them twice, in build/package-check and from a copy of the checkout in another folder, and compares both
+#   x64        makes them from the 64-bit programs, which do not ship, in build/package-x64: for tests
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 check=
@@ -40,7 +41,7 @@ rm -rf "$folder"
 mkdir -p "$files"
 cp "build/$preset/ui/SCVScheduler.exe" "build/$preset/cli/scvsched.exe" "$files/"
 sed "s/VERSION/$version/; s/\$/\r/" packaging/README.txt >"$files/README.txt"
-# Each page in one file, with its pictures.
+# Each page becomes one HTML file that contains its pictures.
 for page in docs/guide.md docs/scvsched.md docs/task-list-file.md CHANGELOG.md; do
     pandoc --from gfm --to html5 --standalone --self-contained --lua-filter packaging/page-links.lua \
         --css packaging/page.css --resource-path docs --metadata lang=en \
@@ -57,7 +58,7 @@ makensis -V2 -WX -NOCD "-DVERSION=$version" "${wide[@]}" "-DFILES=$files" "-DSET
 (cd "$folder" && sha256sum SCVScheduler-*)
 
 [ -n "$check" ] || exit 0
-# What is committed or would be, under another path, with another clock, language and mask, built anew.
+# Builds the files that git knows again, under another path, with another time zone, language and umask.
 other=$folder/in/another/folder
 mkdir -p "$other"
 git ls-files -z | tar --create --null --files-from=- | tar --extract --directory="$other"

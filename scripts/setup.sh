@@ -1,10 +1,10 @@
 #!/bin/bash
-# Installs with apt what is missing on a Debian 12, and only that; with nothing missing it says nothing and is quick.
+# Installs missing packages with apt on Debian 12. With nothing missing it prints nothing and is fast.
 #
 #   scripts/setup.sh SET...     sets: build, wine64, wine32 (which makes the 32-bit Wine root as well), desktop, checks,
 #                               package, coverage, bench
 #
-# The only place that lists packages.
+# No other place lists packages.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 declare -A packages=(

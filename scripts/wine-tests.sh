@@ -3,8 +3,8 @@
 #
 #   scripts/wine-tests.sh start x64|x86            makes a fresh prefix with a display of its own
 #   scripts/wine-tests.sh stop x64|x86             ends both, and every program in the prefix
-#   scripts/wine-tests.sh run x64|x86 PROGRAM...   runs a program there, prints what it wrote once it has ended, and says so
-#                                                  when it ended with another exit code than 0 or wrote nothing
+#   scripts/wine-tests.sh run x64|x86 PROGRAM...   runs a program there and prints its output once it has ended; also prints
+#                                                  an exit code other than 0, and fails when there is no output
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 . scripts/wine.sh
 
@@ -12,7 +12,7 @@ command=$1
 arch=$2
 shift 2
 prefix=build/wine/tests-$arch
-state=$prefix.display # its name and its process
+state=$prefix.display # the name and the process id of the display
 mkdir -p build/wine
 
 stop() {
@@ -33,16 +33,16 @@ run() {
         use "$prefix"
         DISPLAY=$(cut -d' ' -f1 "$state")
     else
-        # To list the tests before any fixture is there.
+        # CTest lists the tests before any fixture runs.
         use "build/wine/list-$arch"
         DISPLAY=
     fi
     export DISPLAY
-    # Not into CTest's pipe, which a service that the program happens to start would hold open.
+    # Not to CTest's pipe: a service that the program starts would inherit it and keep it open.
     output=$(mktemp build/wine/output.XXXXXX)
     trap 'rm -f "$output"' EXIT
-    # 139: Wine's own Unix process crashed, now and then when a 32-bit program ends. A fault of the Windows program has
-    # other codes, so this one hides none.
+    # 139: Wine's own Unix process crashed, as it sometimes does when a 32-bit program ends. A fault of the Windows program has
+    # other exit codes, so trying again hides no such fault.
     for crashes in 0 1 2; do
         status=0
         wine_run "$arch" "$@" >"$output" 2>&1 </dev/null || status=$?

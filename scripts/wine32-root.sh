@@ -1,15 +1,15 @@
 #!/bin/bash
-# The 32-bit Wine in a Debian root of its own, beside this machine's packages and without touching them.
+# A 32-bit Wine in a Debian root of its own. It changes no packages of this machine.
 #
-#   scripts/wine32-root.sh build            make the root when it is not there yet (root rights; a minute)
-#   scripts/wine32-root.sh run COMMAND...   run a command inside it, as the calling user, in the calling folder, with
-#                                           Wine's and our variables, TZ and DISPLAY
-#   scripts/wine32-root.sh join PROGRAM...  run a Windows program in the 64-bit prefix that WINEPREFIX names, as a client
-#                                           of that prefix's running server, as a 64-bit Windows runs 32-bit programs
+#   scripts/wine32-root.sh build            creates the root unless it exists (needs root rights and a minute)
+#   scripts/wine32-root.sh run COMMAND...   runs a command inside it, as the calling user, in the calling folder, with
+#                                           Wine's and our environment variables, TZ and DISPLAY
+#   scripts/wine32-root.sh join PROGRAM...  runs a 32-bit Windows program in the 64-bit prefix of WINEPREFIX, as a client
+#                                           of that prefix's running server: as a 64-bit Windows runs 32-bit programs
 #
-# The root lives in ${XDG_CACHE_HOME:-~/.cache}/scvscheduler and is shared by all checkouts of this user. The checkout
-# appears inside it under its own path, so paths mean the same on both sides. /proc, /dev and the checkout are mounted
-# in a mount namespace that belongs to the one command: nothing stays mounted, however the command ends.
+# The root is in ${XDG_CACHE_HOME:-~/.cache}/scvscheduler and is shared by all checkouts of this user. The checkout
+# has the same path inside and outside. /proc, /dev and the checkout are mounted in a mount namespace of the one
+# command: nothing stays mounted, however the command ends.
 . "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
 suite=bookworm
@@ -17,7 +17,7 @@ cache=${XDG_CACHE_HOME:-$HOME/.cache}/scvscheduler
 root=$cache/wine32-$suite
 finished=$root/.finished
 
-# The archive that this machine itself installs from; apt knows, whatever the format of its sources.
+# Prints the package archive of this machine. apt knows it, whatever the format of its sources.
 own_mirror() {
     # shellcheck disable=SC2016 # apt fills these in, not the shell
     apt-get indextargets --format '$(RELEASE) $(COMPONENT) $(REPO_URI)' 'Created-By: Packages' |
@@ -32,7 +32,7 @@ make_root() {
     rm -rf --one-file-system "$root"
     mkdir -p "$root"
     debootstrap --arch=i386 --variant=minbase "$suite" "$root" "$mirror"
-    # The archive is reached as this machine reaches it (proxy, certificates, checks).
+    # Access the archive with this machine's settings (proxy, certificates, checks).
     apt-config dump | grep '^Acquire::' >"$root/etc/apt/apt.conf.d/90host" || true
     if [ -e /etc/ssl/certs/ca-certificates.crt ]; then
         mkdir -p "$root/etc/ssl/certs"
@@ -49,7 +49,7 @@ build() {
     [ -e "$finished" ] && return 0
     say "Making the 32-bit Wine root in $root (as root; about a minute, once)"
     mkdir -p "$cache"
-    # Two checkouts may get here at the same time: the second waits and then finds it made.
+    # Two checkouts may get here at the same time: the second one waits and then finds the root.
     (
         flock 9
         [ -e "$finished" ] || as_root env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" \
@@ -57,7 +57,7 @@ build() {
     ) 9>"$cache/lock"
 }
 
-# Runs as root, in a mount namespace of its own. The folders of this machine are there as well, under their own paths.
+# Runs as root, in a mount namespace of its own. The given folders of this machine get the same paths inside.
 enter() {
     local folder=$1 user=$2 shared
     shift 2
@@ -77,22 +77,22 @@ enter() {
 }
 
 # in_root [FOLDER...] -- COMMAND...
-# Replaces this process all the way down, so that whoever started it can end the command by its process id.
+# Replaces this process at each step, so that the caller can end the command by this process id.
 in_root() {
     [ -e "$finished" ] || fail "There is no 32-bit Wine root in $root: scripts/wine32-root.sh build makes it."
-    # sudo would drop them.
+    # sudo would drop these environment variables.
     mapfile -d '' -t variables < <(env -0 | grep -zE '^(WINE[A-Z]*|SCV_[A-Z_]*|TZ|DISPLAY)=' || true)
     exec_as_root env HOME="$HOME" XDG_CACHE_HOME="${XDG_CACHE_HOME:-}" "${variables[@]}" \
         unshare --mount "$0" enter "$OLDPWD" "$(id -u):$(id -g)" "$@"
 }
 
-# Where a server of this machine may have its socket, and the root itself, from which that server opens modules.
+# Mounts the folders where a server of this machine may have its socket, and the root, from which it loads modules.
 join() {
     local folders=("$root")
     for folder in /tmp /run/user; do
         [ ! -d "$folder" ] || folders+=("$folder")
     done
-    # The 32-bit modules, which a prefix made by 64-bit Wine alone lacks; as links, for they are many.
+    # A prefix of 64-bit Wine has no 32-bit modules. Link them; there are too many to copy.
     [ -e "$WINEPREFIX/drive_c/windows/syswow64" ] ||
         cp -rs "$root/usr/lib/i386-linux-gnu/wine/i386-windows" "$WINEPREFIX/drive_c/windows/syswow64"
     in_root "${folders[@]}" -- "$root/usr/lib/wine/wine" "$@"
