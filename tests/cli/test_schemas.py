@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""What scvsched prints as JSON, and the samples in docs/scvsched.md, against the schemas in docs/schema.
+"""Checks the JSON output of scvsched, and the samples in docs/scvsched.md, against the schemas in docs/schema.
 
     SCV_ARCH=x86 SCV_BUILD=build/windows-x86 tests/cli/test_schemas.py
 """
@@ -24,7 +24,7 @@ SCHEMAS = {path.stem: json.loads(path.read_text()) for path in (ROOT / "docs/sch
 
 
 def strict(schema):
-    """Without keys that the schema does not name: for readers they are allowed, here they would be undocumented."""
+    """Returns the schema with unknown keys forbidden: readers must accept them, but here they would be undocumented."""
     if isinstance(schema, list):
         return [strict(part) for part in schema]
     if not isinstance(schema, dict):
@@ -47,7 +47,7 @@ class Schemas(unittest.TestCase):
     def scvsched(self, *words):
         status, text = self.wine.run(BUILD / "cli/scvsched.exe", "--list", "C:\\schemas.ini", *words)
         self.assertIn(status, (0, 1), text)
-        # Behind it come warnings, which go to standard error.
+        # Warnings follow the JSON, because standard error goes to the same output.
         return json.JSONDecoder().raw_decode(text)[0]
 
     def setUp(self):
@@ -85,14 +85,14 @@ class Schemas(unittest.TestCase):
         keys = {"tasks": "list", "changes": "changes", "findings": "check", "runs": "runs"}
         seen = set()
         for sample in samples:
-            if "now" in sample:  # what import takes needs less
+            if "now" in sample:  # not the sample for import
                 name = next(schema for key, schema in keys.items() if key in sample)
                 validate(sample, name)
                 seen.add(name)
         self.assertEqual(seen, set(keys.values()), "a sample is missing")
 
     def test_schemas_refuse(self):
-        """A schema that accepts anything would see no fault."""
+        """The schemas reject wrong documents."""
         good = self.scvsched("export", "--json") if (self.wine.drive_c / "schemas.ini").exists() else {
             "version": 1, "tasks": []}
         for wrong in ({"version": 2, "tasks": []}, {"version": 1}, {"version": 1, "tasks": [], "more": 1},

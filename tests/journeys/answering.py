@@ -1,13 +1,14 @@
 #!/usr/bin/env python3
-"""Measures how soon the window answers while another program holds its list, and what it costs while it idles.
+"""Measures how soon the window answers while another program has its list open, and the processor time of an idle tick.
 
     tests/journeys/answering.py
 
-Asks the window's thread every few milliseconds and prints the longest time to an answer: with a free list, for
-comparison, and with the list and its lock held, in which time the user presses OK and projects become due. Prints how
-many ticks after the release everything is saved, and ends with 1 when an answer took more than 100 ms for which a free
-list gives no reason, or the save more than two ticks. Then prints the processor time of a tick of the idle, shown
-window with 10 and with 10,000 projects. Wants windows-x64, and a machine with nothing else to do.
+Sends the window's thread a message every few milliseconds and prints the longest time to an answer: once with a free
+list, for comparison, and once with the list and its lock held. Meanwhile the user presses OK and projects become due.
+Prints how many ticks after the release everything is saved. The exit code is 1 when an answer took more than 100 ms
+and more than 1.5 times as long as with a free list, or the save more than two ticks. Then prints the processor time of
+a tick of the idle, shown window with 10 and with 10,000 projects. Needs windows-x64, and a machine with nothing else to
+do.
 """
 
 import os
@@ -33,7 +34,7 @@ class Measurement(Steps):
             self.scheduler.make_project(project, 0)
 
     def longest_wait(self, window, seconds):
-        """Returns how many milliseconds the window took for the slowest of many answers."""
+        """Returns the longest time in milliseconds that the window took to answer one of many messages."""
         return self.desktop.ask("waits", window.handle, seconds * 1000)["longest"]
 
     def hold(self):
@@ -43,7 +44,7 @@ class Measurement(Steps):
                 raise AssertionError(f"{file} cannot be held.")
 
     def is_saved(self):
-        """Whether all runs, and the edit, are in the list."""
+        """Returns whether all runs and the edit are in the list."""
         tasks = [self.scheduler.task(number) for number in range(1, len(PROJECTS) + 1)]
         return all(int(task.get("LastRunTime", 0)) for task in tasks) and "-rt" in tasks[0]["CommandLine"]
 
@@ -76,7 +77,7 @@ class Measurement(Steps):
         self.scheduler.write_list(*[f'"C:\\demo\\{number}.scvpr" -s' for number in range(count)])
         self.start()
         process = self.wine.processes(PROGRAM)[0]
-        self.desktop.xdotool("mousemove", 2, 2)  # hovers over nothing
+        self.desktop.xdotool("mousemove", 2, 2)  # so that it hovers over nothing
         until("what a start leaves to do is done", Elapsed(5 * TICK))
         before = processor_time(process)
         until("ten ticks have passed", Elapsed(10 * TICK))
@@ -95,7 +96,7 @@ class Elapsed:
 
 
 def processor_time(process):
-    """Returns what a process and its kernel calls have used, in milliseconds."""
+    """Returns the processor time of a process in milliseconds, its kernel time included."""
     with open(f"/proc/{process}/stat") as file:
         fields = file.read().rsplit(")", 1)[1].split()
     return (int(fields[11]) + int(fields[12])) * 1000 / os.sysconf("SC_CLK_TCK")
@@ -108,7 +109,7 @@ def main():
     for name, free_wait, held_wait in zip(("idle", "after OK", f"launching {len(PROJECTS)} projects"), free, held):
         is_met &= held_wait <= max(LONGEST, 1.5 * free_wait)
         print(f"longest wait for an answer, {name}: {held_wait:.0f} ms, with a free list {free_wait:.0f} ms")
-    is_met &= ticks <= 2.25  # with the time that it takes to look
+    is_met &= ticks <= 2.25  # 0.25 for the time that looking takes
     print(f"saved {ticks:.1f} ticks after the release")
     for count in (10, 10_000):
         print(f"processor time of a tick with {count} projects: {measurement.idle(count):.1f} ms")

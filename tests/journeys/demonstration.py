@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""The scheduler on three sample projects, for ./run.sh, which builds it and tells what is shown.
+"""Shows the scheduler on three sample projects. ./run.sh builds it and starts this program.
 
     SCV_ARCH=x64 tests/journeys/demonstration.py [--keep | --console]
 """
@@ -14,11 +14,11 @@ from scheduler import ARCH, DEMO, Journey, Scheduler
 from test_journeys import Journeys
 from wine import ROOT, Wine, until
 
-LAUNCHES = 3  # how many `scvsched watch` is to show
+LAUNCHES = 3  # the number of launches of `scvsched watch` to show
 
 
 def first_session(keep):
-    """Plays a journey, for there is nobody to see a window."""
+    """Plays a journey, because without a display nobody could see a window."""
     print("There is no display here; playing a first session on one of its own (a minute and a half)", flush=True)
     Journey.keeps = keep
     outcome = unittest.TextTestRunner().run(unittest.TestSuite([Journeys("test_first_start")]))

@@ -1,7 +1,7 @@
 """Mouse and keyboard for the windows of a Wine desktop.
 
-Every place on the screen comes from a program's windows, by the id of a control, and every step waits for what it
-does to be seen there: a check box for its mark, a text for its control, a window for the end of its move.
+Every position on the screen is computed from a control, found by its id. Every step waits until its effect can be
+seen: the mark of a check box, the text of a control, the new place of a window.
 """
 
 import ctypes
@@ -22,7 +22,7 @@ def resource_ids():
 
 
 class Screen:
-    """What the X server has below the mouse and gives the keys to, which follows what Wine has a little later."""
+    """The X server's windows below the mouse and its focus. They change a little later than Wine's own."""
 
     def __init__(self):
         self._x11 = ctypes.CDLL("libX11.so.6")
@@ -59,7 +59,7 @@ class Desktop:
         self.wine = wine
         self.pictures = pictures
         pictures.mkdir(parents=True, exist_ok=True)
-        # Bytes of a pointer, and of the padding before one, in the programs that are looked at.
+        # The format (see struct) of a pointer in a structure of these programs, with the padding before it.
         self.pointer = {"x64": "4xQ", "x86": "I"}[wine.arch]
         self._screen = Screen()
         self._start_helper()
@@ -107,7 +107,7 @@ class Desktop:
         subprocess.run(["import", "-window", "root", self.pictures / f"{name}.png"], check=True)
 
     def paint(self):
-        """Has all windows show what they are to show."""
+        """Makes all shown windows paint what they have not painted yet."""
         for window in self.ask("windows"):
             if window["shown"]:
                 self.ask("paint", window["handle"])
@@ -115,18 +115,18 @@ class Desktop:
     # --- Windows ----------------------------------------------------------------------------------------------------
 
     def windows(self, title):
-        """Returns the windows of a title, the topmost first; a title that ends in * is how it begins."""
+        """Returns the windows with a title, the topmost first. A title that ends in * is a prefix."""
         def fits(found):
             return found.startswith(title[:-1]) if title.endswith("*") else found == title
         return [Window(self, facts) for facts in self.ask("windows") if fits(facts["title"])]
 
     def shown(self, title):
-        """Waits for a window of that title to be shown, and returns it."""
+        """Waits until a window with this title is shown, and returns it."""
         return until(f'window "{title}" is shown',
                      lambda: next((window for window in self.windows(title) if window.facts["shown"]), None))
 
     def hidden(self, title):
-        """Waits until a window of that title is there and none is shown, and returns it."""
+        """Waits until a window with this title exists and none is shown, and returns it."""
         def one():
             windows = self.windows(title)
             return windows[0] if windows and not any(window.facts["shown"] for window in windows) else None
@@ -136,7 +136,7 @@ class Desktop:
         until(f'window "{title}" is gone', lambda: not self.windows(title))
 
     def choose_file(self, title, path):
-        """Types a path into the file dialog of that title once it comes up."""
+        """Waits for the file dialog with this title and types a path into it."""
         dialog = self.shown(title)
         dialog.type_into_focus(path)
         self.keys("Return")
@@ -151,7 +151,7 @@ class Desktop:
         self.click_at(bar, middle((right - (bottom - top), top, right, bottom)), button, times)
 
     def choose_in_task_bar(self, window):
-        """Brings a window and what it asks before the others."""
+        """Brings a window and its message box in front of the others."""
         bar = self.of_class("Shell_TrayWnd")
         button = until(f'"{window.facts["title"]}" is in the task bar', lambda: next(
             (facts for facts in self.ask("children", bar["handle"]) if facts["id"] == window.handle and facts["shown"]),
@@ -159,7 +159,7 @@ class Desktop:
         self.click_at(bar, middle(button["place"]))
 
     def of_class(self, name):
-        """Returns the top-level window of that class that is shown, or None."""
+        """Returns the shown top-level window of a class, or None."""
         return next((window for window in self.ask("windows") if window["class"] == name and window["shown"]), None)
 
     def tray_menu(self):
@@ -172,14 +172,14 @@ class Desktop:
         return until("the icon's menu is shown", menu)
 
     def choose_exit_in_tray_menu(self):
-        # The keys of this display do not reach a menu of a hidden window. "Exit" is the lower one of two.
+        # Not by a key: on this display the menu of a hidden window gets none. "Exit" is the lower one of two entries.
         menu = self.tray_menu()
         left, top, right, bottom = menu["place"]
         self.click_at(menu, middle((left, (top + bottom) // 2, right, bottom)))
         self.menu_is_gone()
 
     def close_tray_menu(self):
-        """Clicks beside the menu."""
+        """Clicks beside the menu, which closes it."""
         bar = self.of_class("Shell_TrayWnd")
         self.click_at(bar, middle(bar["place"]))
         self.menu_is_gone()

@@ -1,4 +1,4 @@
-"""The packed program, its installer's pages, and what is on a user's machine before and after."""
+"""The packed program, the pages of its installer, and the state of a user's machine before and after."""
 
 import hashlib
 import re
@@ -15,7 +15,7 @@ INSTALLED = ["SCVScheduler.exe", "scvsched.exe", "README.txt", "guide.html", "sc
              "CHANGELOG.html"]
 SHORTCUTS = {"SCV Scheduler.lnk": "SCVScheduler.exe", "SCV Scheduler Guide.lnk": "guide.html"}
 
-# Rows of the page with the components, and ids in an installer's window: of its buttons, of its pages' controls.
+# Rows of the components page, and ids of buttons and of controls of the pages in an installer's window.
 STARTUP, PATH, LIST = 1, 2, 1
 LOCKS = (".ini.launch", ".ini.window", ".ini.watch")
 NEXT = 1
@@ -29,7 +29,7 @@ def quoted(text):
 
 
 class InstallerJourney(Journey):
-    """Starts each journey without the program, and ends what an installer left running."""
+    """Starts each journey without the program installed, and ends what an installer left running."""
 
     folder = "installer-journeys"
 
@@ -38,9 +38,9 @@ class InstallerJourney(Journey):
         super().setUpClass()
         cls.setup = next(PACKAGE.glob("*-setup.exe"))
         cls.version = re.fullmatch(r"SCVScheduler-(.*)-setup.exe", cls.setup.name)[1]
-        # As the program's title shows it, so that the installer's, which begins alike, is not taken for it.
+        # With the version, because the installer's title begins alike.
         cls.title = "SCV Scheduler " + cls.version.rstrip("0").rstrip(".")
-        # Wine would write the entry into the start menu of this machine as well.
+        # Otherwise Wine would also add the entry to this machine's own start menu.
         cls.wine.registry("add", r"HKCU\Software\Wine\DllOverrides", "/v", "winemenubuilder.exe", "/d", "", "/f")
         # What every Windows has.
         cls.wine.registry("add", CURRENT_VERSION + r"\Uninstall", "/f")
@@ -54,7 +54,7 @@ class InstallerJourney(Journey):
 
     @classmethod
     def make_older(cls):
-        """Makes an installer of an older version, whose files are others."""
+        """Makes an installer of an older version, with other files."""
         shutil.rmtree(cls.work, ignore_errors=True)
         cls.older_files = cls.work / "older"
         shutil.copytree(PACKAGE / "files", cls.older_files)
@@ -84,17 +84,17 @@ class InstallerJourney(Journey):
         for process in self.started:
             process.wait()
 
-    # --- What is there ----------------------------------------------------------------------------------------------
+    # --- The state of the machine -----------------------------------------------------------------------------------
 
     def state(self):
-        """Returns the user's folders, his files with the sum of their bytes and his registry's values, a line each.
+        """Returns the user's folders, files with a hash of their bytes, and registry values, one per line.
 
-        Of files that never have the same bytes there is the name alone.
+        A file whose bytes differ each time has only its name.
         """
         lines = set()
         for path in self.wine.drive_c.rglob("*"):
             name = str(path.relative_to(self.wine.drive_c))
-            # The last ones: locks of a program that runs, and what the started program notes, at its own time.
+            # Without the locks of a running program and the stand-in's records, which can change at any time.
             if name.startswith("windows/") or "/Temp/" in name or name.endswith((*LOCKS, ".runs.txt")):
                 continue
             if path.is_dir():
@@ -123,7 +123,7 @@ class InstallerJourney(Journey):
         return lines
 
     def with_program(self, state, folder, version, files, startup=False, path=False):
-        """Returns that state and what an installation adds to it."""
+        """Returns a state together with what an installation adds to it."""
         place = self.scheduler.windows_path(folder)
         inside = str(folder.relative_to(self.wine.drive_c))
         key = "[" + UNINSTALL_KEY.replace("HKCU", "HKEY_CURRENT_USER") + "]"
@@ -154,42 +154,42 @@ class InstallerJourney(Journey):
     def installed_version(self):
         return self.wine.value(UNINSTALL_KEY, "DisplayVersion")
 
-    # --- What is done -----------------------------------------------------------------------------------------------
+    # --- Steps ------------------------------------------------------------------------------------------------------
 
     def run_to(self, status, program, *arguments):
         found, output = self.wine.run(program, *arguments)
         self.assertEqual(found, status, f"exit code of {program.name} {arguments}: {output}")
 
     def install(self, setup, *arguments, folder=None, status=0):
-        """Installs silently, with /D as the installer wants it: last, and a blank in it not quoted."""
+        """Installs silently. /D comes last and is not quoted, even if the folder contains a blank."""
         more = f"/D={self.scheduler.windows_path(folder)}".split(" ") if folder else []
         self.run_to(status, setup, "/S", *arguments, *more)
 
     def remove_silently(self, *switches):
-        """Removes the program with the command that the system knows."""
+        """Removes the program with the command in the system's registry key for it."""
         command = re.fullmatch(r'"(.*)" /S', self.wine.value(UNINSTALL_KEY, "QuietUninstallString"))
         self.assertTrue(command, "The system does not know how to remove the program.")
         self.run_to(0, self.wine.drive_c / command[1][3:].replace("\\", "/"), "/S", *switches)
         self.removal_ends()
 
     def removal_ends(self):
-        """The uninstaller goes on as a copy of itself, which removes the last things that there are after the key."""
+        """Waits for the uninstaller: it continues as a copy of itself, which removes the last files after the key."""
         until("the uninstaller ends", lambda: not self.wine.processes(r"[\\/](uninstall\.exe|~nsu)"))
 
     def open_pages(self, program, title):
-        """Starts an installer or uninstaller and returns its window, at the page with the components."""
+        """Starts an installer or uninstaller and returns its window, which shows the components page."""
         self.started.append(self.wine.start(program))
         window = self.desktop.shown(title)
         window.inner(COMPONENTS)
         return window
 
     def next_page(self, window, shows):
-        """Goes on, until the page has a control of that id."""
+        """Clicks Next and waits until the page has a control of this id."""
         window.click(NEXT)
         window.inner(shows)
 
     def message(self, window):
-        """Returns the message box over an installer's window, once it is there."""
+        """Waits for the message box above an installer's window, and returns it."""
         return until("a message box is shown", lambda: next(
             (box for box in self.desktop.windows(window.facts["title"].rstrip() + "*")
              if box.handle != window.handle and box.facts["shown"]), None))
@@ -201,7 +201,7 @@ class InstallerJourney(Journey):
         box.is_gone()
 
     def close(self, window):
-        """Leaves the last page, whose button for that can be used once all is done."""
+        """Closes the last page, whose button is enabled once everything is done."""
         window.click(NEXT)
         window.is_gone()
 

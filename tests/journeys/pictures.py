@@ -1,10 +1,10 @@
 #!/usr/bin/python3
-"""Takes the documentation's pictures of the running program anew, or others for a look at a scaled screen.
+"""Takes the documentation's pictures of the running program again, or others of a scaled screen.
 
     tests/journeys/pictures.py                      into docs, at 100 %, and one of them at 150 %
     tests/journeys/pictures.py --scale 150 FOLDER   into that folder, on a screen of 150 %
 
-Wants the build windows-x64.
+Needs the build windows-x64.
 """
 
 import argparse
@@ -22,7 +22,7 @@ DOCS = ROOT / "docs"
 
 
 def sample_list():
-    """Returns the tasks of the README's picture: one that repeats, one that waits, one of two days, one that failed."""
+    """Returns the tasks of the README's picture: one repeats, one waits, one runs on two days, one has failed."""
     now, day = int(time.time()), 24 * 60 * 60
     return [
         (f'"{DEMO}\\prices.scvpr" -dt -dr -at"{DEMO}\\urls.csv" -s -qe"{DEMO}\\prices.csv" -ex',
@@ -48,7 +48,7 @@ class Photographer(Steps):
         self.scheduler = Scheduler(self.wine)
 
     def take(self, place, name, hides_mouse=True):
-        """Keeps a part of the screen."""
+        """Saves a part of the screen as NAME.png."""
         left, top, right, bottom = place
         if hides_mouse:
             self.desktop.xdotool("mousemove", 2, 2)

@@ -1,6 +1,6 @@
 r"""The scheduler on a Wine desktop: C:\demo with the programs and some projects, its list file, its registry.
 
-A stand-in, tests/standin, is registered as the extraction program; it writes down what it was started with.
+A stand-in, tests/standin, is registered as the extraction program. It records the command lines it was started with.
 """
 
 import datetime
@@ -12,7 +12,7 @@ import unittest
 from desktop import Desktop, resource_ids
 from wine import ROOT, Display, Wine, until
 
-ARCH = os.environ.get("SCV_ARCH", "x64")  # which build: x64, or x86, which is what ships
+ARCH = os.environ.get("SCV_ARCH", "x64")  # the build: x64, or x86, which ships
 DEMO = "C:\\demo"
 PROGRAM = "SCVScheduler.exe"
 SETTINGS = r"HKCU\Software\Talvernick\SCVScheduler"
@@ -29,7 +29,7 @@ def tomorrow():
 
 
 class Scheduler:
-    """The demo folder of a prefix, made anew, and the files of the prefix's one user."""
+    """The demo folder of a prefix, newly made, and the files of the prefix's only user."""
 
     def __init__(self, wine):
         self.wine = wine
@@ -39,13 +39,13 @@ class Scheduler:
         build = ROOT / f"build/windows-{wine.arch}"
         for program in (f"ui/{PROGRAM}", "cli/scvsched.exe", "tests/standin.exe"):
             shutil.copy(build / program, self.demo)
-        # The text of a project is how many seconds the stand-in keeps it open.
+        # The text of a project is the number of seconds for which the stand-in keeps it open.
         for name, seconds in {"prices": 1, "new books": 2, "news": 0}.items():
             self.make_project(name, seconds)
         # The path is short: the scheduler reads no program path of more than 126 characters.
         wine.registry("add", r"HKCU\Software\Talvernick\Scrivane", "/v", "ProgramFileName", "/d", DEMO + r"\standin.exe",
                       "/f")
-        # Whatever Wine calls the user.
+        # By a pattern, because Wine chooses the user's name.
         self.app_data = next(wine.drive_c.glob("users/[!P]*/AppData"))
         self.list_file = self.app_data / "Local/SCVScheduler/SCVScheduler.ini"
         self.old_list_file = self.app_data / "Roaming/Scrivane/SCVScheduler.ini"
@@ -57,7 +57,7 @@ class Scheduler:
         return "C:\\" + str(path.relative_to(self.wine.drive_c)).replace("/", "\\")
 
     def write_list(self, *tasks, file=None):
-        """Writes a list file: a task is its command line, or that and the values of further keys."""
+        """Writes a list file. A task is a command line, or a pair of a command line and a dictionary of further keys."""
         lines = ["[SCVShchedulerTaskList]", f"TaskCount={len(tasks)}"]
         for number, task in enumerate(tasks, 1):
             command_line, more = (task, {}) if isinstance(task, str) else task
@@ -70,7 +70,7 @@ class Scheduler:
         file.write_text("\r\n".join([*lines, ""]), newline="")
 
     def list(self):
-        """Returns the list file as a dictionary of dictionaries, by section and key; an empty one without a file."""
+        """Returns the list file as a dictionary of sections, each a dictionary of keys; empty without a file."""
         sections, section = {}, {}
         text = self.list_file.read_text() if self.list_file.exists() else ""
         for line in text.splitlines():
@@ -94,11 +94,11 @@ class Scheduler:
         return self.wine.value(f"{SETTINGS}\\{key}", name)
 
     def startup(self):
-        """Returns what is started when the user logs on."""
+        """Returns the command that Windows runs when the user logs on."""
         return self.wine.value(RUN_KEY, "SCVScheduler")
 
     def forget(self):
-        """Makes him a user who has never run the program."""
+        """Removes lists, records, settings and start at log-on, as if the user had never run the program."""
         for folder in (self.list_file.parent, self.old_list_file.parent):
             shutil.rmtree(folder, ignore_errors=True)
         for record in self.demo.glob("*.runs.txt"):
@@ -107,7 +107,7 @@ class Scheduler:
         self.wine.registry("delete", RUN_KEY, "/v", "SCVScheduler", "/f")
 
     def start(self, *arguments, folder=None, **more):
-        """Starts the window program; its process is the returned one."""
+        """Starts the window program and returns its process."""
         process = self.wine.start((folder or self.demo) / PROGRAM, *arguments, **more)
         self._started.append(process)
         return process
@@ -122,7 +122,7 @@ class Scheduler:
 
 
 class Steps:
-    """What a user does with the program's windows. Who derives from it has a desktop and a scheduler."""
+    """A user's steps in the program's windows. A derived class has self.desktop and self.scheduler."""
 
     title = "SCV Scheduler*"
 
@@ -155,7 +155,7 @@ class Steps:
         window.select_row(ids.IDC_PROJECT_LIST, row)
 
     def make_left_script(self, picture=lambda name: None):
-        """In the script editor: makes a script that keeps what stands before "-", and tries it on a sample."""
+        """In the script editor makes a script from the template Left_String and tests it on a sample."""
         editor = self.desktop.shown("Script Editor")
         editor.choose(ids.IDC_SCRIPT_LANGUAGE, "VBScript")
         editor.double_click_entry(ids.IDC_SCRIPT_TEMPLATES, "Left_String")
@@ -172,14 +172,14 @@ class Steps:
 
 
 class Journey(unittest.TestCase, Steps):
-    """Plays a user on a desktop of its own, which all journeys of a class share.
+    """Plays a user on a desktop that all journeys of a class share.
 
-    What a journey leaves running is ended after it. Pictures go to build/NAME/ARCHITECTURE, one of the screen as it was
-    when a journey fails among them.
+    After a journey the programs that it started are ended. Pictures go to build/NAME/ARCHITECTURE; a journey that fails
+    leaves one of the screen.
     """
 
     folder = "journeys"
-    keeps = False  # leaves the display and what the last journey started
+    keeps = False  # True keeps the display and the programs of the last journey
 
     @classmethod
     def setUpClass(cls):

@@ -24,7 +24,7 @@ from wine import until
 class Installer(InstallerJourney):
 
     def test_pages(self):
-        """By the pages: with the start at log-on, which the program's own box then shows; upgrade and removal while it runs."""
+        """By the pages: start at log-on, which the program's own box then shows; upgrade and removal of the running program."""
         setup_title, removal_title = "SCV Scheduler Setup*", "SCV Scheduler Uninstall*"
         pages = self.open_pages(self.setup, setup_title)
         pages.tick_tree(COMPONENTS, STARTUP)
@@ -76,7 +76,7 @@ class Installer(InstallerJourney):
         self.assert_state(self.before, "after the removal")
 
     def test_silent(self):
-        """No window, a folder of its own; refused while a program runs there or a file cannot be written."""
+        """Silently, into a chosen folder; refused while a program runs there or a file cannot be written."""
         folder = self.elsewhere
         self.install(self.setup, folder=folder)
         installed = self.with_program(self.before, folder, self.version, PACKAGE / "files")
@@ -97,7 +97,7 @@ class Installer(InstallerJourney):
         watch.terminate()
         watch.wait()
 
-        # The last file cannot be written: the first ones stay as they were.
+        # The last file cannot be written: all files stay as they were.
         obstacle = folder / "CHANGELOG.html.new"
         obstacle.mkdir()
         self.install(self.older, status=2)
@@ -105,11 +105,11 @@ class Installer(InstallerJourney):
         self.assert_state(installed, "after a failure")
 
     def read_log(self):
-        """Returns the lines of the log file that the last installer or uninstaller was told to write."""
+        """Returns the lines of the log file of the last installer or uninstaller."""
         return (self.scheduler.demo / "log.txt").read_text("utf-16").splitlines()
 
     def test_log(self):
-        """/LOG names a file that says what was done, or why not."""
+        """/LOG names a log file of what was done, or why not."""
         folder, log = self.elsewhere, f"/LOG={DEMO}\\log.txt"
         place = self.scheduler.windows_path(folder)
         self.install(self.setup, log, folder=folder)
@@ -164,7 +164,7 @@ class Installer(InstallerJourney):
         self.close(pages)
 
     def test_question_asking(self):
-        """While the program asks something, the pages ask the user to answer it, and go on once he has."""
+        """While the program shows a dialog, the pages ask the user to answer it, and continue afterwards."""
         self.install(self.older)
         process, window = self.start(folder=self.default_folder)
         window.press("alt+a")
@@ -184,7 +184,7 @@ class Installer(InstallerJourney):
         self.desktop.shown(self.title)
 
     def test_question_watching(self):
-        """While scvsched watches, the pages ask the user to end it, and go on once he has."""
+        """While scvsched watches, the pages ask the user to end it, and continue afterwards."""
         self.install(self.older)
         watch = self.start_watch(self.default_folder)
         pages = self.pages_to_installation()
@@ -198,12 +198,12 @@ class Installer(InstallerJourney):
         self.desktop.shown(self.title)
 
     def test_path(self):
-        """The folder is put on the user's PATH and taken off again; what else is there stays as it is, however long."""
+        """The folder is added to the user's PATH and removed again; the other entries stay as they are, however long."""
         environment = r"HKCU\Environment"
         place = self.scheduler.windows_path(self.default_folder)
         long = ";".join(f"C:\\tools\\number {number:03}" for number in range(1, 301))
         self.assertGreater(len(long), 4096)
-        # What is there; its type; what is there with the folder; how it is said.
+        # By label: the PATH before, its type, the PATH with the folder.
         rows = {
             "none": (None, None, f"{place}"),
             "one folder": ("C:\\tools", "REG_SZ", f"C:\\tools;{place}"),
@@ -229,7 +229,7 @@ class Installer(InstallerJourney):
                 self.assert_state(before, "after the removal")
                 self.assertEqual(self.desktop.ask("changes"), changes + 2, "after the removal")
 
-        # A folder that was there before the first installation stays in its place, until the program leaves it.
+        # An entry from before the first installation keeps its place until the program is removed from that folder.
         self.wine.registry("add", environment, "/v", "Path", "/d", f"C:\\a;{place};C:\\b", "/f")
         self.install(self.setup)
         self.assertEqual(self.wine.value(environment, "Path"), f"C:\\a;{place};C:\\b")
@@ -240,7 +240,7 @@ class Installer(InstallerJourney):
         self.assertEqual(self.wine.value(environment, "Path"), "C:\\a;C:\\b")
 
     def start_watch(self, folder):
-        """Starts `scvsched watch` there, on a list with a due task, and waits until it has noted that task's run."""
+        """Starts `scvsched watch` from this folder, on a list with a due task, and waits until it has saved that task's run."""
         self.scheduler.write_list((f'"{DEMO}\\news.scvpr" -s', {"StartTime": int(time.time()) - 60}))
         watch = self.wine.start(folder / "scvsched.exe", "watch")
         self.started.append(watch)
@@ -250,9 +250,10 @@ class Installer(InstallerJourney):
         return watch
 
     def test_upgrade(self):
-        """In place over an older version, with list, settings and start at log-on as they were.
+        """An upgrade in place keeps list, settings and start at log-on.
 
-        While nothing runs, while the program runs hidden, while it shows a change, and not while it asks something.
+        It works while nothing runs, while the program is hidden and while its window has a change; it is refused while
+        the program shows a dialog.
         """
         self.install(self.older, "/STARTUP=yes", folder=self.elsewhere)
         installed = self.with_program(self.before, self.elsewhere, "1.0.0", self.older_files, startup=True)
@@ -260,7 +261,7 @@ class Installer(InstallerJourney):
         self.a_list()
         process, window = self.start(folder=self.elsewhere)
         self.exit(window, process)
-        # Now there are settings, too.
+        # Now the program has stored settings, too.
         upgraded = self.with_program(self.before | (self.state() - installed), self.elsewhere, self.version,
                                      PACKAGE / "files", startup=True)
         self.install(self.setup)
@@ -295,7 +296,7 @@ class Installer(InstallerJourney):
         self.assert_state(asking, "while the program asks for a file")
 
     def test_move(self):
-        """Another folder, and another choice of the start at log-on; the old folder goes, as far as it is ours."""
+        """Into another folder, then with another start at log-on; of the old folder only our files are removed."""
         self.install(self.older, "/STARTUP=yes")
         self.a_list()
         notes = self.default_folder / "notes.txt"
@@ -311,7 +312,7 @@ class Installer(InstallerJourney):
                           "with the other choice")
 
     def test_removal(self):
-        """As the system's settings remove it, while it runs: the list, the settings and what is not ours stay, unless asked."""
+        """The registered command removes the running program and keeps list, settings and other files, unless /LIST."""
         self.install(self.setup, "/STARTUP=yes")
         self.a_list()
         notes = self.default_folder / "notes.txt"

@@ -1,11 +1,11 @@
 #!/usr/bin/python3
 """Journeys of a user through the shipped program, by mouse and keyboard, on a desktop with a task bar.
 
-Each looks afterwards at what it left: the list file, the registry, the stand-in's record.
+Each journey then checks the list file, the registry and the stand-in's record.
 
     SCV_ARCH=x86 tests/journeys/test_journeys.py [--keep] [-v] [Journeys.test_tray ...]
 
---keep leaves the display and what the last journey started. Pictures are in build/journeys/ARCHITECTURE.
+--keep keeps the display and the programs of the last journey. Pictures are in build/journeys/ARCHITECTURE.
 """
 
 import sys
@@ -32,13 +32,13 @@ class Journeys(Journey):
         return [tasks[f"SCVShchedulerTask{number}"]["CommandLine"] for number in range(1, count + 1)]
 
     def assert_started(self, project, *switches):
-        """That the stand-in was started with a project so many times, each with these switches."""
+        """Checks that the stand-in was started with a project once for each of `switches`, in this order."""
         self.assertEqual(self.scheduler.runs(project),
                          [f'"{DEMO}\\standin.exe" {command(project, each)}' for each in switches])
 
     def test_first_start(self):
-        """An old list moves to its new place; two projects are added and edited, and due ones run while nobody looks."""
-        # One is due every 20 seconds, so that whenever the window is hidden the next one is still to come.
+        """An old list moves to its new place; two projects are added and edited; due ones run while the window is hidden."""
+        # One is due every 20 seconds, so that one of them becomes due after the window was hidden, whenever that is.
         start, names = int(time.time()), [f"due{number}" for number in range(1, 31)]
         for name in names:
             self.scheduler.make_project(name, 0)
@@ -53,7 +53,7 @@ class Journeys(Journey):
 
         self.add_project(window, "prices")
         self.add_project(window, "new books")
-        # The last one is selected now.
+        # The project added last is selected now.
         window.tick(ids.IDC_DELETE_RESULTS)
         window.tick(ids.IDC_ADD_URLS)
         window.type(ids.IDC_URLS_FILE, f"{DEMO}\\urls.csv")
@@ -76,12 +76,12 @@ class Journeys(Journey):
         self.assertEqual(self.scheduler.startup(), "", "start with Windows, as the list was not empty")
 
     def test_tray(self):
-        """A single click on the icon does nothing, two show the window, its menu saves and ends."""
+        """A single click on the icon does nothing, a double-click shows the window, Exit in its menu saves and ends."""
         self.scheduler.write_list(*THREE_PROJECTS)
         process, window = self.start()
         self.hide(window)
         self.desktop.click_tray()
-        # What the icon is sent arrives in order: once its menu is there, the click has been dealt with.
+        # Messages of the icon arrive in order: once its menu is shown, the click has been handled.
         self.desktop.tray_menu()
         self.assertFalse(window.now()["shown"], "A single click on the icon shows the window.")
         self.picture("1-menu")
@@ -103,7 +103,7 @@ class Journeys(Journey):
         self.assertEqual(self.scheduler.startup(), f'"{DEMO}\\{PROGRAM}" /background')
 
     def test_further_instances(self):
-        """/BACKGROUND stays hidden and launches; a second start is a further instance, unless a window has the bare title."""
+        """/BACKGROUND starts hidden and launches; a second start is a further instance, unless a title has no version."""
         self.scheduler.write_list((command("prices", "-s"), {"StartTime": int(time.time()) - 60}))
         first = self.scheduler.start("/BACKGROUND")
         until("the hidden program starts the due project", lambda: self.scheduler.runs("prices"))
@@ -117,7 +117,7 @@ class Journeys(Journey):
         left = until("one of the two ends", lambda: second if first.poll() is not None
                      else first if second.poll() is not None else None)
 
-        # It is hidden or shown, as it was.
+        # The remaining instance may be hidden or shown.
         window = self.desktop.windows(self.title)[0]
         window.rename("SCV Scheduler")
         if window.now()["shown"]:
@@ -129,7 +129,7 @@ class Journeys(Journey):
         self.assert_started("prices", "-s")
 
     def test_editing(self):
-        """Several rows are edited at once, Cancel discards, Delete deletes; sort and place are remembered."""
+        """Several rows are edited at once, Cancel discards, Delete deletes; sort order and place are stored."""
         self.scheduler.write_list(*THREE_PROJECTS)
         process, window = self.start()
         self.select(window, 0)
@@ -173,7 +173,7 @@ class Journeys(Journey):
         self.assertEqual(self.scheduler.runs("new books"), [], "what else was started")
 
     def test_script(self):
-        """A script is made from a template, tried on a sample, and saved under a new name."""
+        """A script is made from a template, tested on a sample, and saved under a new name."""
         self.scheduler.write_list(*THREE_PROJECTS)
         _, window = self.start()
         self.select(window, 2)

@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """On small and on scaled screens every control of the three dialogs is within reach.
 
-Reads the rectangles of the running program's windows: at first sight, as small as they get, maximised, and placed as
-they were left on another screen. Above a task bar of 40 pixels at 100 %.
+Reads the rectangles of the running program's windows: at the first start, in their smallest size, maximised, and with
+the place stored on another screen. The task bar has 40 pixels at 100 %.
 
     SCV_ARCH=x86 tests/journeys/test_layout.py [-v]
 
@@ -19,7 +19,7 @@ from wine import ROOT, Display, Wine
 WM_NULL, WM_SYSCOMMAND, SC_MAXIMIZE, SC_RESTORE = 0, 0x112, 0xF030, 0xF120
 TASK_BAR = 40
 
-# Width, height and scale in per cent. Each starts with what the one before has stored, so they jump up and down.
+# Width, height and scale in per cent. Each screen starts with the place stored on the one before, so sizes alternate.
 SCREENS = [
     (1366, 768, 100), (1920, 1080, 200), (1366, 768, 150), (1920, 1080, 100), (1280, 800, 125), (1920, 1080, 175),
     (1366, 768, 125), (1920, 1080, 150), (1920, 1080, 125),
@@ -65,7 +65,7 @@ class Layout(unittest.TestCase, Steps):
         self.desktop = Desktop(self.wine, ROOT / f"build/layout/{ARCH}")
 
     def stored_place(self):
-        """Starts where the windows were left on the screen before."""
+        """Starts with the places that were stored on the screen before."""
         process, window = self.start()
         self.assert_within_reach(window, "stored")
         editor = self.open_editor(window)
@@ -113,8 +113,8 @@ class Layout(unittest.TestCase, Steps):
         dialog.is_gone()
 
     def assert_within_reach(self, window, when, is_maximised=False):
-        """That the window is in the work area and all that is in it inside; the frame of a maximised one hangs over."""
-        self.desktop.ask("send", window.handle, WM_NULL, 0, 0)  # answered once its controls are placed
+        """Checks that the window is in the work area and its controls are inside it; without the frame of a maximised one."""
+        self.desktop.ask("send", window.handle, WM_NULL, 0, 0)  # returns once the controls are placed
         facts = window.now()
         inner = facts["client"]
         outer = inner if is_maximised else facts["place"]

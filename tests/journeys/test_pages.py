@@ -1,17 +1,17 @@
 #!/usr/bin/python3
-r"""Runs every command line of scvsched that the pages show, and compares what it prints with what they show.
+r"""Runs every command line of scvsched on the pages, and compares its output with the output shown there.
 
     SCV_ARCH=x86 tests/journeys/test_pages.py [-v] [Pages.test_blocks ...]
 
-How the pages write them:
-- `scvsched list` within the text is run and has to succeed. Of a bare name such as `scvsched add` the help has to exist,
-  and of `scvsched COMMAND --help` that of every command.
-- In a block a line that begins with `scvsched`, or with a prompt and it, is run, and the lines up to the next one are what it
-  prints; none when it does not matter. In them "..." stands for any text, on a line of its own for any lines.
-- The guide's table of repeat rules has the options of `scvsched add` and the runs that `next` finds.
+What the pages contain:
+- A command within the text, such as `scvsched list`, has to succeed. A name alone, such as `scvsched add`, must have a help
+  text; `scvsched COMMAND --help` means the help of every command.
+- In a block, a line that begins with `scvsched`, with or without a prompt before it, is run. The lines up to the next such line
+  are its expected output; without any the output is not compared. "..." stands for any text, on a line of its own for any lines.
+- The guide's table of repeat rules has options of `scvsched add` and the runs that `next` then shows.
 
-They run in C:\projects in the zone Europe/Berlin, on the list below; a block, or a command alone, begins with an empty list when
-it begins with `add` or `import`.
+The commands run in C:\projects in the zone Europe/Berlin, on the list below. A block, or a command within the text, that begins
+with `add` or `import` starts with an empty list.
 """
 
 import re
@@ -25,29 +25,29 @@ from wine import ROOT, Wine, until
 
 PAGES = ["README.md", "docs/guide.md", "docs/scvsched.md"]
 ZONE = {"TZ": "Europe/Berlin"}
-SEEN = "2026-03-02T10:00"  # when the runs in the guide's table are seen from
-MONDAY = 1898838000  # Monday, 4 March 2030, 8:00 in that zone: far enough for the next runs to stay what they are
+SEEN = "2026-03-02T10:00"  # the present time of the guide's table
+MONDAY = 1898838000  # Monday, 4 March 2030, 8:00 in that zone: so far ahead that next runs do not change
 TASKS = [
     ('"C:\\projects\\prices.scvpr" -dr -s -qe -ex', {"StartTime": MONDAY, "RepeatOnMon": 1, "RepeatOnThu": 1}),
     ('"C:\\projects\\news.scvpr" -s -ex', {"StartTime": MONDAY + 1800}),
 ]
-# What is a command by its name alone; the others want a project or a file.
+# Commands that need no argument; the others need a project or a file.
 ALONE = {"list", "next", "check", "pass"}
 
 
 def words(line):
-    """Returns the arguments of a command line, of which some may be quoted."""
+    """Splits a command line into its arguments, which may be quoted."""
     return [word.strip('"') for word in re.findall(r'(?:"[^"]*"|\S)+', line)]
 
 
 def spans(page):
-    """Returns the command lines within a page's text, with the numbers of their lines."""
+    """Returns the command lines within a page's text as pairs of line number and command."""
     return [(number, span) for number, line in enumerate(page.splitlines(), 1)
             for span in re.findall(r"`(scvsched [^`]*)`", line)]
 
 
 def blocks(page):
-    """Returns a page's blocks with command lines: of each the number of its line and [command line, output lines]."""
+    """Returns a page's blocks with command lines, each as (line number, list of [command line, output lines])."""
     found, block, fenced = [], None, False
     for number, line in enumerate(page.splitlines(), 1):
         if line.startswith("```"):
@@ -68,7 +68,7 @@ def blocks(page):
 
 
 def pattern(lines):
-    """Returns the regular expression for an output: "..." stands for any text."""
+    """Returns the regular expression for an expected output, in which "..." stands for any text."""
     text = "\n".join(line.rstrip() for line in lines).strip("\n")
     return re.sub(r"(?:\\\.){3}", lambda _: "(?:.|\n)*", re.escape(text))
 
@@ -92,7 +92,7 @@ class Pages(unittest.TestCase):
         return cls.wine.run(cls.scheduler.demo / "scvsched.exe", *arguments, env=ZONE, folder=cls.folder)
 
     def prepare(self, first):
-        """Makes the folder and the list anew, for a command line that comes first."""
+        """Creates the files and the list again, for the first command line of a block."""
         for name in ("prices", "news"):
             (self.folder / f"{name}.scvpr").write_text("0\n")
         self.scheduler.write_list(*TASKS)
@@ -102,12 +102,12 @@ class Pages(unittest.TestCase):
             self.scheduler.write_list()
 
     def run_line(self, line):
-        """Runs a command line of a page, `watch` until it has looked once, and returns what it prints."""
+        """Runs a command line of a page, `watch` until it has launched a project, and returns its output."""
         arguments = words(line)[1:]
         if arguments[0] == "watch":
             return self.watch(arguments)
         status, output = self.scvsched(*arguments)
-        # 1 is for findings, which a page may show.
+        # Exit code 1 means findings, which a page may show.
         self.assertIn(status, (0, 1), output)
         return output
 
@@ -165,7 +165,7 @@ class Pages(unittest.TestCase):
                 self.assertEqual(len(found) > len(runs), goes_on, f"The next one: {found[len(runs):]}")
 
     def next_runs(self, options, count):
-        """Returns the next runs of a task with these options as the guide writes them."""
+        """Returns the next runs of a task with these options, formatted as in the guide."""
         self.scheduler.write_list()
         status, output = self.scvsched("add", "C:\\example.scvpr", *words(options))
         self.assertEqual(status, 0, output)

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
-"""Two windows run one list: measures that each project that is due is started exactly once.
+"""Checks that two windows on one list start each due project exactly once.
 
     tests/journeys/two_schedulers.py [ROUNDS]
 
 One window is the 64-bit build, the other the 32-bit one. In each of 20 rounds 50 projects become due at once while both
-run. In every fourth round one of them is killed at a random moment. The project that was being launched then may start
-twice: it is the first one of the list without a run, read while both windows stand still. Prints a line a round; ends
-with 1 when any other project started twice, or one not at all. Takes some minutes. Wants windows-x64 and windows-x86.
+run. In every fourth round one of them is killed at a random moment. The project that was then being launched may start
+twice: it is the first project of the list without a run, read while the other window is stopped. Prints a line for each
+round. The exit code is 1 when any other project started twice, or one not at all. Takes some minutes. Needs windows-x64
+and windows-x86.
 """
 
 import os
@@ -36,21 +37,21 @@ class Rounds:
         self._install_32_bit()
 
     def _install_32_bit(self):
-        """Copies the 32-bit build, and the stand-in to where either window finds the one that its Wine can start."""
-        self.wine.run("cmd.exe", "/c", "exit", arch="joined")  # makes the folder of 32-bit modules
+        """Copies the 32-bit build, and both stand-ins to where each window finds the one of its architecture."""
+        self.wine.run("cmd.exe", "/c", "exit", arch="joined")  # creates the folder of 32-bit modules
         build = ROOT / "build/windows-x86"
         (self.scheduler.demo / "joined").mkdir()
         shutil.copy(build / "ui" / PROGRAM, self.scheduler.demo / "joined")
         windows = self.wine.drive_c / "windows"
         shutil.copy(self.scheduler.demo / "standin.exe", windows / "system32")
-        shutil.copy(build / "tests/standin.exe", windows / "syswow64")  # seen as system32 by a 32-bit program
+        shutil.copy(build / "tests/standin.exe", windows / "syswow64")  # which is system32 for a 32-bit program
         self.wine.registry("add", SCRIVANE, "/v", "ProgramFileName", "/d", r"C:\windows\system32\standin.exe", "/f")
 
     def start(self, arch, number):
-        """Starts a window as the number-th one; returns which it is, and its process."""
+        """Starts window number `number` and returns its architecture and its process."""
         folder = self.scheduler.demo / ("joined" if arch == "joined" else "")
         process = self.scheduler.start("/background", folder=folder, arch=arch).pid
-        # With its version in its title it is ready: before that a second one would hand over to it and end.
+        # Wait until its title has the version: before that, a second process would hand over to it and end.
         until(f"{number} windows run", lambda: len(self.desktop.windows("SCV Scheduler *")) == number)
         return arch, process
 
@@ -58,21 +59,21 @@ class Rounds:
         return int(self.scheduler.task(number + 1).get("LastRunTime", 0)) != 0
 
     def play(self, kills):
-        """Returns how many starts each project had, which of them may have had two, and what was done."""
+        """Returns the starts of each project, the index of one that may start twice, and the kill in words."""
         self.scheduler.forget()
-        due = int(time.time()) + 15  # both windows are up by then, mostly
+        due = int(time.time()) + 15  # usually enough for both windows to start
         self.scheduler.write_list(*[(f'"C:\\demo\\{project}.scvpr" -s', {"StartTime": due}) for project in PROJECTS])
         windows = [self.start(arch, number) for number, arch in enumerate(random.sample(sorted(BITS), 2), 1)]
         may_repeat, deed = kill_one(self, windows) if kills else (None, "")
         until("every run is in the list", lambda: all(map(self.has_run, range(len(PROJECTS)))))
-        quiet = time.monotonic() + 8  # some ticks, in which nothing may start again
+        quiet = time.monotonic() + 8  # some ticks in which no project may start again
         until("some ticks have passed", lambda: time.monotonic() > quiet)
         self.scheduler.end_all()
         return [len(self.scheduler.runs(project)) for project in PROJECTS], may_repeat, deed
 
 
 def kill_one(rounds, windows):
-    """Kills a window once a random number of projects has started; returns the project at hand and what it did."""
+    """Kills a window once a random number of projects has started; returns the project being launched, and a text."""
     count = random.randrange(1, len(PROJECTS))
     until(f"{count} projects have started", lambda: sum(
         bool(rounds.scheduler.runs(project)) for project in PROJECTS) >= count)

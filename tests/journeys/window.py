@@ -1,10 +1,10 @@
-"""A window on a Wine desktop, and what a user does with its controls, lists and frame."""
+"""A window on a Wine desktop, and a user's steps with its controls, lists and frame."""
 
 import struct
 
 from wine import until
 
-# Messages and their constants, as the system's headers have them.
+# Messages and their constants from the system's headers.
 WM_NCHITTEST, HTCAPTION, HTRIGHT = 0x84, 2, 11
 BM_GETCHECK = 0xF0
 LB_GETITEMRECT, LB_FINDSTRINGEXACT = 0x198, 0x1A2
@@ -23,7 +23,7 @@ def middle(place):
 
 
 class Window:
-    """A top-level window, by its handle: it stays the same whatever its title becomes."""
+    """A top-level window, identified by its handle, so that its title may change."""
 
     def __init__(self, desktop, facts):
         self.desktop = desktop
@@ -31,7 +31,7 @@ class Window:
         self.handle = facts["handle"]
 
     def now(self):
-        """Returns what the window is now, None when it is gone."""
+        """Returns the window's present facts, None when it is gone."""
         return next((facts for facts in self.desktop.ask("windows") if facts["handle"] == self.handle), None)
 
     @property
@@ -51,10 +51,10 @@ class Window:
         self.desktop.ask("rename", self.handle, title)
 
     def has_keyboard(self):
-        """Waits until keys arrive here; returns the control that gets them.
+        """Waits until this window has the keyboard focus, and returns the handle of the control that has it.
 
-        Under load Wine now and then changes its foreground window and leaves the X server's focus with the one before. A
-        window manager would then set that focus; here there is none, so this function does it after a while.
+        Under load Wine sometimes changes its foreground window while the X server's focus stays on the previous one. A
+        window manager would then set that focus. Here there is none, so this function does it after a while.
         """
         state = {"behind": 0}
 
@@ -74,17 +74,17 @@ class Window:
             raise AssertionError(f"{error}: {self.facts} beside {state}") from None
 
     def activate(self):
-        """Clicks the window's caption, for where another program has shown it and kept the keyboard."""
+        """Clicks the window's caption. For a window that another program has shown without giving it the focus."""
         self.desktop.click_at(self.facts, self.find_part(HTCAPTION))
         self.has_keyboard()
 
     def press(self, *names):
-        """Presses keys such as alt+a here. The caller waits for what they do."""
+        """Presses keys such as alt+a in this window. The caller waits for their effect."""
         self.has_keyboard()
         self.desktop.keys(*names)
 
     def type_into_focus(self, text):
-        """Types over what stands in the field with the keyboard."""
+        """Replaces the text of the field that has the focus, by typing."""
         def edit():
             focus = self.has_keyboard()
             return next((facts for facts in self.desktop.ask("children", self.handle)
@@ -97,7 +97,7 @@ class Window:
     # --- Controls ---------------------------------------------------------------------------------------------------
 
     def item(self, number):
-        """Returns the control of that id, once it is shown and enabled."""
+        """Waits until the control of this id is shown and enabled, and returns it."""
         def usable():
             return next((facts for facts in self.desktop.ask("children", self.handle)
                          if facts["parent"] == self.handle and facts["id"] == number and facts["shown"] and
@@ -105,13 +105,13 @@ class Window:
         return until(f'control {number} in "{self.facts["title"]}" can be used', usable)
 
     def inner(self, number):
-        """Returns the control of that id in one of the window's pages, once it is shown."""
+        """Waits until the control of this id is shown on a page of the window, and returns it."""
         return until(f'a page of "{self.facts["title"]}" has control {number}', lambda: next(
             (facts for facts in self.desktop.ask("children", self.handle) if facts["id"] == number and facts["shown"]),
             None))
 
     def says(self, text):
-        """Waits until a control that can be used says that."""
+        """Waits until an enabled control shows this text."""
         until(f'"{self.facts["title"]}" says "{text}"', lambda: any(
             facts["title"] == text and facts["shown"] and facts["enabled"]
             for facts in self.desktop.ask("children", self.handle)))
@@ -120,10 +120,10 @@ class Window:
         return self.desktop.ask("send", control["handle"], message, first, second)
 
     def fill(self, control, message, first, layout, *values, text_at=None):
-        """Sends a message with a structure in the layout of the struct module; returns the result and what it holds.
+        """Sends a message with a structure (layout as in the struct module). Returns the result and the structure's values.
 
-        With text_at, the offset of a pointer, that one points to a buffer for 260 characters behind the structure, and
-        those come back as the last value.
+        text_at is the offset of a pointer: it is set to a buffer for 260 characters behind the structure, and the
+        buffer's text is returned as the last value.
         """
         size = struct.calcsize("<" + layout)
         block = struct.pack("<" + layout, *values) + bytes(0 if text_at is None else 520)
@@ -138,7 +138,7 @@ class Window:
         return self.desktop.ask("text", self.item(number)["handle"])
 
     def click(self, number, button=1):
-        """Clicks into the middle of a control. The caller waits for what that does."""
+        """Clicks into the middle of a control. The caller waits for the effect."""
         self.desktop.click_at(self.facts, middle(self.item(number)["place"]), button)
 
     def tick(self, number):
@@ -149,9 +149,9 @@ class Window:
         until(f"box {number} changes", lambda: self.send(control, BM_GETCHECK) != before)
 
     def type(self, number, text):
-        """Clicks a field, types over what stands there, and waits until it says so."""
+        """Clicks a field, replaces its text by typing, and waits until it shows the new text."""
         control = self.item(number)
-        # A drop-down list has its field inside.
+        # A drop-down list contains its field.
         fields = [control, *self.desktop.ask("children", control["handle"])]
         self.desktop.click_at(self.facts, middle(control["place"]))
         until(f"field {number} has the keyboard",
@@ -159,7 +159,7 @@ class Window:
         self.type_into_focus(text)
 
     def on_screen(self, control, place):
-        """Returns a rectangle of a control's client area in pixels of the screen."""
+        """Converts a rectangle of a control's client area to screen coordinates in pixels."""
         x, y = control["origin"]
         left, top, right, bottom = place
         return left + x, top + y, right + x, bottom + y
@@ -175,7 +175,7 @@ class Window:
                 for row in range(self.send(control, LVM_GETITEMCOUNT))]
 
     def select_row(self, number, row):
-        """Clicks the text of a list view's row, counted from 0, and waits until it alone is selected."""
+        """Clicks the text of a row of a list view, counted from 0, and waits until only this row is selected."""
         control = self.item(number)
         place = self.on_screen(control, self.fill(control, LVM_GETITEMRECT, row, "4i", LVIR_LABEL, 0, 0, 0)[1])
         left, top, right, bottom = place
@@ -187,14 +187,14 @@ class Window:
         return self.send(self.item(number), LVM_GETSELECTEDCOUNT)
 
     def click_header(self, number, column):
-        """Clicks the header of a list view's column. The caller waits for what that does."""
+        """Clicks the header of a list view's column. The caller waits for the effect."""
         header = self.send(self.item(number), LVM_GETHEADER)
         control = next(facts for facts in self.desktop.ask("children", self.handle) if facts["handle"] == header)
         self.desktop.click_at(self.facts, middle(self.on_screen(control, self.fill(control, HDM_GETITEMRECT, column, "4i", 0, 0, 0,
                                                                          0)[1])))
 
     def choose(self, number, entry):
-        """Chooses an entry of a drop-down list, which has the keyboard, with its arrow keys."""
+        """Chooses an entry of the drop-down list that has the focus, with the arrow keys."""
         control = self.item(number)
         index = self.find(control, CB_FINDSTRINGEXACT, entry)
         until(f"list {number} has the keyboard", lambda: self.has_keyboard() == control["handle"])
@@ -218,7 +218,7 @@ class Window:
         self.desktop.click_at(self.facts, middle(place), times=2)
 
     def tick_tree(self, number, row):
-        """Clicks the box before a row, counted from 0, of a page's tree, and waits for its mark to change."""
+        """Clicks the box before a row, counted from 0, of a tree on a page, and waits for its mark to change."""
         control = self.inner(number)
         entry = self.send(control, TVM_GETNEXTITEM, TVGN_ROOT)
         for _ in range(row):
@@ -240,19 +240,19 @@ class Window:
     # --- The frame --------------------------------------------------------------------------------------------------
 
     def drag(self, part, x, y):
-        """Drags a part of the window's frame (HTCAPTION, HTRIGHT) by so many pixels, and waits until it has followed."""
+        """Drags a part of the window's frame (HTCAPTION, HTRIGHT) by x, y pixels and waits until the window has followed."""
         left, top, right, bottom = before = self.place
         start = self.find_part(part)
         self.desktop.move_to(self.facts, start)
         self.desktop.xdotool("mousedown", 1)
         until("the window's frame is held", lambda: self.desktop.ask("foreground")["moving"])
-        # In two steps: of moves in quick succession the system may see the last one alone, while it still begins the drag.
+        # In two steps: of two quick moves the system may see only the last one, while the drag is still beginning.
         for dx, dy in ((x // 2, y // 2), (x, y)):
             goal = start[0] + dx, start[1] + dy
             wanted = [left, top, right + dx, bottom] if part == HTRIGHT else [left + dx, top + dy, right + dx, bottom + dy]
 
             def has_followed(goal=goal, wanted=wanted):
-                # To the goal again and again, by way of the pixel beside it: under load a single move can get lost.
+                # Again and again, from the pixel beside the goal: under load a single move can get lost.
                 self.desktop.xdotool("mousemove", goal[0] - 1, goal[1], "mousemove", *goal)
                 return self.place == wanted
             until(f"the window has gone from {before} to {wanted}", has_followed)
@@ -260,7 +260,7 @@ class Window:
         until("the window's frame is let go", lambda: not self.desktop.ask("foreground")["moving"])
 
     def find_part(self, part):
-        """Returns a point of a part of the frame: in the middle of its side."""
+        """Returns a point of a part of the frame, in the middle of its side."""
         left, top, right, bottom = self.place
         column = [((left + right) // 2, y) for y in range(top, bottom)]
         row = [(x, (top + bottom) // 2) for x in range(right - 1, left, -1)]

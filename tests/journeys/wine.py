@@ -12,11 +12,11 @@ import time
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
-PATIENCE = int(os.environ.get("SCV_TEST_TIMEOUT", "120"))  # seconds, after which what is waited for has failed
+PATIENCE = int(os.environ.get("SCV_TEST_TIMEOUT", "120"))  # seconds until a wait fails
 
 
 def until(what, condition, patience=PATIENCE):
-    """Returns condition()'s first result that is true. The one place that waits: nothing else here sleeps."""
+    """Waits until condition() returns a true value, and returns it. No other function here sleeps."""
     deadline = time.monotonic() + patience
     while True:
         result = condition()
@@ -27,12 +27,12 @@ def until(what, condition, patience=PATIENCE):
         time.sleep(0.05)
 
 
-# So that atexit's functions run when somebody ends this program as well.
+# So that atexit's functions also run when this program gets SIGTERM.
 signal.signal(signal.SIGTERM, lambda *_: sys.exit(128 + signal.SIGTERM))
 
 
 class Display:
-    """An X server that nobody looks at; DISPLAY points to it from then on."""
+    """A virtual X server. DISPLAY names it from then on."""
 
     def __init__(self, width=1280, height=900):
         self.width, self.height = width, height
@@ -51,12 +51,12 @@ class Display:
         return self._server.pid
 
     def set_work_area(self, place):
-        """Tells programs that start from now on where windows may be, as a desktop with a task bar does."""
+        """Sets the work area for programs that start from now on, as a desktop with a task bar does."""
         x11 = ctypes.CDLL("libX11.so.6")
         x11.XOpenDisplay.restype = ctypes.c_void_p
         for function in (x11.XDefaultRootWindow, x11.XInternAtom):
             function.restype = ctypes.c_ulong
-        # Stays open: with its last client the server forgets the property.
+        # Stays open: the server drops the property when its last client disconnects.
         display = ctypes.c_void_p(x11.XOpenDisplay(None))
         cardinal, replace = ctypes.c_ulong(6), 0
         left, top, right, bottom = place
@@ -66,7 +66,7 @@ class Display:
         x11.XFlush(display)
 
     def keep(self):
-        """Leaves it there when this program ends."""
+        """Keeps the display when this program ends."""
         atexit.unregister(self.stop)
 
     def stop(self):
@@ -75,11 +75,10 @@ class Display:
 
 
 class Wine:
-    """A fresh prefix below build/wine, with a server that stays until stop().
+    """A fresh prefix below build/wine, with a server that runs until stop().
 
-    With a display its programs share one desktop with a task bar, which fills the screen, or with has_task_bar=False
-    the screen as it is; without a display they have no windows. What runs does so through scripts/wine.sh, in the root
-    of the checkout.
+    With a display its programs share one desktop with a task bar, which fills the screen; with has_task_bar=False they
+    use the screen directly. Without a display they have no windows. Programs are started through scripts/wine.sh.
     """
 
     def __init__(self, arch, name, display=None, dpi=96, has_task_bar=True):
@@ -105,9 +104,9 @@ class Wine:
         return ["bash", "-c", script, arch or self.arch, str(self.prefix), str(folder), *map(str, words)]
 
     def start(self, program, *arguments, env=None, folder=ROOT, arch=None, **streams):
-        """Starts a program by its path here, in a folder; its process is the returned one.
+        """Starts a program, by its path on this machine, in a folder, and returns its process.
 
-        In a 64-bit prefix a 32-bit program starts as arch="joined".
+        arch="joined" starts a 32-bit program in a 64-bit prefix.
         """
         words = ["wine_exec", arch or self.arch, "env"]
         settings = [f"{name}={value}" for name, value in (env or {}).items()]
@@ -117,23 +116,23 @@ class Wine:
 
     def run(self, program, *arguments, **more):
         """Runs a program to its end and returns its exit code and its output with plain line ends."""
-        # Not into a pipe, which a service that the program happens to start would hold open.
+        # Not a pipe: a service that the program starts would inherit it and keep it open.
         with tempfile.TemporaryFile() as output:
             status = self.start(program, *arguments, stdout=output, stderr=subprocess.STDOUT, **more).wait()
             output.seek(0)
             return status, output.read().decode(errors="replace").replace("\r", "")
 
     def registry(self, *arguments):
-        """Returns what reg.exe says, whether it succeeds or not."""
+        """Runs reg.exe and returns its output, whether it succeeds or not."""
         return self.run("reg.exe", *arguments)[1]
 
     def value(self, key, name):
-        """Returns a value of the registry as text, an empty one when it is not there."""
+        """Returns a registry value as text; empty when there is none."""
         found = re.search(rf"^    {re.escape(name)}    REG_\w+    (.*)$", self.registry("query", key, "/v", name), re.M)
         return found[1] if found else ""
 
     def processes(self, pattern):
-        """Returns the ids of the prefix's processes whose command line matches; tasklist.exe says nothing here."""
+        """Returns the ids of the prefix's processes whose command line matches. Wine's tasklist.exe prints nothing."""
         marker = f"\0WINEPREFIX={self.prefix}\0".encode()
         found = []
         for folder in Path("/proc").glob("[0-9]*"):
@@ -147,17 +146,17 @@ class Wine:
         return found
 
     def kill(self, *images):
-        """Ends all programs of these names, and waits until they have."""
+        """Ends all programs with these names and waits until they have ended."""
         for image in images:
             self.run("taskkill.exe", "/f", "/im", image)
             until(f"{image} ends", lambda: not self.processes(rf"[\\/]{re.escape(image)}"))
 
     def keep(self):
-        """Leaves the server and what runs there when this program ends."""
+        """Keeps the server and its programs when this program ends."""
         atexit.unregister(self.stop)
 
     def restart(self, dpi):
-        """Ends what runs and starts a server for the display of now, scaled for so many dots per inch."""
+        """Ends all programs and starts a server for the current display, scaled for so many dots per inch."""
         self.stop()
         self.run("reg.exe", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t", "REG_DWORD", "/d", dpi, "/f",
                  env={"DISPLAY": ""})
