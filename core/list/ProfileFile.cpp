@@ -96,7 +96,7 @@ FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
     CPrivateProfile profile(std::move(old));
     edit(profile);
     FileResult saved;
-    if (!read || profile.IsEdited()) {
+    if (profile.IsEdited()) {
         saved = files.IsReadOnly(file) ? FileResult{Status::ReadOnly, 0, file}
                                        : ReplaceFileBytes(files, file, profile.Serialise());
     }

@@ -30,7 +30,7 @@ struct ProfileRead {
 //
 // When the result is not Ok the old file stays: the path is empty or a link without a target, somebody has
 // the lock, the file is there and cannot be read, is read-only or cannot be replaced. A text that `edit`
-// leaves as it was counts as saved. What `edit` throws passes through.
+// leaves as it was counts as saved, and a missing file then stays missing. What `edit` throws passes through.
 //
 // `stamp` receives the stamp of the saved file, taken under the lock.
 [[nodiscard]] FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,

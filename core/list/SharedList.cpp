@@ -8,21 +8,11 @@
 
 #include "core/list/PrivateProfile.h"
 #include "core/list/ProfileFile.h"
+#include "core/list/Storable.h"
 #include "core/list/TaskSection.h"
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "util/CaseFold.h"
 
 namespace {
-
-// The same for all spellings of a project's path in memory and in the file: in upper case, and a row of
-// apostrophes, which each save and load doubles, as one.
-std::wstring ProjectKey(const std::wstring& path) {
-    std::wstring key = ToUpperText(path);
-    key.erase(std::unique(key.begin(), key.end(),
-                          [](wchar_t left, wchar_t right) { return left == L'\'' && right == L'\''; }),
-              key.end());
-    return key;
-}
 
 // Takes the task's section from the file, and the run of another program if there was one since the task was
 // last read or saved. The user may have reset the last run meanwhile, so that it is older
@@ -52,53 +42,60 @@ FileResult CSCVShchedulerTaskArray::TakeOverRuns(IFileSystem& files, const std::
 }
 
 void CSCVShchedulerTaskArray::TakeOverRuns(const CPrivateProfile& profile) {
-    // Section by project; filled when the first task is not in its old section, because another program has
-    // renumbered the sections.
-    std::optional<std::map<std::wstring, std::wstring>> sections;
+    CSCVShchedulerTaskArray stored;
+    stored.ReadFrom(profile, {});
+    std::multimap<std::wstring, const CSCVShchedulerTask*> places;  // equal projects in the file's order
+    for (const auto& task : stored.m_tasks) {
+        places.emplace(ProjectKey(task->m_strProjectPath), task.get());
+    }
     for (const auto& task : m_tasks) {
-        if (task->m_strIniSection.empty()) {
+        if (task->m_strIniFile.empty()) {
             continue;
         }
-        const std::wstring key = ProjectKey(task->m_strProjectPath);
-        CSCVShchedulerTask stored;
-        stored.ReadFrom(profile, {}, task->m_strIniSection);
-        if (ProjectKey(stored.m_strProjectPath) == key) {
-            TakeOverRun(*task, stored);
-            continue;
-        }
-        if (!sections) {
-            CSCVShchedulerTaskArray list;
-            list.ReadFrom(profile, {});
-            sections.emplace();
-            for (const auto& listed : list.m_tasks) {
-                sections->emplace(ProjectKey(listed->m_strProjectPath), listed->m_strIniSection);
-            }
-        }
-        if (const auto found = sections->find(key); found != sections->end()) {
-            stored.ReadFrom(profile, {}, found->second);
-            TakeOverRun(*task, stored);
+        if (const auto place = places.extract(ProjectKey(task->m_strProjectPath))) {
+            TakeOverRun(*task, *place.mapped());
+        } else {
+            task->m_strIniSection.clear();
         }
     }
 }
 
 FileResult CSCVShchedulerTaskArray::TrySaveRun(IFileSystem& files, CSCVShchedulerTask& task) {
-    bool isKnown = false;
+    bool isThere = false;
     std::optional<FileStamp> stamp;
     const std::wstring file = task.m_strIniFile;
-    FileResult saved = LockAndEditProfile(
-        files, file,
-        [&](CPrivateProfile& profile) {
-            isKnown = files.Stamp(file) == m_stamp;
+    const auto write = [&](CPrivateProfile& profile) {
+        if (profile.IsEmpty()) {
+            return;
+        }
+        // Another program has saved since, and the task's section can be another project's now.
+        if (files.Stamp(file) != m_stamp) {
+            TakeOverRuns(profile);
+        }
+        isThere = !task.m_strIniSection.empty();
+        if (isThere) {
             CTaskWriter(profile).Write(task, task.m_strIniSection);
-        },
-        &stamp);
-    task.m_bIsRunUnsaved = !saved && !file.empty();
+        }
+    };
+    FileResult saved = LockAndEditProfile(files, file, write, &stamp);
+    if (saved && !isThere) {
+        saved = {.status = FileResult::Status::Missing, .path = file};
+    }
+    // A task that is in no file waits for the next save of the whole list.
+    task.m_bIsRunUnsaved = !saved && !task.m_strIniSection.empty();
     if (saved) {
         task.m_tStoredRunTime = StoredInstant(task.m_tLastRunTime);
-        // Otherwise another program has saved in between, and its runs are still to be read.
-        m_stamp = isKnown ? stamp : std::nullopt;
+        m_stamp = stamp;
     }
     return saved;
+}
+
+void CSCVShchedulerTaskArray::SaveUnsavedRuns(IFileSystem& files) {
+    for (const auto& task : m_tasks) {
+        if (task->m_bIsRunUnsaved && !TrySaveRun(files, *task) && task->m_bIsRunUnsaved) {
+            return;
+        }
+    }
 }
 
 bool CSCVShchedulerTaskArray::HasUnsavedRun() const {

@@ -5,6 +5,7 @@
 #include "core/list/TaskSection.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskSwitches.h"
+#include "util/CaseFold.h"
 #include "util/Utf8.h"
 
 namespace {
@@ -90,6 +91,14 @@ std::wstring DoubledApostrophes(std::wstring_view text) {
     std::wstring doubled;
     AppendDoubledApostrophes(text, doubled);
     return doubled;
+}
+
+std::wstring ProjectKey(std::wstring_view path) {
+    std::wstring key = ToUpperText(path);
+    key.erase(std::unique(key.begin(), key.end(),
+                          [](wchar_t left, wchar_t right) { return left == L'\'' && right == L'\''; }),
+              key.end());
+    return key;
 }
 
 std::wstring HalvedApostrophes(const std::wstring& text) {

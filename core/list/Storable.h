@@ -18,5 +18,9 @@ class CSCVShchedulerTask;
 void AppendDoubledApostrophes(std::wstring_view text, std::wstring& doubled);
 [[nodiscard]] std::wstring DoubledApostrophes(std::wstring_view text);
 
+// The same for all spellings of a project's path in memory and in the file: in upper case, and each row of
+// apostrophes as one.
+[[nodiscard]] std::wstring ProjectKey(std::wstring_view path);
+
 // A text without the doubling: each row of apostrophes half as long, rounded up.
 [[nodiscard]] std::wstring HalvedApostrophes(const std::wstring& text);

@@ -66,13 +66,18 @@ public:
     [[nodiscard]] bool IsForeign() const noexcept { return m_isForeign; }
 
     // For a list that other schedulers run as well (core/list/SharedList.cpp): reads the runs that they have
-    // saved since the list was last read or saved here, and the sections that its tasks are in now. Does not
-    // read a file that has not changed since, which may then be in use by another program.
+    // saved since the list was last read or saved here, and the sections that its tasks are in now: none for
+    // a project that the file does not list any more; of equal projects the second here is the second there.
+    // Does not read a file that has not changed since, which may then be in use by another program.
     FileResult TakeOverRuns(IFileSystem& files, const std::wstring& file);
-    // Saves one task to its section.
+    // Saves one task to the section that its project has in the file now. Missing, with nothing saved, when
+    // the file is gone or empty, or does not list the project.
     [[nodiscard]] FileResult TrySaveRun(IFileSystem& files, CSCVShchedulerTask& task);
-    // Whether a run that TrySaveRun could not save is still in memory only.
+    // Whether a run that TrySaveRun could not save is still in memory only. A project that the file does not
+    // list does not count.
     [[nodiscard]] bool HasUnsavedRun() const;
+    // Saves these runs, up to the first failure.
+    void SaveUnsavedRuns(IFileSystem& files);
     // Copies of the other's tasks take the place of the tasks.
     void CopyFrom(const CSCVShchedulerTaskArray& other);
 

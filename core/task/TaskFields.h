@@ -51,8 +51,9 @@ struct TaskFields {
     std::int64_t m_tLastRunTime = 0;  // of the last launch, successful or not; 0 is never
     std::wstring m_strLastRunResult;  // "Success" or why the last launch failed; empty before the first
 
-    // Where the task was last loaded from or saved to; empty for a task that never was. The scheduling pass
-    // saves the task's run to exactly that place.
+    // Where the task was last loaded from or saved to; empty for a task that never was. The section is empty,
+    // too, once another program has removed the project from the file. The scheduling pass saves the task's
+    // run there.
     std::wstring m_strIniFile;
     std::wstring m_strIniSection;
     // The last run that the file held then; a later one in the file is another program's.

@@ -131,7 +131,7 @@ protected:
         }
         CLaunchClaim claim(m_machine.files, m_machine.list);
         RunSchedulingPass(*m_array, {m_clock, m_machine.files, m_shell}, claim, [&](const PassRun& made) {
-            m_record.Add(made.task, made.isSaved);
+            m_record.Add(*m_array, made.task);
             run.push_back(made.task.m_strProjectPath + made.task.m_strLastRunResult);
             EXPECT_EQ(made.task.m_tLastRunTime, m_now);
             EXPECT_EQ(made.isStarted, made.task.m_strLastRunResult == L"Success");

@@ -109,14 +109,12 @@ bool CListSession::TryPending(IFileSystem& files, bool mayReplaceTasks) {
     if (m_bSavePending && m_bWasRead && !m_beforeEditing) {
         Save(files);
     }
-    if (m_passRecord.HasUnsaved()) {
-        m_passRecord.SaveTo(files, m_tasks);
-    }
-    if (!m_bLaunching && !m_passRecord.HasUnsaved()) {
+    m_tasks.SaveUnsavedRuns(files);
+    if (!m_bLaunching && !m_tasks.HasUnsavedRun()) {
         // The pass kept the claim because other schedulers could not see its runs in the file.
         m_claim.Release();
     }
-    m_bReadPending || m_bSavePending || m_passRecord.HasUnsaved() ? m_retry.OnFailure() : m_retry.OnSuccess();
+    m_bReadPending || m_bSavePending || m_tasks.HasUnsavedRun() ? m_retry.OnFailure() : m_retry.OnSuccess();
     return isReplaced;
 }
 
@@ -160,7 +158,7 @@ std::string CListSession::RunDueProjects(const std::function<void()>& onRun) {
     std::string error;
     try {
         RunSchedulingPass(m_tasks, m_platform, m_claim, [&](const PassRun& run) {
-            m_passRecord.Add(run.task, run.isSaved);
+            m_passRecord.Add(m_tasks, run.task);
             onRun();
             return !m_bPassEnds;
         });

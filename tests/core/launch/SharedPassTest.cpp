@@ -43,6 +43,23 @@ protected:
         clock.now += 300;
     }
     [[nodiscard]] std::size_t Starts() const { return shell.starts.size(); }
+    void SaveElsewhere(const std::string& letters) {
+        files.Remove(kList);
+        CSCVShchedulerTaskArray saved;
+        for (const char letter : letters) {
+            saved.AddTask(static_cast<wchar_t>(letter) + std::wstring(L".scvpr"), clock.now);
+        }
+        EXPECT_TRUE(letters.empty() || saved.TrySave(files, kList));
+    }
+    [[nodiscard]] std::string Listed() {
+        std::string letters;
+        const Scheduler reader(*this);
+        for (std::ptrdiff_t i = 0; i < reader.tasks.GetSize(); ++i) {
+            letters += static_cast<char>(reader.tasks[i]->m_strProjectPath.front());
+            letters += reader.tasks[i]->m_tLastRunTime == clock.now ? "!" : "";
+        }
+        return letters;
+    }
 
     FakeClock clock{1'000'000};
     CFakeFileSystem files;
@@ -91,6 +108,43 @@ TEST_F(SharedPass, FindsItsTasksInARenumberedList) {
     EXPECT_EQ(second.tasks[1]->m_strIniSection, L"SCVShchedulerTask1");
     EXPECT_EQ(second.tasks[1]->m_tLastRunTime, clock.now) << "apostrophes have doubled meanwhile";
     EXPECT_EQ(Starts(), 3U) << "only what the other has removed";
+    EXPECT_EQ(Scheduler(*this).tasks.FindTask(L"C:\\a.scvpr"), -1) << "nor written over what is there now";
+}
+
+// Each letter is a project, "!" behind it its run.
+TEST_F(SharedPass, ARunIsSavedToItsOwnProject) {
+    const struct {
+        const char* label;
+        std::string listed;
+        std::ptrdiff_t due;
+        std::string meanwhile, saved;  // the list that another program saves while the project is launched
+        bool isClaimKept;
+    } cases[] = {
+        {"one before it is gone", "ab", 1, "b", "b!", false},
+        {"it stands behind another", "ab", 0, "ba", "ba!", false},
+        {"it is gone", "ab", 0, "b", "b", false},
+        {"the second of two equal ones", "aba", 2, "aa", "aa!", false},
+        {"the second one is gone", "aba", 2, "ab", "ab", false},
+        {"the list is gone", "ab", 0, "", "", true},
+    };
+    for (const auto& item : cases) {
+        SCOPED_TRACE(item.label);
+        SaveElsewhere(item.listed);
+        Scheduler first(*this);
+        for (std::ptrdiff_t i = 0; i < first.tasks.GetSize(); ++i) {
+            first.tasks[i]->m_bEnable = i == item.due ? 1 : 0;
+        }
+        shell.whileOpening = [&] { SaveElsewhere(item.meanwhile); };
+        clock.now += 300;
+        EXPECT_TRUE(first.Pass());
+        EXPECT_EQ(Listed(), item.saved);
+        EXPECT_EQ(first.claim.IsTaken(), item.isClaimKept);
+        if (item.isClaimKept) {
+            SaveElsewhere("b" + item.listed);
+            first.tasks.SaveUnsavedRuns(files);
+            EXPECT_EQ(Listed(), "ba!b") << "once the list is back";
+        }
+    }
 }
 
 TEST_F(SharedPass, HeldListIsRunWhileNobodyChangesIt) {

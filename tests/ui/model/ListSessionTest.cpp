@@ -238,9 +238,11 @@ TEST_F(ListSession, RunThatCouldNotBeSavedIsSavedLater) {
 TEST_F(ListSession, RunOutlivesACancel) {
     const struct {
         const char* label;
-        bool isHeldAtCancel, isAdded;
-    } cases[] = {
-        {"read again", false, false}, {"put back", true, false}, {"put back, from no file", true, true}};
+        bool isHeldAtCancel, isAdded, isRenumbered;
+    } cases[] = {{"read again", false, false, false},
+                 {"read again, now the second", false, false, true},
+                 {"put back", true, false, false},
+                 {"put back, from no file", true, true, false}};
     for (const auto& item : cases) {
         SCOPED_TRACE(item.label);
         Start({L"a.scvpr"});
@@ -255,7 +257,15 @@ TEST_F(ListSession, RunOutlivesACancel) {
         clock.now += 300;
         RunDue();
         Hold(item.isHeldAtCancel);
+        if (item.isRenumbered) {
+            clock.now -= 300;
+            SaveElsewhere({L"other.scvpr", L"a.scvpr"});
+            clock.now += 300;
+        }
         session->Discard();
+        if (item.isRenumbered) {
+            Task(0).m_bEnable = 0;
+        }
         RunDue();
         EXPECT_EQ(shell.starts.size(), 1U);
         Hold(false);

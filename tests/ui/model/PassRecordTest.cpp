@@ -3,69 +3,37 @@
 #include <gtest/gtest.h>
 
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "tests/support/FakeFileSystem.h"
 
 namespace {
 
 TEST(PassRecord, GivesBackTheNewerRunOfTheSameTask) {
     const struct {
         const wchar_t* label;
-        const wchar_t *ran, *ranIn, *read, *readIn;
-        std::int64_t readTime, time;
+        const wchar_t *ran, *read;
+        std::int64_t ranTime, readTime, time;
     } cases[] = {
-        {L"older run", L"C:\\a", L"S1", L"c:\\A", L"S1", 9, 10},
-        {L"section is another project's now", L"C:\\b", L"S2", L"C:\\other", L"S2", 0, 0},
-        {L"newer run", L"C:\\c", L"S3", L"C:\\c", L"S3", 11, 11},
-        {L"from no file, and still is", L"C:\\d", L"", L"C:\\d", L"", 0, 10},
-        {L"a second task of the project", L"C:\\e", L"S5", L"C:\\e", L"S6", 0, 0},
+        {L"older run", L"C:\\a", L"c:\\A", 10, 9, 10},
+        {L"doubled apostrophes", L"C:\\it's", L"C:\\it''s", 10, 0, 10},
+        {L"another project stands there now", L"C:\\b", L"C:\\other", 10, 0, 0},
+        {L"newer run", L"C:\\c", L"C:\\c", 10, 11, 11},
+        {L"first task of a project", L"C:\\e", L"C:\\e", 0, 0, 0},
+        {L"second task of the project", L"C:\\e", L"C:\\e", 10, 0, 10},
     };
     CPassRecord record;
+    CSCVShchedulerTaskArray ran;
     CSCVShchedulerTaskArray read;
     for (const auto& c : cases) {
-        CSCVShchedulerTask task;
-        task.m_strProjectPath = c.ran;
-        task.m_strIniSection = c.ranIn;
-        task.m_tLastRunTime = 10;
+        CSCVShchedulerTask& task = *ran[ran.AddTask(c.ran, 1'000'000)];
+        task.m_tLastRunTime = c.ranTime;
         task.m_strLastRunResult = L"Success";
-        record.Add(task, true);
-        CSCVShchedulerTask& later = *read[read.AddTask(c.read, 1'000'000)];
-        later.m_strIniSection = c.readIn;
-        later.m_tLastRunTime = c.readTime;
+        record.Add(ran, task);
+        read[read.AddTask(c.read, 1'000'000)]->m_tLastRunTime = c.readTime;
     }
     record.ApplyTo(read);
     for (std::ptrdiff_t i = 0; i < read.GetSize(); ++i) {
         EXPECT_EQ(read[i]->m_tLastRunTime, cases[i].time) << cases[i].label;
     }
     EXPECT_EQ(read[0]->m_strLastRunResult, L"Success");
-}
-
-TEST(PassRecord, SavesWhatCouldNotBeSaved) {
-    const std::wstring list = L"C:\\list.ini";
-    CFakeFileSystem files;
-    CSCVShchedulerTaskArray tasks;
-    for (const wchar_t* project : {L"a", L"b", L"gone"}) {
-        tasks.AddTask(project, 1'000'000);
-    }
-    ASSERT_TRUE(tasks.TrySave(files, list));
-    CPassRecord record;
-    for (std::ptrdiff_t i = 0; i < tasks.GetSize(); ++i) {
-        tasks[i]->m_tLastRunTime = 10;
-        record.Add(*tasks[i], i == 0);
-    }
-    tasks.RemoveTask(L"gone");
-    files.Hold(list, CFakeFileSystem::kForever);
-    record.SaveTo(files, tasks);
-    EXPECT_TRUE(record.HasUnsaved());
-    files.Hold(list, 0);
-    record.SaveTo(files, tasks);
-    EXPECT_FALSE(record.HasUnsaved());
-    CSCVShchedulerTaskArray saved;
-    saved.Load(files, list);
-    EXPECT_EQ(saved[0]->m_tLastRunTime, 0) << "was not to be saved again";
-    EXPECT_EQ(saved[1]->m_tLastRunTime, 10);
-    CSCVShchedulerTask added;
-    record.Add(added, false);
-    EXPECT_FALSE(record.HasUnsaved()) << "a task in no file waits for the whole list";
 }
 
 }  // namespace
