@@ -84,7 +84,7 @@ private:
     void Add(std::string message) {
         m_findings.push_back({m_task.m_strProjectPath, m_task.m_strIniSection, std::move(message)});
     }
-    // Whether weekday or monthly rule asks for a run on that local date.
+    // Whether the weekday or the monthly rule gives a run on that local date.
     [[nodiscard]] bool RunsOn(std::chrono::sys_days day) const;
 
     std::vector<Finding>& m_findings;
@@ -227,7 +227,7 @@ void TaskChecker::CheckClockChanges(const std::vector<ClockChange>& changes) {
     if (m_task.m_bEnable == 0 || start.hour < 0) {
         return;
     }
-    // Beside an Every rule the flagged days begin at midnight; the first of the month keeps the start time.
+    // With an Every rule, flagged days begin at midnight; the first of the month keeps the start time.
     const bool fromMidnight = m_task.IsEveryActive() && m_task.HasWeekdayRepeat() != 0;
     for (const ClockChange& change : changes) {
         CheckClockChange(change, fromMidnight ? 0 : MinuteOfDay(start));
@@ -254,7 +254,7 @@ void CheckDuplicates(std::vector<Finding>& findings, const CSCVShchedulerTaskArr
     }
 }
 
-// Sections that TaskCount names and that hold no task, a line for each unbroken row of missing ones.
+// Finds sections within TaskCount that hold no task, with one finding for each range of missing ones.
 void CheckSections(std::vector<Finding>& findings, const CPrivateProfile& profile,
                    const CSCVShchedulerTaskArray& tasks) {
     const std::int32_t count = profile.GetInt(kTaskListSection, kTaskCountKey, 0);

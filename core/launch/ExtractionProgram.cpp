@@ -6,7 +6,7 @@
 
 namespace {
 
-// The registry key of the program that an extension belongs to; empty for an extension that belongs to none.
+// The registry key of the program for an extension; empty for an extension of neither program.
 std::wstring ProgramKey(std::wstring_view extension) {
     if (EqualNoCase(extension, L"scvpr")) {
         return kScrivaneKey;

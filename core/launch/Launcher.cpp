@@ -12,7 +12,7 @@ bool Launch(const CSCVShchedulerTask& task, IShell& shell, std::wstring& result)
         result = L"Failure: File does not exist";
         return false;
     }
-    // A project that is being worked on must not be started a second time.
+    // A project that is in use must not be started a second time.
     if (!shell.CanOpenForWriting(project)) {
         result = L"Failure: File is already opened";
         return false;
@@ -31,7 +31,7 @@ bool Launch(const CSCVShchedulerTask& task, IShell& shell, std::wstring& result)
 
 int CSCVShchedulerTask::Run(IShell& shell, const IClock& clock) {
     const bool started = Launch(*this, shell, m_strLastRunResult);
-    // Also after a failure: a launch that failed counts as a run and waits for the next scheduled time.
+    // Also after a failure: a failed launch counts as a run and is tried again at the next regular time.
     m_tLastRunTime = clock.Now();
     return started ? 1 : 0;
 }

@@ -21,7 +21,7 @@ bool CListKeeper::TryKeep() {
 }
 
 bool CListKeeper::IsKept(IFileSystem& files, const std::wstring& list, Kind kind) {
-    // Reading takes nothing: a lock file that a power cut has left can be read, one that is held is busy.
+    // Reads without locking: a lock file left by a power cut can be read, one that is held is busy.
     std::string bytes;
     return files.Read(KeeperPath(files, list, kind), bytes) == FileResult::Status::Busy;
 }

@@ -33,8 +33,8 @@ bool IsDue(const CSCVShchedulerTask& task, std::int64_t now) {
     return next > 0 && next <= now;
 }
 
-// Takes the claim for one pass. It is kept while a run could not be saved: until the file has it, no other
-// scheduler can know of it.
+// Takes the claim for one pass. The claim is kept while a run could not be saved: other schedulers learn of a
+// run only from the file.
 class CPassClaim {
 public:
     CPassClaim(CLaunchClaim& claim, CSCVShchedulerTaskArray& tasks, IFileSystem& files)
@@ -45,8 +45,8 @@ public:
     CPassClaim& operator=(const CPassClaim&) = delete;
     ~CPassClaim() { ReleaseOnceSaved(); }
 
-    // Once a pass: takes the claim, then learns what others have run until then. Nobody can launch anything
-    // from there on, so that the tasks stay up to date for the whole pass.
+    // Does its work once in a pass: takes the claim, then reads the runs that others have saved. Nobody else
+    // can launch anything afterwards, so the tasks stay up to date for the whole pass.
     [[nodiscard]] FileResult TryTake() {
         if (m_isReady) {
             return {};

@@ -9,7 +9,7 @@ namespace {
 
 using Kind = ProfileLine::Kind;
 
-// The value as Windows' reader returns it: cut at a NUL, one pair of enclosing quotes removed.
+// The value as GetPrivateProfileString returns it: cut at a NUL, one pair of enclosing quotes removed.
 std::wstring DecodeValue(const ProfileLine& line) {
     std::wstring value;
     AppendDecoded(line.encoding, line.value, value);

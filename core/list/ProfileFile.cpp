@@ -13,7 +13,7 @@ constexpr unsigned kTries = 11;
 constexpr unsigned kLockMilliseconds = 10'000;
 constexpr unsigned kLongestLockPause = 16;
 
-// Together the pauses last longer than one second: virus scanners and backups hold a file that long.
+// The pauses add up to more than one second: virus scanners and backups keep a file open that long.
 template <typename Call>
 FileResult TryAgainWhileBusy(IFileSystem& files, Call call) {
     FileResult result = call();

@@ -56,8 +56,8 @@ std::string_view Trim(std::string_view text, std::size_t begin, std::size_t end)
     return text.substr(begin, end - begin);
 }
 
-// The second byte of a double-byte character can be a "]". After any byte of 0x80 or more the whole rest is
-// taken for the name, and DecodeName looks for the bracket.
+// The name up to the bracket. In an ANSI text the second byte of a double-byte character can be a "]": after
+// a byte of 0x80 or more the result is the whole rest of the line, and DecodeName looks for the bracket.
 template <typename Units>
 std::string_view SectionName(TextEncoding encoding, std::string_view text, std::size_t begin,
                              std::size_t end) {
@@ -73,7 +73,7 @@ std::string_view SectionName(TextEncoding encoding, std::string_view text, std::
     return Trim<Units>(text, begin, end);
 }
 
-// The content of a line from its first character on: where it ends, and where its first "=" is.
+// The end of a line's content, and its first "=".
 struct Content {
     std::size_t end;
     std::size_t equals = kNone;
@@ -188,7 +188,7 @@ private:
     }
 
     std::uint32_t m_hash = 0;
-    std::uint32_t m_number = 0;  // at the end of what came so far, and how many digits it has
+    std::uint32_t m_number = 0;  // the digits at the end of the units added so far, and their count
     std::uint32_t m_digits = 0;
 };
 

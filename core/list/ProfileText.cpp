@@ -20,7 +20,7 @@ CProfileText::CProfileText(std::string bytes) : m_bytes(std::move(bytes)) {
     }
 }
 
-// With the byte-order mark, so that offsets are the same, and without an odd last byte.
+// The bytes as read, with the byte-order mark, so that offsets stay the same, but without an odd last byte.
 std::string_view CProfileText::Original() const {
     const std::string_view all = m_bytes;
     return all.substr(0, all.size() - (UnitSize(m_format.encoding) == 2 ? all.size() % 2 : 0));
@@ -31,7 +31,7 @@ const CProfileText::Piece* CProfileText::FindPiece(Position section) const {
     if (section >= size) {
         return section - size < m_added.size() ? &m_added[section - size] : nullptr;
     }
-    // A save of all sections edits one after the other.
+    // A save edits the sections in order, so the next one is usually behind all edited ones.
     if (m_edited.empty() || m_edited.rbegin()->first < section) {
         return nullptr;
     }
@@ -149,7 +149,8 @@ std::string CProfileText::Serialise() const {
     for (const auto& [position, piece] : m_edited) {
         bytes += text.substr(at, position - at);
         AppendLines(m_format, piece.text, bytes);
-        at = std::min<std::size_t>(piece.end, text.size());  // the end can lie behind removed added sections
+        at = std::min<std::size_t>(piece.end,
+                                   text.size());  // the end is further if the piece absorbed added ones
     }
     bytes += text.substr(at);
     for (const Piece& piece : m_added) {

@@ -17,7 +17,7 @@ std::wstring WithoutBreaks(std::wstring value) {
     return value;
 }
 
-// Whether the line's value reads as the entry's will.
+// Whether the line holds the entry's value already.
 bool HoldsValue(const ProfileLine& line, const ProfileEntry& entry) {
     std::wstring decoded;
     AppendDecoded(line.encoding, line.value, decoded);
@@ -32,8 +32,8 @@ bool TryAppendValue(TextEncoding encoding, const std::wstring& value, std::strin
                     : AppendEncoded(encoding, WithoutBreaks(value), text));
 }
 
-// Whether the bytes are these characters, in ASCII and without any control character. Without a way out of
-// the loop, so that compilers make it one for many bytes at a time.
+// Whether the bytes are these characters, all of them printable ASCII. The loop has no early exit, so that
+// compilers can vectorise it.
 bool IsAscii(std::string_view bytes, std::wstring_view text) {
     unsigned differences = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -44,9 +44,9 @@ bool IsAscii(std::string_view bytes, std::wstring_view text) {
     return differences == 0;
 }
 
-// Whether the text goes on with KEY=VALUE at `at`, in one byte a character and plain ASCII. Then `at` is
-// moved behind that line. Nearly all lines of a list that is saved again are so, and a save is quick because
-// it neither decodes nor encodes them.
+// Whether the line at `at` is exactly KEY=VALUE, in one byte per character and printable ASCII. If so, moves
+// `at` behind the line. Nearly all lines of a list that is saved again are like this, and a save is fast
+// because it neither decodes nor encodes them.
 bool SkipLine(std::string_view text, std::size_t& at, const ProfileEntry& entry) {
     const std::size_t valueAt = at + entry.key.size() + 1;
     const std::size_t end = valueAt + entry.value.size();
@@ -106,7 +106,7 @@ public:
     }
 
     [[nodiscard]] bool IsAnyMissing() const noexcept { return m_missing > 0; }
-    // Moves `at` behind the line there when that is the next entry's already; see SkipLine.
+    // If the line at `at` already holds the next entry, moves `at` behind it; see SkipLine.
     [[nodiscard]] bool TrySkipLine(std::string_view text, std::size_t& at) {
         if (m_next == m_entries.size() || m_seen[m_next] || !SkipLine(text, at, m_entries[m_next])) {
             return false;
@@ -156,7 +156,7 @@ bool TryAppendLine(const ProfileFormat& format, const ProfileEntry& entry, std::
     return fits;
 }
 
-// How many entries the lines from `at` on hold already, one after the other. Moves `at` behind these lines.
+// The number of entries, from the first on, that the lines from `at` on hold already. Moves `at` behind them.
 std::size_t SkipLines(std::string_view section, std::size_t& at, std::span<const ProfileEntry> entries) {
     const auto other = std::find_if_not(entries.begin(), entries.end(), [&](const ProfileEntry& entry) {
         return SkipLine(section, at, entry);

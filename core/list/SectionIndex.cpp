@@ -14,10 +14,10 @@ Position PositionIn(Position slot) {
     return (slot & ~kRepeated) - 1;
 }
 
-// Walks through the slots that a name may be in.
+// Visits the slots in which a name may be, in probe order.
 class CProbe {
 public:
-    // The number of slots is prime, so that any step leads to all of them.
+    // The number of slots is prime, so that any step visits all of them.
     CProbe(NameHash hash, std::size_t slots)
         : m_slot(hash.place % slots), m_step(1 + hash.step % (slots - 1)), m_slots(slots) {}
 
@@ -50,9 +50,9 @@ std::size_t PrimeFrom(std::size_t number) {
 
 }  // namespace
 
-// A task takes some 400 bytes. The table may not cost more than twice the text, whatever that is: there are
-// no more than 66,000 names of at most two bytes, and any other takes five bytes with its bracket and line
-// break, so that a slot for every four bytes and 84,000 more are always enough.
+// A task takes about 400 bytes, so the first size usually suffices. The table may not take more than twice
+// the memory of the text, whatever the text is. The last size always suffices: there are at most 66,000 names
+// of one or two bytes, and every other header takes at least five bytes with its bracket and line break.
 CSectionIndex::CSectionIndex(const CProfileText& text) {
     if (!TryFill(text, text.Size() / 64 + 16) && !TryFill(text, text.Size() / 16 + 16)) {
         static_cast<void>(TryFill(text, text.Size() / 4 + 84000));
@@ -97,7 +97,7 @@ void CSectionIndex::Grow(const CProfileText& text) {
     }
 }
 
-// The slot of the section, or the free one where it would be.
+// The slot of the section with this name, or the free slot for it.
 std::size_t CSectionIndex::FindSlot(const CProfileText& text, std::wstring_view name) const {
     CProbe probe(HashName(name), m_slots.size());
     for (;; probe.Next()) {
@@ -108,7 +108,7 @@ std::size_t CSectionIndex::FindSlot(const CProfileText& text, std::wstring_view 
     }
 }
 
-// The same for a name that is not decoded yet, which it need not be while slots are free.
+// The same for a header. Its name is decoded only when its first slot is in use.
 std::size_t CSectionIndex::FindSlot(const CProfileText& text, const ProfileLine& header) const {
     const CProbe first(HashName(header), m_slots.size());
     return m_slots[first.Slot()] == 0 ? first.Slot() : FindSlot(text, DecodeName(header));

@@ -1,4 +1,4 @@
-// The functions of the task array for a list that other programs save as well.
+// The functions of the task array for a list that other programs also save.
 
 #include <algorithm>
 #include <map>
@@ -14,9 +14,9 @@
 
 namespace {
 
-// Takes the task's section from the file, and the run of another program if there was one since the task was
-// last read or saved. The user may have reset the last run meanwhile, so that it is older
-// here than in the file although nobody has run the project.
+// Copies the section of the stored task, and its run if another program has run the project since the task
+// was last read or saved. A last run that is merely later in the file does not prove that: the user may
+// have reset it here.
 void TakeOverRun(CSCVShchedulerTask& task, const CSCVShchedulerTask& stored) {
     task.m_strIniSection = stored.m_strIniSection;
     if (stored.m_tLastRunTime > task.m_tStoredRunTime && stored.m_tLastRunTime > task.m_tLastRunTime) {

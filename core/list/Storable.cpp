@@ -23,8 +23,8 @@ std::string Changed(const std::string& what, const std::wstring& text) {
     return "the list cannot keep " + what + " '" + ToUtf8(text) + "'";
 }
 
-// Whether a text of the task comes back from the file. A double quote inside comes back at times, and the
-// extraction program takes it for an end.
+// Whether a text of the task is read back from the file unchanged. A double quote inside can be read back,
+// but the extraction program would take it for the end of the argument.
 bool Survives(const TaskFields& task, const TaskFields& read, std::wstring TaskFields::*text) {
     return HalvedApostrophes(read.*text) == task.*text && (task.*text).find(L'"') == std::wstring::npos;
 }

@@ -77,6 +77,6 @@ void AppendNumber(std::int64_t number, std::wstring& text) {
     std::array<char, 24> digits{};
     const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     const std::size_t old = text.size();
-    text.resize(old + static_cast<std::size_t>(end - digits.data()));  // append() would make a copy first
+    text.resize(old + static_cast<std::size_t>(end - digits.data()));  // append() would copy the digits first
     std::copy(std::as_const(digits).data(), end, text.begin() + static_cast<std::ptrdiff_t>(old));
 }

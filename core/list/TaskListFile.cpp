@@ -52,7 +52,7 @@ void RemoveTaskSections(CPrivateProfile& profile, std::int32_t first, std::int32
     }
 }
 
-// The tasks of a file as they are before an edit. Shows afterwards which values the edit has changed.
+// The tasks of a file before an edit, to find out afterwards which values the edit has changed.
 class CBeforeEdit {
 public:
     CBeforeEdit(const CPrivateProfile& profile, const CSCVShchedulerTaskArray& tasks) {
@@ -62,8 +62,8 @@ public:
         }
     }
 
-    // What has to be written so that the section holds the task: everything for a new task or one that has
-    // moved to another section, else the values that have changed.
+    // The entries to write so that the section holds the task: all for a new task or one that has moved to
+    // another section, otherwise those whose values have changed.
     [[nodiscard]] std::vector<CPrivateProfile::Entry> EntriesToWrite(const CSCVShchedulerTask& task,
                                                                      const std::wstring& section) const {
         const auto old = m_sections.find(task.m_strIniSection);
@@ -152,7 +152,7 @@ FileResult CSCVShchedulerTaskArray::TrySave(IFileSystem& files, const std::wstri
     }
     const auto write = [&](CPrivateProfile& profile) {
         if (const auto stamp = files.Stamp(file); stamp && stamp != m_stamp) {
-            TakeOverRuns(profile);  // else the older ones here would be written over them
+            TakeOverRuns(profile);  // or this save would overwrite later runs in the file
         }
         const auto count = static_cast<std::int32_t>(GetSize());
         const std::int32_t oldCount = SetCount(profile, count);
@@ -193,8 +193,8 @@ FileResult CSCVShchedulerTaskArray::TryEdit(IFileSystem& files, const std::wstri
     return result;
 }
 
-// Only after a save: a task that recorded a section which the file does not hold yet would, saved after its
-// next run, overwrite another task's.
+// Call it only after a save: if a task recorded a section that the file does not have yet, saving its next
+// run would overwrite another task.
 void CSCVShchedulerTaskArray::RecordPlaces(const std::wstring& file) {
     std::wstring section;
     for (std::size_t i = 0; i < m_tasks.size(); ++i) {

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Every "HLP" counts, also one in the name of a folder.
+// Replaces every "HLP", even in the name of a folder.
 std::wstring ListBesideExecutable(std::wstring path) {
     constexpr std::wstring_view kHelp = L"HLP";
     for (std::size_t at = path.find(kHelp); at != std::wstring::npos; at = path.find(kHelp, at)) {
@@ -17,7 +17,7 @@ std::wstring ListBesideExecutable(std::wstring path) {
     return path;
 }
 
-// The copy is put in place in one step: a half copied file would be taken for the list from then on.
+// The new file appears in one step: an incomplete copy would count as the list from then on.
 void MoveOldList(const std::wstring& from, const std::wstring& to, IFileSystem& files) {
     if (!files.Exists(from) || files.Exists(to)) {
         return;

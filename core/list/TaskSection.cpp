@@ -22,8 +22,8 @@ std::int32_t ToNumber(const std::optional<std::wstring>& value, std::int32_t emp
     return text.empty() ? empty : ParseStoredNumber(text);
 }
 
-// Apostrophes are doubled here and not halved when the value is read: a text gains apostrophes with every
-// load and save. Existing files and the programs that read them count on it.
+// Apostrophes are doubled here and not halved when the value is read, so each load and save of a text doubles
+// them again. Existing files and the programs that read them rely on it.
 void AppendQuoted(std::wstring_view text, std::wstring& value) {
     value += L'\'';
     AppendDoubledApostrophes(text, value);
@@ -67,7 +67,7 @@ StoredValues ValuesOf(const CSCVShchedulerTask& task) {
     return values;
 }
 
-// Written are the low 32 bits, unsigned; they are read as a signed number of 32 bits.
+// The low 32 bits are written as an unsigned number and read as a signed one that saturates.
 std::int64_t StoredInstant(std::int64_t instant) {
     return std::min<std::int64_t>(static_cast<std::uint32_t>(instant),
                                   std::numeric_limits<std::int32_t>::max());

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The explicit 64-bit functions on Windows: a 32-bit build's time_t ends in 2038.
+// Windows' 64-bit functions: the time_t of a 32-bit build ends in 2038.
 bool Convert(std::int64_t instant, std::tm& local) noexcept {
 #ifdef _WIN32
     const __time64_t time = instant;
@@ -33,8 +33,8 @@ bool IsBetween(int value, int low, int high) noexcept {
 
 LocalTime ToLocalTime(std::int64_t instant) noexcept {
     std::tm local{};
-    // Beyond those years neither ISO dates nor the standard library's calendar go; Windows ends with the year
-    // 3000.
+    // ISO dates and the standard library's calendar end with these years. Windows' functions end with the
+    // year 3000.
     if (!Convert(instant, local) || !IsBetween(local.tm_year, 1 - 1900, 9999 - 1900)) {
         return {};
     }
@@ -57,10 +57,10 @@ std::int64_t FromLocalTime(int year, int month, int day, int hour, int minute, i
     local.tm_wday = -1;
     local.tm_isdst = -1;
     const std::int64_t instant = Convert(local);
-    // -1 is also a second before 1970 where such times are known. Only a conversion that succeeds sets the
-    // weekday.
+    // -1 means failure, but also one second before 1970 where such times are supported. Only a conversion
+    // that succeeds sets the weekday.
     if (instant == -1 && local.tm_wday < 0) {
-        // Only msvcrt refuses dates that have passed the checks before, and tests under Wine cover that.
+        // Only msvcrt refuses dates that pass the checks above; tests under Wine cover that.
         throw std::invalid_argument("a local date that the system cannot convert");  // GCOVR_EXCL_LINE
     }
     return instant;

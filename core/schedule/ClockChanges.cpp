@@ -7,7 +7,7 @@
 
 namespace {
 
-// Local time at the instant; the instant itself when it has none.
+// Local time at the instant, in seconds; the instant itself when the conversion fails.
 std::int64_t Local(std::int64_t instant) {
     const LocalTime local = ToLocalTime(instant);
     if (local.hour < 0) {
@@ -26,8 +26,8 @@ std::vector<ClockChange> ClockChanges(std::int64_t from, std::int64_t to) {
     std::vector<ClockChange> changes;
     for (std::int64_t low = from; low < to; low += kSecondsPerDay) {
         const std::int64_t offset = Offset(low);
-        std::int64_t old = low;                                     // still the old offset
-        std::int64_t changed = std::min(low + kSecondsPerDay, to);  // the new one
+        std::int64_t old = low;                                     // has the old offset
+        std::int64_t changed = std::min(low + kSecondsPerDay, to);  // has the new one
         if (Offset(changed) == offset) {
             continue;
         }

@@ -9,8 +9,9 @@
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskDays.h"
 
-// A local-time conversion costs far more than all the rest, and this runs for every task on every tick: each
-// path makes only the conversions that it needs, each of them once.
+// The rules are described in SCVShchedulerTask.h. They run for every task on every tick, and a local-time
+// conversion costs far more than everything else. So each path makes only the conversions that it needs, and
+// each of them once.
 
 namespace {
 
@@ -34,10 +35,10 @@ std::int64_t FromLocalDate(const year_month_day& date, const TimeOfDay& time) {
                          static_cast<int>(static_cast<unsigned>(date.day())), time.hour, time.minute, 0);
 }
 
-// That time of day on that date and on no other. When a clock change skips it, the run-time returns an
-// instant on one side of the gap, which for a gap at midnight can be the wrong date: Havana, 8 March 2026,
-// 00:00 does not exist, and Windows gives 7 March 23:00. The right instant is then as far on the other side,
-// at 01:00.
+// The instant of this time of day, which is always on this date. When a clock change skips the time, the C
+// run-time returns an instant before or after the gap, and for a gap at midnight that can be on the wrong
+// date. Example: in Havana 8 March 2026, 00:00 does not exist, and Windows returns 7 March 23:00. The result
+// is then the instant equally far on the other side: 8 March 01:00.
 std::int64_t InstantOn(const year_month_day& date, const TimeOfDay& time) {
     const std::int64_t instant = FromLocalDate(date, time);
     const LocalTime local = ToLocalTime(instant);
@@ -47,21 +48,25 @@ std::int64_t InstantOn(const year_month_day& date, const TimeOfDay& time) {
     const std::int64_t skipped =
         WallSeconds(date, time.hour * 60 + time.minute) - WallSeconds(DateOf(local), MinuteOfDay(local));
     const std::int64_t other = Add(instant, skipped);
-    // Crossing the date line can drop a whole date. Then take the later instant, or the task stays due.
+    // A zone that crosses the date line can skip a whole date. Then the later instant, or the task stays due.
     return DateOf(ToLocalTime(other)) == date ? other : std::max(instant, other);
 }
 
-// The date `days` after the last run's at that time of day, counted in days of 86,400 seconds: a clock change
-// in between shifts a run by an hour, but never onto another date. A run on the last run's own date again
-// would be due on every tick until midnight.
+// This time of day `days` days after the last run's date, counted in days of 86,400 seconds: a clock change
+// in between shifts the run by an hour, but never to another date. Examples for Berlin, where 25 October 2026
+// has 25 hours, and 1 day: a last run on 24 October at 10:00 gives 25 October 09:00. A last run on 25 October
+// at 00:30 would give 23:30 of the same date, and the task would be due on every tick from then to midnight;
+// the result is 26 October 00:30.
 std::int64_t DaysAfter(const LocalTime& last, int days, const TimeOfDay& time) {
     const std::int64_t instant = FromLocalDate(DateOf(last), time) + days * kSecondsPerDay;
     const year_month_day date = std::chrono::sys_days{DateOf(last)} + std::chrono::days{days};
     return DateOf(ToLocalTime(instant)) == date ? instant : InstantOn(date, time);
 }
 
-// Day 1 of the month after the last run's, reached in days of 86,400 seconds likewise: the shift by a clock
-// change stays, another date does not.
+// This time of day on day 1 of the month after the last run's, also counted in days of 86,400 seconds: 32
+// days on from day 1 of the last run's month, then back to day 1. A shift by a clock change stays unless it
+// leads to another date. Examples: in Berlin, 00:30 in October 2026 gives 1 November 23:30; in Sydney, 23:30
+// in September 2022 would give 30 September, so the result is 1 October 23:30.
 std::int64_t FirstOfNextMonth(const LocalTime& last, const TimeOfDay& time) {
     using namespace std::chrono;
     const year_month month{year{last.year}, std::chrono::month{static_cast<unsigned>(last.month)}};
@@ -75,8 +80,8 @@ std::int64_t FirstOfNextMonth(const LocalTime& last, const TimeOfDay& time) {
     return DateOf(local) == date ? instant : InstantOn(date, time);
 }
 
-// True when a whole date lies between the date `days` after the last run's and the next month, so that no
-// shift of clocks can bring the two together.
+// True when at least one date lies between the date `days` after the last run's and the next month. A clock
+// change cannot reorder a weekday run and a monthly run then, so the monthly one need not be computed.
 bool IsWellBeforeNextMonth(const LocalTime& last, int days) {
     const year_month_day date = DateOf(last);
     const std::chrono::day end = (date.year() / date.month() / std::chrono::last).day();
@@ -91,8 +96,8 @@ int CountFlaggedDays(const CSCVShchedulerTask& task) {
     return count;
 }
 
-// Days from a weekday (0 is Sunday) to the next flagged one, 7 from the only one to itself. One at least is
-// flagged.
+// Days from a weekday (0 is Sunday) to the next flagged one: 1 to 7. At least one must be flagged. Example:
+// with Monday and Thursday flagged 3 from Monday and 4 from Thursday; with Monday alone 7 from Monday.
 int DaysToNextFlagged(const CSCVShchedulerTask& task, int weekday) {
     int days = 1;
     while (days < 7 && task.RepeatsOnWeekday((weekday + days) % 7 + 1) == 0) {
@@ -101,7 +106,9 @@ int DaysToNextFlagged(const CSCVShchedulerTask& task, int weekday) {
     return days;
 }
 
-// The run by the Every rule; nothing when the rule is inactive or leaves it to weekdays and months.
+// The run by the Every rule. Nothing when the rule is inactive, when today is not flagged, or when the run
+// would be later in the day than the until time. Examples for every 2 hours until 18:00 without flagged days:
+// last run 16:00 gives 18:00, 17:00 gives nothing, and 23:00 gives 01:00 of the next date.
 std::optional<std::int64_t> NextEveryRun(const CSCVShchedulerTask& task, std::int64_t now,
                                          std::int64_t lastRun) {
     if (!task.IsEveryActive()) {
@@ -114,15 +121,14 @@ std::optional<std::int64_t> NextEveryRun(const CSCVShchedulerTask& task, std::in
     }
     const std::int64_t candidate = Add(lastRun, task.EveryMinutes() * 60);
     const LocalTime local = ToLocalTime(candidate);
-    // Times of day are compared, never dates: a candidate in the past counts, and so does one that crossed
-    // midnight into the early hours.
+    // Only times of day are compared. A candidate in the past counts too, and one that crossed midnight.
     if (MinuteOfDay(local) > MinuteOfDay(ToLocalTime(task.m_tUntilTime))) {
         return std::nullopt;
     }
     return Add(candidate, -local.second);
 }
 
-// The run by weekdays or months, whichever is earlier; 0 without either.
+// The run by weekdays or months, whichever is earlier, the monthly one when both are equal; 0 without either.
 std::int64_t NextCalendarRun(const CSCVShchedulerTask& task, std::int64_t lastRun) {
     const bool isMonthly = task.m_bRepeatOnMonthly != 0;
     const bool isWeekly = task.HasWeekdayRepeat() != 0;

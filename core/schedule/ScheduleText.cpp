@@ -14,8 +14,9 @@ namespace {
 
 constexpr int kMinutesPerDay = 24 * 60;
 
-// How many runs follow one at that minute of the day until the rule ends, by the clock alone; nothing when it
-// comes back to the same minute without ending.
+// The number of runs that follow a run at this minute of the day until the Every rule ends, without clock
+// changes; nothing when it never ends. Example: 08:00, every 60 minutes until 18:00 gives 10, because 19:00
+// is too late.
 std::optional<std::int64_t> RunsUntilEnd(int minuteOfDay, std::int64_t everyMinutes, int until) {
     const int step = static_cast<int>(everyMinutes % kMinutesPerDay);
     for (std::int64_t runs = 0; runs < kMinutesPerDay; ++runs) {
@@ -27,13 +28,13 @@ std::optional<std::int64_t> RunsUntilEnd(int minuteOfDay, std::int64_t everyMinu
     return std::nullopt;
 }
 
-// Whether the Every rule has no other beside it that would start it again.
+// Whether the Every rule is active without weekdays and months, which would start it again.
 bool EndsForGood(const CSCVShchedulerTask& task) {
     return task.IsEveryActive() && task.HasWeekdayRepeat() == 0 && task.m_bRepeatOnMonthly == 0;
 }
 
-// The last of the runs from `run` on, `everyMinutes` apart, none of which is later in the day than `until`;
-// nothing when they go on for ever. From one clock change to the next the runs are counted by the clock.
+// The last of the runs from `run` on, `everyMinutes` apart, before one would be later in the day than
+// `until`; nothing when they never end. Between two clock changes RunsUntilEnd counts the runs.
 std::optional<std::int64_t> LastOfSeries(std::int64_t run, std::int64_t everyMinutes, int until,
                                          const std::vector<ClockChange>& changes) {
     const std::int64_t step = everyMinutes * 60;
@@ -155,7 +156,7 @@ std::optional<std::int64_t> LastRunForGood(const CSCVShchedulerTask& task, std::
         return 0;
     }
     const std::int64_t first = std::max(next, now);
-    const std::int64_t start = first - ToLocalTime(first).second;  // from which the following ones count
+    const std::int64_t start = first - ToLocalTime(first).second;  // later runs are at full minutes
     const std::optional<std::int64_t> last =
         LastOfSeries(start, task.EveryMinutes(), MinuteOfDay(ToLocalTime(task.m_tUntilTime)), changes);
     return last == start ? first : last;

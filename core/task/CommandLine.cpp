@@ -8,14 +8,15 @@
 #include "util/CaseFold.h"
 #include "util/Csv.h"
 
-// The extraction program's command line. It is the only form in which the list keeps a task's project and
-// commands, and every version of the program reads it. Its asymmetries are part of that format.
+// The extraction program's command line. The list file stores a task's project and commands only in this
+// form, and every version of the program reads it. That reading and writing are not symmetric is part of
+// the format.
 
 namespace {
 
 using Task = CSCVShchedulerTask;
 
-// Empty when there is nothing to pass on.
+// The argument to write after the switch; empty when there is none.
 std::wstring ArgumentOf(const Task& task, const TaskSwitch& s) {
     if (s.text == nullptr || s.LacksElement(task)) {
         return {};
@@ -57,7 +58,7 @@ std::wstring_view WithoutOuterQuotes(std::wstring_view text) {
     return text;
 }
 
-// The rest of the first token that is the switch, without its quotes; nothing when there is no such token.
+// The argument of the first token that is this switch, without outer quotes; nothing without such a token.
 std::optional<std::wstring_view> FindArgument(const CCsv& tokens, const TaskSwitch& s) {
     const auto token =
         std::ranges::find_if(tokens, [&s](const std::wstring& candidate) { return Matches(s, candidate); });
@@ -97,7 +98,7 @@ std::wstring CSCVShchedulerTask::BuildCommandLine() const {
         text += L" -";
         text += s.letters;
         if (!argument.empty()) {
-            // Nothing escapes a quote inside: the reader knows no escape either.
+            // A quote inside is not escaped, because the reader knows no escapes.
             text += L'"' + argument + L'"';
         }
     }

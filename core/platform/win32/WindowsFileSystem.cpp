@@ -15,7 +15,7 @@ namespace {
 
 using Status = IFileSystem::Status;
 
-// The form that Windows takes at any length, for a path that needs it.
+// The path, with the prefix for long paths if it needs it.
 std::wstring ToSystemPath(const std::wstring& path) {
     if (path.size() < MAX_PATH || path.starts_with(L"\\\\?\\")) {
         return path;
@@ -25,8 +25,8 @@ std::wstring ToSystemPath(const std::wstring& path) {
     return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
 
-// Windows reports "access denied" for a folder, for a file that another program holds or that is being
-// deleted, and where the user has no rights.
+// Windows reports "access denied" for a folder, for a file that another program has open or that is being
+// deleted, and when the user has no rights.
 Status StatusOfDenied(const std::wstring& systemPath) {
     const DWORD attributes = GetFileAttributesW(systemPath.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
@@ -71,7 +71,7 @@ public:
 
     [[nodiscard]] FileResult Write(std::string_view bytes) override {
         while (!bytes.empty()) {
-            // In pieces: one huge write to a network drive can exceed what its server takes.
+            // In pieces: one huge write to a network drive can exceed what its server accepts.
             const auto wanted = static_cast<DWORD>(std::min(bytes.size(), std::size_t{16} << 20));
             DWORD written = 0;
             if (!WriteFile(m_file.Get(), bytes.data(), wanted, &written, nullptr)) {
@@ -120,7 +120,7 @@ bool IsSymbolicLink(const std::wstring& systemPath) {
         return false;
     }
     FindClose(search);
-    // Other reparse points, such as those of files kept online, are files for whoever replaces them.
+    // Other reparse points, such as those of online files, are replaced like ordinary files.
     return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
            found.dwReserved0 == IO_REPARSE_TAG_SYMLINK;
 }
@@ -135,14 +135,14 @@ std::wstring WithoutSystemPrefix(const std::wstring& path) {
     return path.starts_with(kPrefix) ? path.substr(kPrefix.size()) : path;
 }
 
-// The path of an open file with all links followed; empty when the system has none.
+// The path of an open file with all links followed; empty when the system returns none.
 std::wstring FinalPath(HANDLE file) {
     std::wstring path(GetFinalPathNameByHandleW(file, nullptr, 0, 0), L'\0');
     path.resize(GetFinalPathNameByHandleW(file, path.data(), static_cast<DWORD>(path.size()), 0));
     return WithoutSystemPrefix(path);
 }
 
-// Whether the file has entries of its own, beside those inherited from its folder.
+// Whether the list has entries of its own, apart from those inherited from the folder.
 bool HasExplicitEntry(PACL list) {
     for (DWORD i = 0; i < list->AceCount; ++i) {
         void* entry = nullptr;
@@ -219,7 +219,7 @@ FileResult CWindowsFileSystem::ResolveLink(const std::wstring& path, std::wstrin
 }
 
 std::optional<FileStamp> CWindowsFileSystem::Stamp(const std::wstring& path) {
-    // Asks for no access to the contents, so that no sharing mode of another program can refuse it.
+    // Without access to the contents, so that no sharing mode of another program can prevent it.
     CFileHandle file;
     BY_HANDLE_FILE_INFORMATION found{};
     if (!Open(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING, 0, file) ||
@@ -261,14 +261,14 @@ FileResult CWindowsFileSystem::Read(const std::wstring& path, std::string& bytes
 }
 
 FileResult CWindowsFileSystem::CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) {
-    // The system deletes the file with its last handle, so a process that is killed leaves no lock. A file
-    // that a power cut left behind is opened again.
+    // The system deletes the file when its last handle is closed, so a killed process leaves no lock. A file
+    // left by a power cut is opened again.
     return OpenToWrite(path, GENERIC_WRITE | DELETE, OPEN_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE, file);
 }
 
 FileResult CWindowsFileSystem::Create(const std::wstring& path, std::unique_ptr<IFile>& file) {
     FileResult result = OpenToWrite(path, GENERIC_WRITE, CREATE_ALWAYS, 0, file);
-    // A hidden file is refused. One can be left behind by a power cut before it replaced a hidden list.
+    // CreateFile refuses a hidden file. A power cut can leave one that was about to replace a hidden list.
     if (result.error == ERROR_ACCESS_DENIED &&
         SetFileAttributesW(ToSystemPath(path).c_str(), FILE_ATTRIBUTE_NORMAL) != FALSE) {
         result = OpenToWrite(path, GENERIC_WRITE, CREATE_ALWAYS, 0, file);
@@ -284,7 +284,7 @@ FileResult CWindowsFileSystem::Replace(const std::wstring& from, const std::wstr
     const std::wstring fresh = ToSystemPath(from);
     const std::wstring target = ToSystemPath(to);
     CopyProtection(target, fresh);
-    // Not ReplaceFileW: it copies all that by itself, but for a moment no file has the name.
+    // Not ReplaceFileW: it copies attributes by itself, but for a moment no file has the name.
     return MoveFileExW(fresh.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)
                ? FileResult()
                : LastFailure(to);
