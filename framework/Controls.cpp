@@ -14,7 +14,7 @@ void CListBox::FitHorizontalExtent() const {
         GetTextExtentPoint32W(context.Get(), text.c_str(), static_cast<int>(text.size()), &size);
         widest = std::max(widest, size.cx);
     }
-    // The list draws its texts a little inside its edges.
+    // The list draws its texts with a margin.
     widest += 2 * GetSystemMetrics(SM_CXEDGE);
     SendMessage(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest));
 }

@@ -55,7 +55,7 @@ void DDX_Text(CDataExchange* exchange, int id, std::wstring& value) {
     if (exchange->m_bSaveAndValidate) {
         value = std::move(shown);
     } else if (shown != value) {
-        // Setting the same text again would flicker and move the caret.
+        // Setting an equal text would flicker and move the caret.
         control.SetWindowText(value);
     }
 }

@@ -10,8 +10,8 @@
 
 namespace {
 
-// The dialog whose window is being made: the first message arrives before the window is known to belong to
-// it.
+// The dialog whose window is being created. The window's first message arrives before the window is connected
+// to its dialog.
 CDialog* g_creating = nullptr;
 
 void RegisterControls() {
@@ -32,7 +32,7 @@ bool IsInput(UINT message) {
 }  // namespace
 
 CDialog::~CDialog() {
-    // The derived class and the wrappers that it holds are gone by now.
+    // The derived class is destroyed by now, and with it the wrappers that are its members.
     m_boundControls.Forget();
     if (m_hWnd != nullptr) {
         DestroyWindow();
@@ -55,7 +55,7 @@ SIZE CDialog::TemplateClientSize() const {
     HINSTANCE const module = GetModuleHandleW(nullptr);
     const HRSRC resource = FindResourceW(module, MAKEINTRESOURCEW(m_templateId), RT_DIALOG);
     const auto* words = static_cast<const WORD*>(LockResource(LoadResource(module, resource)));
-    // The size in dialog units, where an extended template has it.
+    // The size in dialog units, at its place in an extended template.
     RECT rect{0, 0, words[11], words[12]};
     MapDialogRect(m_hWnd, &rect);
     return {rect.right, rect.bottom};
@@ -79,7 +79,7 @@ INT_PTR CDialog::DoModal() {
                 break;
             }
         }
-        // The owner is enabled before the dialog is destroyed, or the system would activate another program's
+        // Enable the owner before destroying the dialog, or the system would activate another program's
         // window.
     }
     m_modal = false;
@@ -95,7 +95,7 @@ INT_PTR CDialog::DoModal() {
 void CDialog::EndDialog(int result) {
     m_result = result;
     m_modal = false;
-    // A message that was sent does not end the loop's wait; a posted one does.
+    // Ends the wait of the message loop. A sent message would not.
     ::PostMessageW(nullptr, WM_NULL, 0, 0);
 }
 
@@ -190,7 +190,7 @@ void CDialog::OnWindowGone() {
     }
 }
 
-// The system's dialog procedure asks this one only about the start; everything else has been through
+// The system's dialog procedure needs this function only for WM_INITDIALOG. Every other message has passed
 // WindowProcedure before.
 INT_PTR CALLBACK CDialog::DialogProcedure(HWND window, UINT message, WPARAM, LPARAM) {
     if (g_creating != nullptr) {

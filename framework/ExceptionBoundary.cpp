@@ -13,7 +13,7 @@ void AfxReportException(const char* text) noexcept {
         AfxMessageBox(text != nullptr && *text != '\0' ? FromUtf8(text) : L"An unknown error occurred.",
                       MB_OK | MB_ICONSTOP);
     } catch (...) {
-        // Nothing is left to show it with.
+        // There is no other way to show it.
     }
     isOpen = false;
 }

@@ -20,14 +20,14 @@ bool Ask(bool open, OPENFILENAMEW& record) {
     if (CommDlgExtendedError() != FNERR_INVALIDFILENAME) {
         return false;
     }
-    // The dialog does not open at all with a name that no file can have; a typing error is no reason for
-    // that.
+    // With an invalid file name the dialog does not open at all. Open it without the name then: it may only
+    // be a typing error.
     record.lpstrFile[0] = L'\0';
     return ask(&record) != 0;
 }
 
-// The result of a dialog for one file: a path that ends with one NUL. The rest of the buffer keeps what it
-// held before.
+// The result of a dialog for one file: a path that ends with one NUL. The rest of the buffer keeps its
+// contents.
 std::vector<std::wstring> ReadPath(const wchar_t* buffer) {
     return {buffer};
 }
@@ -81,7 +81,7 @@ INT_PTR CFileDialog::DoModal() {
     record.nMaxFile = static_cast<DWORD>(buffer.size());
     record.lpstrInitialDir = m_folder.empty() ? nullptr : m_folder.c_str();
     record.lpstrDefExt = m_extension.empty() ? nullptr : m_extension.c_str();
-    // Looking around in the dialog must not move the program's current folder.
+    // Browsing in the dialog must not change the program's current folder.
     record.Flags = m_flags | OFN_EXPLORER | OFN_ENABLESIZING | OFN_NOCHANGEDIR;
     if (!Ask(m_open, record)) {
         return IDCANCEL;

@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t kLongestMessage = 260;
 
-// Returns an error code of the system.
+// Returns the system's error code, or ERROR_SUCCESS.
 DWORD Open(CFileHandle& file, const std::wstring& path, DWORD access, DWORD disposition) {
     constexpr DWORD kNotShared = 0;
     file = CFileHandle(
@@ -30,7 +30,7 @@ std::wstring FailureText(DWORD error, const std::wstring& path) {
     return (SystemErrorText(error) + L"\r\n" + path).substr(0, kLongestMessage);
 }
 
-// False when the user gives up, or the box closed without an answer because the program is ending.
+// False when the user cancels, or when the box closes without an answer because the program is ending.
 bool AsksToRetry(DWORD error, const std::wstring& path) {
     return AfxMessageBox(FailureText(error, path), MB_RETRYCANCEL | MB_ICONERROR) == IDRETRY;
 }
@@ -53,13 +53,13 @@ std::string ReadAll(HANDLE file) {
     return bytes;
 }
 
-// That a folder on the way is missing, or that the path cannot be one.
+// Whether a folder of the path is missing or the path is not valid.
 bool IsBadPath(DWORD error) {
     return error == ERROR_PATH_NOT_FOUND || error == ERROR_INVALID_DRIVE || error == ERROR_BAD_PATHNAME;
 }
 
-// Whether the file's folder exists, if need be after making it. Of a network path the leading backslashes are
-// lost, so that folders are made below the current one.
+// Creates the file's folder unless it exists. Returns whether it exists afterwards. A network path loses its
+// leading backslashes here, so that its folders are created below the current one.
 bool MakeFolderOf(const std::wstring& path) {
     const std::wstring folder = GetFolderPathNoSlash(path);
     if (DirectoryExists(folder) != 0) {
@@ -80,7 +80,7 @@ bool MakeFolderOf(const std::wstring& path) {
     return DirectoryExists(folder) != 0;
 }
 
-// Returns an error code of the system.
+// Returns the system's error code, or ERROR_SUCCESS.
 DWORD Write(CFileHandle& file, std::string_view bytes, bool append) {
     if (append && !SetFilePointerEx(file.Get(), {}, nullptr, FILE_END)) {
         return GetLastError();

@@ -61,7 +61,7 @@ void CToolTipCtrl::RelayEvent(MSG* message) const {
 }
 
 void CToolTipCtrl::Destroy() noexcept {
-    // It may have gone with its owner already.
+    // It may have been destroyed with its owner.
     if (const HWND window = Detach(); IsWindow(window)) {
         ::DestroyWindow(window);
     }

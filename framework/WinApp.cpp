@@ -48,7 +48,7 @@ BOOL CWinApp::WriteProfileInt(const wchar_t* section, const wchar_t* entry, int 
 }
 
 void CWinApp::ParseCommandLine(CCommandLineInfo& info) const {
-    // The system's splitter takes its first argument for the program's name.
+    // CommandLineToArgvW treats the first argument as the program's name.
     const std::wstring line = std::wstring(L"x ") + m_lpCmdLine;
     int count = 0;
     const std::unique_ptr<wchar_t*, decltype(&LocalFree)> arguments(CommandLineToArgvW(line.c_str(), &count),

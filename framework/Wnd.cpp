@@ -13,7 +13,7 @@ HWND CWnd::Detach() noexcept {
 }
 
 CWnd* CWnd::FromHandle(HWND window) noexcept {
-    // Another process of this program has windows with the same property.
+    // Windows of other processes of this program have the same property, with pointers of their own.
     return GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId()
                ? static_cast<CWnd*>(GetPropW(window, kOwner))
                : nullptr;
@@ -29,7 +29,7 @@ void CWnd::SetOwner(CWnd* owner) const {
 
 std::wstring CWnd::GetWindowText() const {
     std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(m_hWnd)), L'\0');
-    // The system counts the terminator, for which a string has room.
+    // The buffer's size includes the terminator, for which a string has room.
     const int length = ::GetWindowTextW(m_hWnd, text.data(), static_cast<int>(text.size()) + 1);
     text.resize(static_cast<std::size_t>(length));
     return text;

@@ -57,7 +57,7 @@ Placement FitInto(const Edges& area, const Placement& window) {
 }
 
 Placement CorrectPlacement(Edges stored, std::int32_t screenWidth, std::int32_t screenHeight) {
-    // Far enough from the corners that the user can see the window and drag it.
+    // Far enough from the edges of the screen that the user can see the window and drag it.
     constexpr std::int32_t kMargin = 100;
     const std::int32_t left = IsOff(stored.left, screenWidth) ? kMargin : stored.left;
     const std::int32_t top = IsOff(stored.top, screenHeight) ? kMargin : stored.top;

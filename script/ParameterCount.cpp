@@ -6,7 +6,7 @@
 
 namespace {
 
-// Cuts `text` off behind the first `part`; false when there is none.
+// Removes the text up to and including the first `part`; false when there is none.
 bool SkipPast(std::wstring_view& text, std::wstring_view part) {
     const std::size_t at = text.find(part);
     if (at == std::wstring_view::npos) {

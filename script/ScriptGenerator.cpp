@@ -15,7 +15,7 @@ constexpr std::wstring_view kMainNameMark = L"{{MAIN_FUNCTION_NAME}}";
 constexpr std::wstring_view kBlankLine = L"\r\n\r\n";
 constexpr int kMostParams = 3;
 
-// Every `from`, left to right; what was put in is not searched again.
+// Replaces every `from`, from left to right. Inserted text is not searched again.
 void ReplaceAll(std::wstring& text, std::wstring_view from, std::wstring_view to) {
     std::size_t begin = 0;
     std::size_t found = text.find(from);
@@ -30,14 +30,13 @@ void ReplaceAll(std::wstring& text, std::wstring_view from, std::wstring_view to
     text = std::move(result.append(text, begin));
 }
 
-// Anywhere but at the very first character: a text that begins with `part` counts as not having it, even when
-// it comes again later.
+// The first `part`; none when the text begins with it, even if it occurs again later.
 std::size_t FindAfterStart(std::wstring_view text, std::wstring_view part) {
     const std::size_t found = text.find(part);
     return found == 0 ? std::wstring_view::npos : found;
 }
 
-// For between the quotes of a JScript literal.
+// The value escaped for a JScript string literal.
 std::wstring JScriptLiteral(std::wstring value) {
     ReplaceAll(value, L"\\", L"\\\\");
     ReplaceAll(value, L"\"", L"\\\"");
@@ -46,8 +45,8 @@ std::wstring JScriptLiteral(std::wstring value) {
     return value;
 }
 
-// A value of several lines as string literals and vbNewLine, joined with plus signs. Quotes inside the value
-// stay single.
+// A value of several lines as a VBScript expression: "a" + vbNewLine + "b". Quotes inside the value are not
+// doubled.
 std::wstring VBScriptExpression(std::wstring value) {
     ReplaceAll(value, L"\r\n", L"\r");
     ReplaceAll(value, L"\n", L"\r");
@@ -90,7 +89,7 @@ void FillPlaceholder(std::wstring& text, std::wstring_view language, int index, 
     }
 }
 
-// Puts the call of `mainName` around the result of the script's main function.
+// Wraps the result of the script's main function into a call of `mainName`.
 void ChainResult(std::wstring& script, std::wstring_view language, std::wstring_view mainName) {
     const bool isVBScript = EqualNoCase(language, kVBScript);
     if (!isVBScript && !EqualNoCase(language, kJScript)) {
@@ -103,8 +102,8 @@ void ChainResult(std::wstring& script, std::wstring_view language, std::wstring_
     if (end == std::wstring::npos) {
         return;
     }
-    // What JScript returns begins with the first space, which stays; without one (a bracket or a tab follows
-    // at once) right after the word.
+    // In JScript the expression begins at the first space behind "return"; without a space before the end
+    // directly behind the word.
     const std::size_t afterOpening = begin + opening.size();
     const std::size_t space = isVBScript ? afterOpening : script.find(L' ', afterOpening);
     const std::size_t expression = space < end ? space : afterOpening;

@@ -40,9 +40,9 @@ public:
 
 private:
     enum class State {
-        Outside,  // of quotes: separators count
+        Outside,  // outside quotes: separators count
         Inside,
-        Doubled,  // on the first of two quotes, which close nothing
+        Doubled,  // at the first of two quotes, which do not close
     };
 
     [[nodiscard]] bool IsAt(std::size_t position, wchar_t unit) const {
@@ -70,7 +70,7 @@ private:
         }
         return State::Inside;
     }
-    // Of the field at m_start.
+    // The end of the field that starts at m_start.
     [[nodiscard]] std::size_t FindEnd() {
         State state = State::Outside;
         for (std::size_t i = m_start; i < m_text.size(); ++i) {
@@ -87,7 +87,7 @@ private:
     bool m_allowQuotes;
     bool m_quotesAnywhere;
     std::size_t m_start = 0;  // of the next field
-    wchar_t m_quote = L'"';   // that opened the last quotes
+    wchar_t m_quote = L'"';   // the quote that was opened last
 };
 
 }  // namespace

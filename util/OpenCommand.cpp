@@ -16,7 +16,7 @@ void ReplaceAll(std::wstring& text, const std::wstring& what, const std::wstring
 
 void ExpandVariables(std::wstring& command,
                      const std::function<std::wstring(const std::wstring& name)>& environment) {
-    // A value may name its own variable; no real command needs as many turns or gets as long.
+    // Limits, because a value may contain its own variable. No real command reaches them.
     constexpr int kTurns = 100;
     constexpr std::size_t kLongest = 32767;
     for (int turn = 0; turn < kTurns && command.size() <= kLongest; ++turn) {

@@ -42,7 +42,7 @@ void AppendDecoded(TextEncoding encoding, std::string_view bytes, std::wstring& 
         ++ascii;
     }
     const std::size_t old = text.size();
-    text.resize(old + ascii);  // appending iterators of another type makes a copy first
+    text.resize(old + ascii);  // append() with iterators of another type would copy the text first
     std::copy_n(bytes.begin(), ascii, text.begin() + static_cast<std::ptrdiff_t>(old));
     bytes.remove_prefix(ascii);
     if (encoding == TextEncoding::Utf8) {

@@ -48,7 +48,7 @@ void AddProject(const std::wstring& path, const Job& job, CSCVShchedulerTaskArra
     report.Add(kAdded, task);
 }
 
-// The projects to add: a pattern stands for the files that match it.
+// The projects to add. A pattern is replaced by the files that match it.
 std::vector<std::wstring> NewProjects(const Job& job) {
     std::vector<std::wstring> projects;
     for (const std::wstring& name : job.arguments.paths) {
@@ -65,7 +65,7 @@ std::vector<std::wstring> NewProjects(const Job& job) {
     return projects;
 }
 
-// Warns of what may surprise in the schedules that were made. `check` reports those that cannot be computed.
+// Prints the warnings about new schedules (ScheduleWarnings). `check` reports those that cannot be computed.
 void WarnOfSchedules(const Job& job, const CChangeReport& report) {
     for (const CSCVShchedulerTask* task : report.ChangedTasks()) {
         try {
@@ -77,7 +77,7 @@ void WarnOfSchedules(const Job& job, const CChangeReport& report) {
     }
 }
 
-// Calls `change` with each task that the command line names; it returns whether the task is another one now.
+// Calls `change` with each task that the command line names. `change` returns whether the task has changed.
 template <typename Change>
 int ChangeNamed(const Job& job, std::string_view name, Change change) {
     EditList(job, [&](CSCVShchedulerTaskArray& tasks, CChangeReport& report) {
@@ -118,7 +118,7 @@ void EditList(const Job& job,
                    job.tasks.TryEdit(context.platform.files, context.list, [&] { edit(job.tasks, report); });
                !saved) {
         if (report.HasLaunches()) {
-            write();  // a project that was launched runs all the same
+            write();  // the launched projects are running although the list could not be saved
         }
         throw CRefusal(Join("the task list could not be saved: ", context.Reason(saved)), kFindings);
     }

@@ -23,7 +23,7 @@
 
 namespace {
 
-// Refuses (CRefusal) an object that has a key twice, of which the parser would keep one.
+// Throws CRefusal for an object that has a key twice. The parser alone would keep one of the two.
 class KeyWatch {
 public:
     bool operator()(int /*depth*/, Json::parse_event_t event, const Json& parsed) {
@@ -80,14 +80,14 @@ Json Parse(const std::string& text) {
         KeyWatch watch;
         return Json::parse(text, std::ref(watch));
     } catch (const Json::parse_error& error) {
-        // Without the library's own number of the error, and with bytes that are no UTF-8 made so.
+        // Without the library's error number, and with invalid UTF-8 replaced.
         const std::string what = ToUtf8(FromUtf8(error.what()));
         const std::size_t end = what.find("] ");
         throw CRefusal("the text is not JSON: " + (end == std::string::npos ? what : what.substr(end + 2)));
     }
 }
 
-// Makes a task of the array out of one of the text's.
+// Imports one task into the array.
 void ImportOne(const Json& json, const std::string& where, const Job& job, CSCVShchedulerTaskArray& tasks,
                CChangeReport& report) {
     const std::wstring project = ImportedProject(json, where);
@@ -95,7 +95,7 @@ void ImportOne(const Json& json, const std::string& where, const Job& job, CSCVS
     const bool isListed = place >= 0;
     if (!isListed) {
         place = tasks.GetSize();
-    } else if (tasks[place]->m_strIniSection.empty()) {  // not of the file
+    } else if (tasks[place]->m_strIniSection.empty()) {  // imported before
         throw CRefusal(Join(where, " names the project ", project, " a second time"));
     } else if (!job.arguments.replace) {
         throw CRefusal(Join(where, ": the project ", project,

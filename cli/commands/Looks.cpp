@@ -90,7 +90,7 @@ int ListNextRuns(const Job& job) {
 
 int CheckList(const Job& job) {
     const Context& context = job.context;
-    // The tasks alone do not show what loading them has cut or left out.
+    // Reads the text as well, because the tasks do not show what loading them has cut or left out.
     const ProfileRead read = ReadProfile(context.platform.files, context.list);
     if (!read.profile) {
         throw CRefusal(Join("the task list cannot be read: ", context.Reason(read.result)), kNoList);

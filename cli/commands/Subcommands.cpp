@@ -104,7 +104,7 @@ constexpr Subcommand kSubcommands[] = {
      .handler = ImportList},
 };
 
-// Throws CRefusal when somebody else uses the tasks, or when no change could be recorded.
+// Throws CRefusal when another program uses the tasks, or when the list is read-only.
 void ClaimAndSettleList(const Subcommand& subcommand, const Context& context, CLaunchClaim& claim) {
     if (subcommand.claim == Claim::None) {
         return;
@@ -150,7 +150,7 @@ std::span<const Subcommand> Subcommands() {
 int RunSubcommand(const Arguments& arguments, const Context& context) {
     const Subcommand& subcommand = *arguments.subcommand;
     try {
-        // Before anything is claimed: the input may be what another scvsched is about to export.
+        // Read the input before claiming the list: another scvsched may still have to export it.
         const std::string input =
             subcommand.takes == Takes::InFile ? ReadImport(arguments.file, context) : std::string();
         CLaunchClaim claim(context.platform.files, context.list);

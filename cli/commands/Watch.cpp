@@ -21,7 +21,7 @@ namespace {
 
 constexpr unsigned kTickMilliseconds = 2000;
 
-// The earliest next run, or a sentence that there is none.
+// The earliest next run in words, or that there is none.
 std::string NextRunText(const CSCVShchedulerTaskArray& tasks, std::int64_t now) {
     const CSCVShchedulerTask* first = nullptr;
     std::int64_t earliest = 0;
@@ -49,7 +49,7 @@ public:
           m_keeper(job.context.platform.files, job.context.list, CListKeeper::Kind::Watch),
           m_stamp(Stamp()) {}
 
-    // Says which list it is, and what comes next.
+    // Prints the list, its number of tasks and the next run.
     void Announce(const char* what) const;
     void Tick();
 
@@ -63,14 +63,14 @@ private:
         return m_context.platform.files.Stamp(m_context.list);
     }
     void Follow();
-    // Until the file has these runs the claim is kept, and no other scheduler of the list launches anything.
+    // While a run is not in the file the claim is kept, so no other scheduler of the list launches anything.
     void SaveUnsavedRuns();
     void Launched(const PassRun& run);
     void ComplainOnce(const std::string& complaint);
-    // Puts back what only this process knows after the list was read again.
+    // After the list was read again: restores the runs that the file does not have.
     void RestoreRuns();
-    // The list file doubles an apostrophe with each save: reading our own save again would double it once
-    // more for each run.
+    // After the list was read again: restores command lines whose apostrophes our own save has doubled, or
+    // each run would double them once more.
     void RestoreApostrophes(const std::map<std::wstring, std::wstring>& commandLines);
 
     const Context& m_context;

@@ -41,7 +41,7 @@ std::string RejectBadCount(const std::string& text) {
                : "'" + text + "' is no whole number from 1 to 100000";
 }
 
-// The parser's messages may span lines; errors are one line here.
+// The parser's messages may have several lines; our errors have one.
 std::string OneLine(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
@@ -88,7 +88,7 @@ private:
 Parser::Parser(std::span<const Subcommand> table, const std::string& version) {
     m_app.footer(kExitCodes);
     m_app.set_version_flag("--version", "scvsched " + version + "\n", "Show the version and end");
-    m_app.require_subcommand(0, 1);  // Parse has better words for a missing one
+    m_app.require_subcommand(0, 1);  // Parse has a better message for a missing one
     m_app.allow_windows_style_options(false);
     m_app.fallthrough();
     m_app.add_option("--list", m_list, "The task list file; without it, the list of the window program");
@@ -198,7 +198,7 @@ void Parser::AddFile(CLI::App& command, const char* text) {
 }
 
 void Parser::Parse(std::vector<std::string> words) {
-    // As other Windows programs have it: /? anywhere, "help", "help COMMAND".
+    // As in other Windows programs: /? anywhere, "help", "help COMMAND".
     std::replace(words.begin(), words.end(), std::string("/?"), std::string("--help"));
     if (!words.empty() && words.front() == "help") {
         words.front() = "--help";
@@ -269,7 +269,7 @@ Arguments Parser::Take(const std::function<std::wstring(const std::wstring&)>& f
     return std::move(m_arguments);
 }
 
-// The parser's own message speaks of its internals; this is the same in a user's words.
+// The parser's messages mention its internals; these are for users.
 std::string InOurWords(const CLI::ParseError& error) {
     std::string what = OneLine(error.what());
     const std::string name = what.substr(0, what.find(':'));

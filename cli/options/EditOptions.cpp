@@ -68,7 +68,7 @@ std::string WrongFile(const std::string& text) {
     return text.empty() ? "a file is missing" : std::string();
 }
 
-// Throws when the text of the option is not as it should be.
+// Adds an option with one argument. The parser rejects the argument when `whatIsWrong` returns a text.
 CLI::Option* AddChecked(CLI::App& command, const std::string& name, std::string& text, const char* help,
                         std::string (*whatIsWrong)(const std::string&)) {
     return command.add_option(name, text, help)
@@ -84,7 +84,7 @@ void RequireOneOf(bool on, bool off, const std::string& name) {
 
 }  // namespace
 
-// The options that begin with "--no-" are not listed: help explains them all in one sentence.
+// Help does not list the options that begin with "--no-"; one sentence explains all of them.
 void CEditOptions::AddTo(CLI::App& command) {
     const struct {
         const char* name;

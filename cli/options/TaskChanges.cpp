@@ -7,7 +7,7 @@
 
 namespace {
 
-// An instant whose local time of day is that minute, on the first day from today on that has it.
+// The instant of this minute of the day on the first date, from today on, on which no clock change skips it.
 std::int64_t InstantAt(int minuteOfDay, std::int64_t now) {
     for (std::int64_t day = 0;; ++day) {
         const LocalTime date = ToLocalTime(now + day * kSecondsPerDay);
@@ -80,7 +80,7 @@ void TaskChanges::ApplyRepeat(CSCVShchedulerTask& task, std::int64_t now) const 
     }
     if (until) {
         Require(task.m_bEnableEvery != 0, "--until goes with a task that repeats --every so often");
-        // Its date does not count, so that one with this time of day stays.
+        // The date does not count, so an until time with this time of day stays unchanged.
         const LocalTime old = ToLocalTime(task.m_tUntilTime);
         if (old.hour * 60 + old.minute != *until) {
             task.m_tUntilTime = InstantAt(*until, now);

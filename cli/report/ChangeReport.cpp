@@ -70,7 +70,7 @@ std::string CChangeReport::Write(const std::wstring& list, std::int64_t now, boo
             text += LaunchAsText(*change.task) + '\n';
             continue;
         }
-        // What the task is now says when it runs; on and off, and what it was, do not.
+        // Changes that make a schedule show it in words; the other ones do not affect it.
         const bool isMade = change.name == kAdded || change.name == kReplaced || change.name == kSet;
         text += Join(before, change.name, "  ", project, isMade ? "  " : "",
                      isMade ? ReportTask(*change.task, now, 0).schedule : std::string(), "\n");

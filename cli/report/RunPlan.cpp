@@ -21,7 +21,7 @@ constexpr int kDays = 7;
 constexpr int kHours = 24;
 constexpr int kMostRunsOfATask = 100'000;  // of one task
 
-// The runs of one task up to `to`, or until `count` are not before `from`.
+// The runs of one task up to `to`, or as many as give `count` runs that are not before `from`.
 std::vector<std::int64_t> RunsUpTo(CSCVShchedulerTask& task, std::int64_t now, std::int64_t from,
                                    std::int64_t to, std::size_t count) {
     for (int tried = 16;; tried = std::min(8 * tried, kMostRunsOfATask)) {
@@ -66,7 +66,7 @@ std::vector<PlannedRun> PlanRuns(const std::vector<CSCVShchedulerTask*>& tasks, 
             unplanned.push_back(task);
         }
     }
-    // Of one time those of the list's order, in which a pass launches them.
+    // Runs at the same time stay in the order of the list, in which a pass launches them.
     std::stable_sort(plan.begin(), plan.end(),
                      [](const PlannedRun& left, const PlannedRun& right) { return left.time < right.time; });
     plan.resize(std::min(plan.size(), count));

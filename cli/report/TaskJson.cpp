@@ -22,7 +22,7 @@ namespace {
 
 using Task = CSCVShchedulerTask;
 
-// An exported list may be imported from any folder.
+// Relative paths are refused, because an exported list may be imported from any folder.
 void RequireFullPath(const std::wstring& path, const std::string& where) {
     const bool hasDrive = path.size() > 2 && path[1] == L':' && (path[2] == L'\\' || path[2] == L'/');
     if (!hasDrive && !path.starts_with(L"\\\\")) {
@@ -144,7 +144,7 @@ void ImportRepeat(const Json& json, const std::string& where, Task& task) {
     }
 }
 
-// The local times are for people: where the list was exported in another zone they are others here.
+// The local times are known keys but are not read: they may come from another time zone.
 CJsonFields FieldsOf(const Json& task, const std::string& where) {
     return {task,
             where,
@@ -174,7 +174,7 @@ Json CommandsAsJson(const Task& task) {
 }
 
 Json ExportTask(const CSCVShchedulerTask& task) {
-    // Only what the list would keep: a switch without its argument, say, is left out by every save.
+    // Only what the list would keep. For instance, every save leaves out a switch without its argument.
     Task kept;
     kept.ParseCommandLine(task.BuildCommandLine());
     Json json;

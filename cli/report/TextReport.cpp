@@ -19,7 +19,7 @@ bool IsLowSurrogate(wchar_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-// Terminal columns of a UTF-16 unit: East Asian characters are two wide, an emoji's two units one each.
+// Terminal columns of a UTF-16 unit: 2 for East Asian characters, 1 for each of the two units of an emoji.
 std::size_t Columns(wchar_t unit) {
     const bool wide = (unit >= 0x1100 && unit <= 0x115F) || (unit >= 0x2E80 && unit <= 0xA4CF) ||
                       (unit >= 0xAC00 && unit <= 0xD7A3) || (unit >= 0xF900 && unit <= 0xFAFF) ||

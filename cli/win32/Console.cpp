@@ -9,7 +9,7 @@
 
 namespace {
 
-// Set by the handler, which runs on a thread of the system's own; lives as long as the process.
+// Set by HandleStop, which runs on a thread of the system. Closed when the process ends.
 HANDLE StopEvent() {
     static const HANDLE event = CreateEventW(nullptr, TRUE, FALSE, nullptr);
     return event;
@@ -24,7 +24,7 @@ BOOL WINAPI HandleStop(DWORD /*signal*/) {
 
 CConsole::CConsole() : m_codePage(GetConsoleOutputCP()) {
     SetConsoleOutputCP(CP_UTF8);
-    // Bytes of UTF-16 are no lines of text, and a Ctrl+Z is no end.
+    // Binary: the input may be UTF-16, where line breaks must not be converted and Ctrl+Z is no end.
     _setmode(_fileno(stdin), _O_BINARY);
 }
 
@@ -40,7 +40,7 @@ std::size_t CConsole::Width() {
     if (GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info) == FALSE) {
         return kUsual;
     }
-    // A line as wide as the window would wrap by itself.
+    // One column less than the window, because a line as wide as the window would wrap.
     const int columns = info.srWindow.Right - info.srWindow.Left;
     return columns > 0 ? static_cast<std::size_t>(columns) : kUsual;
 }

@@ -9,7 +9,7 @@ std::wstring CFailureCommand::Start(const std::wstring& command, const std::wstr
     wchar_t folder[MAX_PATH] = L"";
     GetSystemDirectoryW(folder, MAX_PATH);
     const std::wstring interpreter = std::wstring(folder) + L"\\cmd.exe";
-    // Without /s the interpreter keeps or drops the outer quotes, depending on the text in them.
+    // Without /s cmd.exe keeps or drops the outer quotes depending on the text between them.
     std::wstring line = L"cmd.exe /d /s /c \"" + command + L"\"";
     SetEnvironmentVariableW(L"SCV_PROJECT", project.c_str());
     SetEnvironmentVariableW(L"SCV_RESULT", result.c_str());

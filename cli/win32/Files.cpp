@@ -27,7 +27,7 @@ std::vector<std::wstring> FindFiles(const std::wstring& pattern) {
     for (BOOL isFound = search ? TRUE : FALSE; isFound != FALSE;
          isFound = FindNextFileW(search.Get(), &data)) {
         const bool isFolder = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        // The system compares short names as well: "*.scvpr" finds "a.scvpr_old".
+        // The system also matches short names: "*.scvpr" finds "a.scvpr_old".
         if (!isFolder && NamesProject(GetFileName(pattern), data.cFileName)) {
             files.push_back(folder + data.cFileName);
         }

@@ -31,8 +31,8 @@ std::wstring DefaultList() {
     return folder.empty() ? FullPath(L"SCVScheduler.ini") : folder + L"\\SCVScheduler\\SCVScheduler.ini";
 }
 
-// Makes the folder of that list and moves an older list there, as the window program does at its start. An
-// edit that made a new list instead would hide the older one.
+// Creates the folder of the default list and moves a list of an earlier version there, as the window program
+// does at its start. Otherwise an edit would create a new list and so hide the old one.
 void SettleDefaultList(IFileSystem& files) {
     (void)SettleTaskListPath(
         {GetFolderPath(GetModulePath()) + L"SCVScheduler.HLP", GetKnownFolder(CSIDL_APPDATA),

@@ -92,7 +92,7 @@ void CResizingDialog::ArrangeControls() {
             InvalidateRect(record.hWnd, nullptr, FALSE);
         }
     }
-    // The system moves a control's pixels with it, including those that another control has drawn over it.
+    // When a control moves, the system also moves the pixels that another control has drawn over it.
     for (HWND control : moved) {
         RedrawWindow(control, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     }
@@ -111,8 +111,8 @@ void CResizingDialog::RestoreWindowPlacement(const wchar_t* section, const RECT*
         return;
     }
     if (IsZoomed(m_hWnd)) {
-        // Hidden while maximised. A new place would give it its normal size while Windows still takes it for
-        // maximised.
+        // It was hidden while maximised. A new place would give it its normal size, although Windows still
+        // counts it as maximised.
         SetWindowPos(m_hWnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
         return;
     }
@@ -142,7 +142,7 @@ void CResizingDialog::SaveWindowPlacement(const wchar_t* section) const {
 
 BOOL CResizingDialog::OnInitDialog() {
     CDialog::OnInitDialog();
-    // Without WM_WINDOWPOSCHANGING: there the system would limit the size to the screen's.
+    // Without WM_WINDOWPOSCHANGING, in which the system would limit the size to that of the screen.
     const SIZE window = WindowSize(TemplateClientSize());
     SetWindowPos(m_hWnd, nullptr, 0, 0, window.cx, window.cy,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOSENDCHANGING);
@@ -181,7 +181,7 @@ void CResizingDialog::ExcludeControls(HDC dc) const {
 }
 
 LRESULT CResizingDialog::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    // A control that asks for the background behind itself passes a device context of its own.
+    // When a control requests the background behind itself, the device context is the control's.
     HDC const dc = reinterpret_cast<HDC>(wParam);
     if (message == WM_ERASEBKGND && WindowFromDC(dc) == m_hWnd) {
         const int state = SaveDC(dc);

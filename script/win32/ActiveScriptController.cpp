@@ -76,7 +76,7 @@ int CActiveScriptController::Run(const std::wstring& functionName, const CString
         return 0;
     }
     std::vector<CBstr> texts;
-    std::vector<VARIANT> parameters;  // the last argument comes first; the texts stay with `texts`
+    std::vector<VARIANT> parameters;  // the last argument comes first; `texts` owns the texts
     for (std::ptrdiff_t i = arguments != nullptr ? arguments->GetSize() : 0; i-- > 0;) {
         VARIANT& parameter = parameters.emplace_back();
         parameter.vt = VT_BSTR;

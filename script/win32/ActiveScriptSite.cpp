@@ -56,7 +56,7 @@ ULONG CActiveScriptSite::Release() {
 
 HRESULT CActiveScriptSite::GetLCID(LCID* locale) {
     if (locale != nullptr) {
-        *locale = LOCALE_NEUTRAL;  // none in particular; engines do not initialise what they pass here
+        *locale = LOCALE_NEUTRAL;  // has to be set: engines pass an uninitialised variable
     }
     return S_OK;
 }
@@ -79,7 +79,7 @@ HRESULT CActiveScriptSite::GetDocVersionString(BSTR* version) {
 }
 
 HRESULT CActiveScriptSite::OnScriptError(IActiveScriptError* error) {
-    // The caller is the engine, which no exception may pass.
+    // The caller is the engine. No exception may reach it.
     AfxRunGuarded([&] {
         m_error = {};
         if (error != nullptr) {

@@ -17,8 +17,8 @@ std::wstring CComError::Description() const {
 std::pair<std::wstring, std::wstring> ReportedFailure(IUnknown& object, REFIID interfaceId) {
     CBstr source;
     CBstr description;
-    // The thread's error may be another object's. An object that supports errors for this interface has set
-    // its own.
+    // The thread's error information may come from another object, unless this object supports error
+    // information for the interface.
     CComReference<ISupportErrorInfo> support;
     CComReference<IErrorInfo> error;
     if (object.QueryInterface(IID_PPV_ARGS(support.Put())) == S_OK &&

@@ -18,7 +18,7 @@ void ShowError(const std::wstring& text) {
     AfxMessageBox(text, MB_OK | MB_ICONERROR);
 }
 
-// Runs an operation. Shows its failure to the user and then returns 0.
+// Runs an operation and returns its success flag. Shows a failure to the user.
 template <class Operation>
 int ShowFailure(Operation&& operation) {
     try {
@@ -150,8 +150,8 @@ HRESULT CMSScriptController::Check(HRESULT result) {
     }
     auto [source, description] = ReportedFailure(*m_control.Get(), __uuidof(IScriptControl));
     LastError last;
-    // Wine's control reports nothing for a call. Its error object then has the texts, if its number is that
-    // of this call and not of an earlier one.
+    // Wine's control sets no error information for a call. The texts are then in its error object, if that
+    // has the number of this failure and not that of an earlier one.
     if (description.empty() && ReadLastError(last) == S_OK && last.number == result) {
         source = std::move(last.info.source);
         description = std::move(last.info.description);

@@ -25,7 +25,7 @@ std::wstring ReadText(const wchar_t* name) {
 
 std::wstring CResourceScriptTexts::GetTemplate(std::int32_t number) const {
     std::array<wchar_t, 256> name{};
-    // The system would take a number of more than 16 bits for another one.
+    // The system uses only 16 bits of the number.
     if (number < 0 || number > 0xFFFF ||
         LoadStringW(GetModuleHandleW(nullptr), static_cast<UINT>(number), name.data(),
                     static_cast<int>(name.size())) == 0) {

@@ -16,10 +16,10 @@
 namespace {
 
 constexpr wchar_t kSection[] = L"CScriptDlg";
-// Of the default place, from the screen's edges in pixels.
+// Distance of the default place from the edges of the screen, in pixels.
 constexpr int kScreenMargin = 100;
 
-// A template of each language that is nothing but a main function.
+// For each language the template that is only a main function.
 constexpr std::int32_t kMainFunctions[] = {62001, 61318};
 
 constexpr struct {
@@ -49,15 +49,15 @@ bool IsDown(int key) {
     return GetKeyState(key) < 0;
 }
 
-// What can move the caret without changing the text.
+// Messages that can move the caret without changing the text.
 bool MayMoveCaret(const MSG& message) {
     return message.message == WM_KEYDOWN || message.message == WM_LBUTTONDOWN ||
            message.message == WM_LBUTTONDBLCLK ||
            (message.message == WM_MOUSEMOVE && (message.wParam & MK_LBUTTON) != 0);
 }
 
-// A box that is reached by Tab or its mnemonic has all its text selected, and the next key would replace the
-// script: this one keeps its selection.
+// An edit control that gets the focus by Tab or its mnemonic selects all its text, and the next key would
+// replace the script. This subclass keeps the selection as it is.
 LRESULT CALLBACK KeepSelection(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                DWORD_PTR) {
     if (message == WM_NCDESTROY) {
@@ -123,7 +123,7 @@ BOOL CScriptDlg::OnInitDialog() {
     return TRUE;
 }
 
-// A little larger than the dialog's own font, as the letters of a fixed pitch look smaller.
+// A little larger than the dialog's own font, because letters of a fixed pitch look smaller.
 void CScriptDlg::SetScriptFont() {
     LOGFONTW font{};
     GetObjectW(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)), sizeof(font), &font);
@@ -133,7 +133,7 @@ void CScriptDlg::SetScriptFont() {
     wcscpy(font.lfFaceName, L"Consolas");
     m_font = CFontHandle(CreateFontIndirectW(&font));
     m_script.SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.Get()));
-    // Four characters, in quarters of one.
+    // Four characters, in units of a quarter of a character.
     constexpr UINT tabStop = 16;
     m_script.SendMessage(EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&tabStop));
 }
@@ -195,7 +195,7 @@ void CScriptDlg::FillLists() {
     UpdateButtons();
 }
 
-// "Add To Script..." is, on purpose, always enabled, and does nothing while no template is selected.
+// "Add To Script..." is always enabled on purpose; without a selected template it does nothing.
 void CScriptDlg::UpdateButtons() {
     CWnd(GetDlgItem(IDC_SCRIPT_INSERT)).EnableWindow(m_functions.GetCurSel() >= 0);
     CWnd(GetDlgItem(IDC_SCRIPT_NEW_FROM_TEMPLATE)).EnableWindow(m_templates.GetCurSel() >= 0);
@@ -230,7 +230,7 @@ bool CScriptDlg::OnKey(const MSG& message) {
     }
 }
 
-// With Shift the key leaves the script, or a keyboard alone could not.
+// With Shift the key leaves the script, so that this is possible with the keyboard alone.
 bool CScriptDlg::OnTab(HWND focus) const {
     if (focus != m_script.m_hWnd || IsDown(VK_SHIFT) || IsDown(VK_CONTROL)) {
         return false;
@@ -278,14 +278,14 @@ void CScriptDlg::OnScriptChange() {
     UpdateCaret();
 }
 
-// With a selection the line is the caret's, the column that of the selection's end.
+// With a selection the line is that of the caret, the column that of the selection's end.
 void CScriptDlg::UpdateCaret() {
     const DWORD end = m_script.GetSel().second;
     SetDlgItemText(IDC_SCRIPT_CARET,
                    CaretText(CaretLine(end) + 1, CaretColumn(m_script.GetWindowText(), std::int64_t{end})));
 }
 
-// From 0. The thread's caret is elsewhere while the script has no focus, and can be scrolled out of sight.
+// Counted from 0. The caret's position is used only while the script has the focus and the caret is visible.
 LRESULT CScriptDlg::CaretLine(DWORD selectionEnd) const {
     constexpr LRESULT outside = 0xFFFF;
     POINT caret{};
@@ -298,7 +298,7 @@ LRESULT CScriptDlg::CaretLine(DWORD selectionEnd) const {
     return m_script.SendMessage(EM_LINEFROMCHAR, selectionEnd);
 }
 
-// After Yes the script may be replaced even when the user cancels the saving.
+// After Yes the script may be replaced even when the user cancels saving it.
 bool CScriptDlg::MayReplaceScript() {
     if (m_bModified) {
         switch (AskToKeepChanges()) {
@@ -376,8 +376,8 @@ void CScriptDlg::OnInsert() {
     UpdateCaret();
 }
 
-// A controller returns 0 for a failure, and only less than 0 counts as one here, on purpose. So whenever
-// there is an engine, the box says that the script parsed, and OK accepts it, even after its error was shown.
+// Controllers return 0 for a failure, but here only less than 0 counts as one, on purpose. So if there is an
+// engine, the box reports success and OK accepts the script, even after its error was shown.
 bool CScriptDlg::Parse(bool reportsSuccess) {
     const std::unique_ptr<IScriptController> controller = CreateController();
     if (controller == nullptr) {
@@ -438,7 +438,7 @@ void CScriptDlg::OnOK() {
     const DWORD caret = m_script.GetSel().second;
     if (Parse(false)) {
         CResizingDialog::OnOK();
-        // A refused text is selected, and the next key would replace the script.
+        // Fail has selected the whole text, and the next key would replace the script.
         if (IsWindow(m_script.m_hWnd) != FALSE) {
             m_script.SetSel(caret, caret);
         }

@@ -53,7 +53,7 @@ BOOL CScriptFunctionDlg::OnInitDialog() {
     for (const stOfferedTemplate& offered : OfferedTemplates(m_generator, m_strLanguage)) {
         m_functions.SetItemData(m_functions.AddString(offered.name), offered.number);
     }
-    // Sorting may have moved it.
+    // Search it by its number, because the list is sorted by name.
     for (int index = 0; index < m_functions.GetCount(); ++index) {
         if (m_functions.GetItemData(index) == m_record->number) {
             m_functions.SetCurSel(index);

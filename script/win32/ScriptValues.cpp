@@ -5,7 +5,7 @@
 
 namespace {
 
-// Access to the elements of an array of VARIANTs, which cannot change meanwhile.
+// Access to the elements of an array of VARIANTs. The array is locked meanwhile.
 class CArrayElements {
 public:
     explicit CArrayElements(SAFEARRAY* array) : m_array(array) {

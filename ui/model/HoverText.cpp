@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kRuns = 5;
 
-// The schedule's lines; empty when its times cannot be computed, which a finding then reports.
+// The lines of the schedule; empty when its times cannot be computed, which is then one of the findings.
 std::string ScheduleLines(const CSCVShchedulerTask& task, std::int64_t now) {
     try {
         std::string lines = "\r\nSchedule: " + ScheduleInWords(task, now);

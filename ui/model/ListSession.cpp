@@ -10,7 +10,7 @@
 
 namespace {
 
-// Sets a flag for as long as it lives.
+// Sets a flag during its lifetime.
 class CFlagGuard {
 public:
     explicit CFlagGuard(bool& flag) noexcept : m_flag(flag) { flag = true; }
@@ -28,7 +28,7 @@ CSCVShchedulerTaskArray CopyOf(const CSCVShchedulerTaskArray& tasks) {
     return copy;
 }
 
-// Adds what `tasks` does not list yet, with its settings.
+// Adds copies of the tasks in `added` whose projects `tasks` does not list yet.
 void Join(CSCVShchedulerTaskArray& tasks, const CSCVShchedulerTaskArray& added) {
     CProjectSet listed(tasks);
     for (std::ptrdiff_t i = 0; i < added.GetSize(); ++i) {
@@ -81,7 +81,7 @@ void CListSession::Discard() {
     if (!m_bSavePending) {
         Read(m_platform.files, false);
     }
-    // A list that is missing leaves the tasks as they are, edits included.
+    // When the list is missing, no reading is pending: the tasks stay as they are, edits included.
     if (m_beforeEditing && (m_bSavePending || m_bReadPending)) {
         m_tasks = std::move(*m_beforeEditing);
         m_passRecord.ApplyTo(m_tasks);
@@ -94,13 +94,13 @@ void CListSession::Close(IFileSystem& files) {
 }
 
 bool CListSession::OnTick(bool mayReplaceTasks) {
-    // Another window had it, and may have ended since.
+    // At Load another window may have kept the list, and it may have ended since.
     (void)m_keeper.TryKeep();
     return !m_bLaunching && m_retry.IsTryDue() && TryPending(m_platform.files, mayReplaceTasks);
 }
 
-// Reads the list, saves it or saves single runs, whichever is pending. While there are edits that were not
-// yet accepted, a list that was read before is neither read again nor saved.
+// Reads the list, saves it or saves single runs, whichever is pending. While the user edits, a list that was
+// read before is neither read again nor saved.
 bool CListSession::TryPending(IFileSystem& files, bool mayReplaceTasks) {
     bool isReplaced = false;
     if (m_bReadPending && mayReplaceTasks && !m_bLaunching && !(m_bWasRead && m_beforeEditing)) {
@@ -111,16 +111,16 @@ bool CListSession::TryPending(IFileSystem& files, bool mayReplaceTasks) {
     }
     m_tasks.SaveUnsavedRuns(files);
     if (!m_bLaunching && !m_tasks.HasUnsavedRun()) {
-        // The pass kept the claim because other schedulers could not see its runs in the file.
+        // A pass may have kept the claim because its runs were not in the file.
         m_claim.Release();
     }
     m_bReadPending || m_bSavePending || m_tasks.HasUnsavedRun() ? m_retry.OnFailure() : m_retry.OnSuccess();
     return isReplaced;
 }
 
-// Returns true when the tasks of the file have replaced those in memory; with `joins` the projects that were
-// added before are added to them. Reads into a second array, because an array whose reading failed refuses to
-// save.
+// Returns true when the tasks of the file have replaced those in memory. With `joins`, projects of the memory
+// that the file does not list are added. Reads into a second array, because an array that failed to read the
+// file refuses to save it.
 bool CListSession::Read(IFileSystem& files, bool joins) {
     CSCVShchedulerTaskArray read;
     FileResult result = read.TryLoad(files, m_strFile);

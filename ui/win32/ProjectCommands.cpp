@@ -33,8 +33,8 @@ std::vector<std::wstring> QueryPaths(HDROP drop) {
     return paths;
 }
 
-// As QueryPaths, for a drop of Unicode paths in that many bytes. DragQueryFileW looks for each path from the
-// first one on, so that 10,000 of them take it seconds.
+// As QueryPaths, for a drop of Unicode paths that has this many bytes. DragQueryFileW searches each path from
+// the first one on and takes seconds for 10,000 paths.
 std::vector<std::wstring> ReadPaths(const DROPFILES& drop, std::size_t bytes) {
     std::vector<std::wstring> paths;
     const auto* const begin = reinterpret_cast<const std::byte*>(&drop);
@@ -48,8 +48,8 @@ std::vector<std::wstring> ReadPaths(const DROPFILES& drop, std::size_t bytes) {
     return paths;
 }
 
-// The dropped files that are projects, in the order of the drop, which is released. Paths of 260 characters
-// and more are cut, as the system's own buffers are, and so hardly ever count as projects.
+// The dropped files that are projects, in the order of the drop. Releases the drop. Paths of 260 characters
+// or more are cut, so they hardly ever count as projects.
 std::vector<std::wstring> TakeDroppedProjects(HDROP drop) {
     struct Release {
         void operator()(HDROP taken) const noexcept { DragFinish(taken); }
@@ -166,8 +166,8 @@ void CProjectCommands::OnDeleteProject() {
     } else {
         m_editor.UpdateStates();
     }
-    // Between the deletion and the new selection the button was disabled and lost the focus to the editor,
-    // where the next key would change the next project.
+    // Without a selection the button was disabled for a moment and lost the focus to the editor, where the
+    // next key would change the project that is now selected.
     if (GetFocus() != focus && IsChild(m_dialog.m_hWnd, focus) && ::IsWindowEnabled(focus)) {
         m_dialog.SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(focus), TRUE);
     }
@@ -193,7 +193,7 @@ void CProjectCommands::OnRunAtStartup() {
 }
 
 void CProjectCommands::OnBrowseProgram() {
-    // The save form on purpose. It only returns a path and writes nothing.
+    // The save dialog, on purpose. It only returns a path and writes nothing.
     CFileDialog dialog(false, kProgramExtension, {}, OFN_HIDEREADONLY, kProgramFilter, &m_dialog);
     dialog.SetInitialFolder(GetFolderPath(m_dialog.GetDlgItemText(IDC_PROGRAM_PATH)));
     if (dialog.DoModal() == IDOK) {

@@ -20,8 +20,8 @@ int CALLBACK CompareRows(LPARAM left, LPARAM right, LPARAM order) {
         reinterpret_cast<const CSCVShchedulerTask*>(right));
 }
 
-// The marks of a sorted column, half as wide as a small icon: ascending, then descending. Without an icon, or
-// without room for them, there are none, and the headers show text only.
+// The sort marks of a column header, half as wide as a small icon: ascending, then descending. Empty when an
+// icon cannot be loaded; the headers then show text only.
 CImageListHandle LoadSortMarks() {
     const int size = GetSystemMetrics(SM_CXSMICON) / 2;
     CImageListHandle list(ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 2, 0));
@@ -100,7 +100,7 @@ void CProjectList::Fill() {
             cell.pszText = LPSTR_TEXTCALLBACKW;
             SendMessage(LVM_SETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&cell));
         }
-        // Not in the insertion: there a list view with check boxes sets the check mark itself.
+        // Not on insertion: a list view with check boxes then sets the check mark itself.
         if (task->m_bEnable != 0) {
             SetItemState(row, kChecked, LVIS_STATEIMAGEMASK);
         }
@@ -242,7 +242,7 @@ LRESULT CProjectList::OnCustomDraw(NMLVCUSTOMDRAW& draw, const std::wstring& not
         case CDDS_ITEMPREPAINT: {
             const auto* task = reinterpret_cast<const CSCVShchedulerTask*>(draw.nmcd.lItemlParam);
             if (task != nullptr && IsFailure(task->m_strLastRunResult)) {
-                // Not for a selected row: the list view draws it in the selection's colours.
+                // The list view ignores this for a selected row, which it draws in the selection's colours.
                 draw.clrText =
                     FailureColour(IsHighContrast(), GetSysColor(COLOR_HOTLIGHT), GetSysColor(COLOR_WINDOW));
             }
@@ -256,7 +256,7 @@ LRESULT CProjectList::OnCustomDraw(NMLVCUSTOMDRAW& draw, const std::wstring& not
     }
 }
 
-// In the first row's place, indented as its text is.
+// At the place of the first row, indented like its text.
 void CProjectList::DrawNotice(HDC context, const std::wstring& notice) const {
     RECT place = GetClientRect();
     place.top = CWnd(Header()).GetClientRect().bottom + 2 * GetSystemMetrics(SM_CYEDGE);
@@ -279,7 +279,7 @@ void CProjectList::OnItemChanged(const NMLISTVIEW& change) const {
     if (task == nullptr) {
         return;
     }
-    // A file may hold a value other than 0 and 1. It stays unless the box changes it.
+    // A value other than 0 and 1 from the file stays unless the user changes the box.
     if (checks != (task->m_bEnable != 0)) {
         task->m_bEnable = checks ? 1 : 0;
     }

@@ -12,7 +12,7 @@ bool ChangesRows(UINT message) {
     return (message >= WM_KEYFIRST && message <= WM_KEYLAST) || message == WM_MOUSEWHEEL;
 }
 
-// The tooltip control would take an ampersand for a mnemonic.
+// Doubles ampersands, because the tooltip control treats a single one as the mark of a mnemonic.
 std::wstring WithoutMnemonics(const std::wstring& text) {
     std::wstring result;
     for (const wchar_t character : text) {
@@ -34,7 +34,7 @@ void CRowTip::Follow(const MSG& message) {
     if (row == m_row) {
         return;
     }
-    // A tool for each row: the control shows no tooltip a second time while the mouse is on the same tool.
+    // A new tool for each row: while the mouse stays on one tool, the control shows its tooltip only once.
     Hide();
     if (row >= 0 && m_toolTip.AddTool(m_list.m_hWnd)) {
         m_row = row;

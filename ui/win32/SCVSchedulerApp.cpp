@@ -20,7 +20,7 @@ bool HandOver(std::wstring project) {
     }
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);
-    // The user started this process, so only it may let the other one come to the foreground.
+    // The user started this process, so only it may allow the other one to come to the foreground.
     AllowSetForegroundWindow(process);
     COPYDATASTRUCT data{};
     data.dwData = kHandOverTag;

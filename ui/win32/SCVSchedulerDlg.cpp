@@ -160,8 +160,8 @@ void CSCVSchedulerDlg::RegisterControls() {
     }
 }
 
-// Opens wide enough for the list's columns up to the next run, and as low as the smallest window allows: the
-// template has room below the editor only to keep the controls apart in the smallest window.
+// Opens wide enough for the list's columns up to the next run, and with the smallest height: the template is
+// higher only to keep the controls apart in the smallest window.
 void CSCVSchedulerDlg::SetOpeningSize() {
     const RECT list = m_list.GetWindowRect();
     const LONG missing = m_list.WidthFor(kNextRunTimeColumn) - (list.right - list.left);
@@ -172,7 +172,7 @@ BOOL CSCVSchedulerDlg::PreTranslateMessage(MSG* message) {
     m_rowTip.Follow(*message);
     m_toolTip.RelayEvent(message);
     const bool isKey = message->message >= WM_KEYFIRST && message->message <= WM_KEYLAST;
-    // A hidden window can still have the keyboard, after the tray's menu for instance.
+    // A hidden window can have the focus, for instance after the tray menu.
     if (isKey && !IsWindowVisible() && (message->hwnd == m_hWnd || IsChild(m_hWnd, message->hwnd))) {
         return TRUE;
     }
@@ -332,7 +332,7 @@ BOOL CSCVSchedulerDlg::ShowAndSelectProject(int showCommand, const std::wstring&
 }
 
 void CSCVSchedulerDlg::OnShowWindow(bool show) {
-    // Restoring shows the window and may maximise it, which calls this function again.
+    // RestoreWindowPlacement shows the window and may maximise it, which calls this function again.
     if (!show || m_bRestoring || !m_bReady) {
         return;
     }
@@ -377,14 +377,14 @@ void CSCVSchedulerDlg::OnCancel() {
 }
 
 void CSCVSchedulerDlg::OnExit() {
-    // The task that is being launched is in use.
+    // The pass still uses the task that it launches. OnLaunchEnded exits afterwards.
     if (m_session.IsLaunching()) {
         m_session.EndPass();
         m_bExits = true;
         return;
     }
     m_bReady = false;
-    // The last save may wait for the file: hide the window, which does not respond meanwhile.
+    // The last save may wait for the file. The window does not respond meanwhile, so hide it.
     ShowWindow(SW_HIDE);
     m_session.Close(m_closingFiles);
     DestroyWindow();
@@ -396,7 +396,7 @@ void CSCVSchedulerDlg::OnLaunchEnded() {
     }
 }
 
-// The system ends the process after this, also in the middle of a launch.
+// The system ends the process after this function, even in the middle of a launch.
 void CSCVSchedulerDlg::OnEndSession() {
     m_session.EndPass();
     m_session.Close(m_closingFiles);
@@ -408,7 +408,7 @@ void CSCVSchedulerDlg::OnTimer() {
         return;
     }
     const bool hadNotice = !m_session.Notice().empty();
-    // Not while a modal dialog is open: reading would remove the tasks that it is about.
+    // While a modal dialog is open the list is not read: that would delete the tasks that the dialog uses.
     if (m_session.OnTick(IsWindowEnabled() != FALSE)) {
         ShowTasksAnew();
     } else if (hadNotice && m_session.Notice().empty()) {
@@ -438,15 +438,15 @@ void CSCVSchedulerDlg::OnTrayMessage(UINT mouseMessage) {
         POINT point{};
         GetCursorPos(&point);
         const HWND foregroundBefore = GetForegroundWindow();
-        // When the user clicks elsewhere, the system closes the menu only if its window is in the foreground.
+        // Only a menu of the foreground window closes when the user clicks elsewhere.
         SetForegroundWindow();
         ShowPopupMenu(IDR_TRAY_MENU, point.x, point.y, m_hWnd, 0);
-        // Arrives after the command that the menu may have posted.
+        // Posted, so that it arrives after the command that the menu may have posted.
         PostMessage(kTrayMenuClosed, 0, reinterpret_cast<LPARAM>(foregroundBefore));
     }
 }
 
-// A hidden window would keep the keyboard.
+// Otherwise the hidden window would keep the focus.
 void CSCVSchedulerDlg::OnTrayMenuClosed(HWND foregroundBefore) {
     if (!IsWindowVisible() && GetForegroundWindow() == m_hWnd) {
         ::SetForegroundWindow(foregroundBefore);

@@ -37,7 +37,7 @@ LocalTime FromPicker(const SYSTEMTIME& time) {
     return {time.wYear, time.wMonth, time.wDay, time.wDayOfWeek, time.wHour, time.wMinute, time.wSecond};
 }
 
-// The notification by which a control says that its user has changed it.
+// The notification that a control sends when the user has changed it.
 UINT ChangeCode(int id) {
     const bool isText =
         id == IDC_EVERY_VALUE || std::any_of(std::begin(kTextControls), std::end(kTextControls),
@@ -77,8 +77,8 @@ void CTaskEditor::DoDataExchange(CDataExchange* exchange) {
     DDX_Text(exchange, IDC_EVERY_VALUE, m_members.m_nEveryValue);
     DDX_CBIndex(exchange, IDC_EVERY_UNIT, m_members.m_nEveryUnit);
     if (!exchange->m_bSaveAndValidate) {
-        // Not read here: only a picker's change notification says whether the user changed the date or the
-        // time.
+        // The pickers are not read here. Their change notifications show which of date and time the user has
+        // changed; see OnNotify.
         ShowTimes(exchange);
     }
 }
@@ -169,7 +169,7 @@ bool CTaskEditor::OnButton(int id) {
 
 void CTaskEditor::EditScript() {
     const std::wstring path = m_dialog.GetDlgItemText(IDC_SCRIPT_FILE);
-    // Called before and after the script editor: the file may be deleted or made while the editor is open.
+    // Called before and after the script editor: the file may be deleted or created while the editor is open.
     const auto hasFile = [&] { return !path.empty() && FileExists(path) != 0; };
     const std::wstring script = hasFile() ? ReadTextFile(path) : std::wstring();
     // Exit is still possible while a box or the editor is open.

@@ -12,7 +12,7 @@ namespace {
 
 NOTIFYICONDATAW IconRecord(HWND owner) {
     NOTIFYICONDATAW record{};
-    // Without the fields of later versions, which are not used.
+    // The size without the fields of later versions, which are not used.
     record.cbSize = NOTIFYICONDATAW_V2_SIZE;
     record.hWnd = owner;
     record.uID = 103;

@@ -7,7 +7,7 @@
 
 namespace {
 
-// Empty also for a value that does not fit.
+// Empty also for a value that does not fit into the buffer.
 std::wstring EnvironmentValue(const std::wstring& name) {
     wchar_t buffer[260];
     const DWORD length = GetEnvironmentVariableW(name.c_str(), buffer, std::size(buffer));

@@ -24,7 +24,7 @@ std::size_t Converted(int length) {
 }  // namespace
 
 std::wstring DecodeCodePage(UINT codePage, std::string_view bytes) {
-    std::wstring text(bytes.size(), L'\0');  // no code page makes more units than it has bytes
+    std::wstring text(bytes.size(), L'\0');  // no code page decodes to more units than bytes
     if (!bytes.empty()) {
         text.resize(Converted(MultiByteToWideChar(codePage, 0, bytes.data(), Length(bytes.size()),
                                                   text.data(), Length(text.size()))));

@@ -25,7 +25,7 @@ bool IsRemotePath(std::wstring_view path) {
         return false;
     }
     if (isSlash(0) && isSlash(1)) {
-        // Such as \\?\C:\a.scvpr, \\?\UNC\server\share, and else \\server\share.
+        // Forms: \\?\C:\a.scvpr, \\?\UNC\server\share and \\server\share.
         const bool isDevice = path.size() > 3 && (path[2] == L'?' || path[2] == L'.') && isSlash(3);
         return !isDevice || EqualNoCase(path.substr(4, 3), L"UNC") || IsRemotePath(path.substr(4));
     }

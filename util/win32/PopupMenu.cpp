@@ -20,12 +20,12 @@ BOOL ShowPopupMenu(WORD menuId, int x, int y, HWND owner, UINT defaultPosition) 
         return FALSE;
     }
     SetMenuDefaultItem(menu.Get(), defaultPosition, TRUE);
-    // A menu resource is a menu bar, and only a bar's sub-menu can pop up: hang it into a bar of its own.
+    // A menu resource is a menu bar, but only a submenu of a bar can pop up. So add it to another bar.
     if (!AppendMenuW(wrapper.Get(), MF_POPUP, reinterpret_cast<UINT_PTR>(menu.Get()), L"")) {
         return FALSE;
     }
     TrackPopupMenu(GetSubMenu(wrapper.Get(), 0), TPM_RIGHTBUTTON | TPM_LEFTALIGN, x, y, 0, owner, nullptr);
-    // Taken out again, so that each of the two menus is destroyed once.
+    // Remove it again, so that each of the two menus is destroyed once.
     RemoveMenu(wrapper.Get(), 0, MF_BYPOSITION);
     return menu.Close() ? TRUE : FALSE;
 }
