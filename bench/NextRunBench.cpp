@@ -18,9 +18,8 @@
 #include "tests/support/FakeShell.h"
 #include "tests/support/TaskRules.h"
 
-// Compares the time for a next run with that of the local-time conversions which it needs, checks that it
-// makes no others, and compares a pass with the time between two ticks. Ratios are of one run; the exit code
-// is 1 when a bound is missed.
+// Compares the time for a next run with the time for the local-time conversions that it needs, checks that it
+// makes no others, and compares a pass with the time between two ticks. Exit code 1 when a bound is missed.
 
 // The linker redirects the conversions to these functions (--wrap), so that the counted code is the code that
 // ships. NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables, bugprone-reserved-identifier): for
@@ -59,7 +58,7 @@ struct Path {
     int localTimes, instants;  // the conversions it needs
 };
 
-// Seen from 8 June 2026 (a Monday) 10:00; none is due then.
+// `now` is Monday, 8 June 2026, 10:00; none of these is due then.
 std::vector<Path> Paths() {
     const std::int64_t start = June(1, 9);
     const std::int64_t last = June(8, 9);
@@ -144,7 +143,7 @@ bool JudgeAll() {
         areMet &= isExact;
         double computed = 1e9;
         double bare = 1e9;
-        for (int round = 0; round < 15; ++round) {  // in turn, so that both see the same machine
+        for (int round = 0; round < 15; ++round) {  // in turn, so that both run at the same speed
             computed = std::min(computed, Milliseconds([&] {
                                     for (int i = 0; i < kRepeats; ++i) {
                                         benchmark::DoNotOptimize(task.GetNextRunTime(now));
@@ -192,7 +191,7 @@ bool JudgeAll() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A zone with clock changes; and without the variable glibc looks at its zone file in every mktime.
+    // A zone with clock changes. Without this variable glibc would check its zone file in every conversion.
     setenv("TZ", "Europe/Berlin", 1);
     RefreshTimeZone();
     const std::vector<Path> paths = Paths();

@@ -27,8 +27,8 @@
 
 #include "core/list/PrivateProfile.h"
 
-// Compares the private-profile text with SimpleIni on the same files of tasks, and with its own bounds.
-// Ratios compare the quickest repetition of each inside one run. The exit code is 1 when a bound is missed.
+// Compares CPrivateProfile with SimpleIni on the same files of tasks, and with bounds. Each ratio compares
+// the fastest repetitions of one run. Exit code 1 when a bound is missed.
 
 // NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables, cppcoreguidelines-no-malloc): counts memory
 namespace {
@@ -123,7 +123,7 @@ std::string ReadFile(const std::string& path) {
     return bytes;
 }
 
-// Writes and flushes a new file, then replaces the old file by it in one step.
+// Writes and flushes a new file, then replaces the old file by it atomically.
 void ReplaceFile(const std::string& path, const std::string& bytes) {
     const std::string temporary = path + ".new";
     const int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
@@ -224,7 +224,7 @@ void SaveSimpleIni(benchmark::State& state) {
     }
 }
 
-// As the program does on OK: sets every key of every task, each to a new value.
+// Sets every key of every task to a new value, as OK does.
 void WriteAllEngine(benchmark::State& state) {
     const int tasks = static_cast<int>(state.range(0));
     std::vector<CPrivateProfile::Entry> entries;
@@ -278,7 +278,7 @@ BENCHMARK(WriteAllEngine)
     ->Unit(benchmark::kMillisecond)
     ->Repetitions(5);
 
-// Time of the quickest repetition by the benchmark's name: processor time where nothing waits for the disk.
+// The time of the fastest repetition by the benchmark's name: processor time unless it waits for the disk.
 class CQuickest : public benchmark::ConsoleReporter {
 public:
     void ReportRuns(const std::vector<Run>& runs) override {
@@ -346,8 +346,8 @@ std::string ManyShortNames() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // malloc keeps large blocks for the next round, as it keeps small ones. Otherwise the kernel would clear
-    // pages again in each round with 100,000 tasks but not with 10,000.
+    // Makes malloc keep large blocks for the next round, as it keeps small ones. Otherwise the kernel would
+    // clear pages again in each round with 100,000 tasks, but not with 10,000.
     mallopt(M_MMAP_MAX, 0);
     mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     benchmark::Initialize(&argc, argv);

@@ -9,8 +9,8 @@
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "tests/support/FakeFileSystem.h"
 
-// Processor time for saving a list of 100,000 tasks into files in memory. The exit code is 1 when a bound is
-// missed.
+// Measures the processor time for saving a list of 100,000 tasks to files in memory. Exit code 1 when a bound
+// is missed.
 
 namespace {
 
@@ -18,7 +18,7 @@ constexpr int kTasks = 100'000;
 constexpr double kBound = 150;  // ms
 const std::wstring kList = L"C:\\list.ini";
 
-// Time of the quickest save; each one follows a change of the tasks.
+// The time of the fastest save. Before each save `change` changes the tasks.
 template <typename Change>
 double SaveMilliseconds(CFakeFileSystem& files, CSCVShchedulerTaskArray& tasks, Change change) {
     double best = 1e9;
@@ -37,7 +37,7 @@ double SaveMilliseconds(CFakeFileSystem& files, CSCVShchedulerTaskArray& tasks, 
 }  // namespace
 
 int main() {
-    // As in PrivateProfileBench: a disk's file would not be charged for pages that the kernel clears anew.
+    // As in PrivateProfileBench: a file on a disk would not cost the time in which the kernel clears pages.
     mallopt(M_MMAP_MAX, 0);
     mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
     CFakeFileSystem files;

@@ -1,6 +1,5 @@
-// Compares the time for a next run with systemd's timers and croniter, which are widely used for schedules.
-// All compute the same runs, Monday and Thursday at 9, each from the one before, and must agree on the last
-// one.
+// Compares the time for a next run with systemd's timers and croniter, which are widely used. All compute the
+// same runs, Monday and Thursday at 9, each from the one before, and must find the same last run.
 #include <sys/resource.h>
 
 #include <array>
@@ -18,7 +17,7 @@
 
 namespace {
 
-constexpr int kRuns = 10'000;  // systemd's calendar ends with the year 2199
+constexpr int kRuns = 10'000;  // up to 2122; systemd's calendar ends with the year 2199
 
 double ProcessorSeconds(int who) {
     rusage usage{};
@@ -46,7 +45,7 @@ Answer Ours(std::int64_t start) {
     return {.lastRun = text, .seconds = ProcessorSeconds(RUSAGE_SELF) - before};
 }
 
-// Runs a shell command that ends with a line of the last run's date.
+// Runs a shell command whose last line of output is the date of the last run.
 Answer Output(const std::string& command) {
     const double before = ProcessorSeconds(RUSAGE_CHILDREN);
     struct Close {
@@ -74,7 +73,7 @@ int main() {
     const Answer ours = Ours(start);
     const struct {
         const char* name;
-        // The command that computes that many runs. The time of a single run, its start-up, is subtracted.
+        // The command that computes so many runs. The time for computing one run is subtracted as start-up.
         std::string (*command)(int runs);
     } peers[] = {
         {"systemd-analyze calendar",

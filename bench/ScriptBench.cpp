@@ -18,8 +18,8 @@
 #include "tests/support/TestApp.h"
 #include "util/win32/ComApartment.h"
 
-// What the longest script, the helpers of the templates and a large text file cost. Exit 1 when a bound is
-// missed. Needs a display.
+// Measures the longest script, the helpers of the templates and a large text file. Exit code 1 when a bound
+// is missed. Needs a display.
 
 namespace {
 
@@ -58,14 +58,14 @@ bool JudgeEditor() {
     dialog.SetDlgItemText(IDC_SCRIPT_TEST_TEXT, L"x");
     const auto run = [&] { SendMessageW(dialog.GetDlgItem(IDC_SCRIPT_TEST_RUN), BM_CLICK, 0, 0); };
     areMet &= Judge("ms to run it", Best(run), 500);
-    // An empty result would be quick because nothing was done.
+    // A wrong result could be fast because nothing was done.
     areMet &= dialog.GetDlgItemText(IDC_SCRIPT_TEST_RESULT) == L"x" &&
               dialog.GetDlgItemText(IDC_SCRIPT_TEXT) == script;
     dialog.DestroyWindow();
     return areMet;
 }
 
-// What a script of a template makes of a text.
+// The result of a template's script for a text.
 std::wstring RunTemplate(std::int32_t number, const std::vector<const wchar_t*>& params,
                          const std::wstring& text) {
     const CResourceScriptTexts texts;
@@ -88,8 +88,8 @@ std::wstring RunTemplate(std::int32_t number, const std::vector<const wchar_t*>&
     return results[0];
 }
 
-// Extract_Tags_By_Attribute and Extract_Tags_Using_CSS_Selector, by their numbers, on 100 KB of a page and of
-// nothing but nested elements, which only has its figure: 33,000 elements are no page.
+// Measures Extract_Tags_By_Attribute and Extract_Tags_Using_CSS_Selector on a page of 100 KB. Their time for
+// 33,000 nested elements is printed but has no bound, because no real page is like that.
 bool JudgeHelpers() {
     const CComApartment apartment;
     std::wstring page;
@@ -114,8 +114,8 @@ bool JudgeHelpers() {
     return areMet;
 }
 
-// A page of equal parts, and what makes a careless search start over at each character, or an element look at
-// all around it.
+// Texts of equal parts: a page, and texts that make a careless search start over at each character or visit
+// all surrounding elements for each element.
 struct LongText {
     const wchar_t* begin;
     const wchar_t* repeated;
@@ -152,8 +152,8 @@ const LongTexts kMarkup{{L"", kUnit, L""},
                         {L"", L"<td><b></td></i>", L"</b></td></table>"},
                         {L"", L"<div class='item n1'><a href='b='>A line of some length</a>", L"</div>"}};
 
-// Every helper on a text and on one of four times its length: the time grows with the length of the text and
-// of what comes out, and not with its square. The worst of them is judged.
+// Runs every helper on a text and on one four times as long. Its time may grow linearly with the sizes of
+// text and result, not quadratically. The worst growth is compared with the bound.
 bool JudgeGrowth() {
     const CComApartment apartment;
     const struct {
@@ -194,7 +194,7 @@ bool JudgeGrowth() {
                         2);
                     sizes[i] += static_cast<double>(given.size());
                 }
-                // What takes less than a tenth of a second says nothing.
+                // Less than a tenth of a second is too short to compare.
                 const double growth = times[1] / std::max(times[0], 100.0) * sizes[0] / sizes[1];
                 if (growth > 2) {
                     std::printf("       template %d, \"%ls\": %.1f times\n", static_cast<int>(number),

@@ -14,8 +14,8 @@
 #include "tests/support/TemporaryFolder.h"
 
 // Compares saving and loading a task list with the system's private-profile functions, which rewrite or read
-// the file for each key. Both run in one process on the same tasks; the ratios count.
-//   scv_winbench [TASKS]     ends with 1 when a bound is missed
+// the file for each key. Both run in one process on the same tasks; the bounds are ratios.
+//   scv_winbench [TASKS]     exit code 1 when a bound is missed
 
 namespace {
 

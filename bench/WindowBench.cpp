@@ -19,8 +19,8 @@
 #include "ui/resource.h"
 #include "ui/win32/SCVSchedulerDlg.h"
 
-// Measures the window with long lists and while it is idle. The exit code is 1 when a bound is missed. Needs
-// a display.
+// Measures the window with long lists and while it is idle. Exit code 1 when a bound is missed. Needs a
+// display.
 
 namespace {
 
@@ -47,7 +47,7 @@ struct Window {
         }
         const bool isSaved{tasks.TrySave(files, kList)};
         dialog.emplace(CPlatform{clock, files, shell}, kList);
-        // Without a window every operation would seem quick.
+        // Without a window every operation would seem fast.
         if (!isSaved || !dialog->Create(IDD_MAIN) || List(LVM_GETITEMCOUNT) != count) {
             std::fputs("The window with its tasks could not be made.\n", stderr);
             std::exit(2);
@@ -99,7 +99,7 @@ bool JudgeLongList() {
     bool areMet = true;
     for (const int column : {0, 3, 4}) {
         window.ClickHeader(column);
-        // One that is listed already: the list is filled and sorted, and its row looked for.
+        // For a project that is listed already the list is filled and sorted, and its row is selected.
         const std::wstring listed(L"C:\\projects\\5.scvpr\0", 20);
         areMet &= Judge("ms to fill the list with 10,000 tasks and sort it",
                         Best([&] { window.Drop(listed); }), 500);
@@ -138,14 +138,14 @@ double ProcessorMilliseconds() {
     return milliseconds(kernel) + milliseconds(user);
 }
 
-// Processor time of some rounds with so many projects, in milliseconds a round.
+// Mean processor time of a round with so many projects, in milliseconds.
 struct ProjectTimes {
     double added = 0, selected = 0, deleted = 0;
 };
 
 ProjectTimes MeasureProjects(int count, int rounds) {
     Window window(0);
-    window.dialog->ShowWindow(SW_SHOW);  // a hidden one takes no keys
+    window.dialog->ShowWindow(SW_SHOW);  // a hidden window ignores keys
     std::wstring paths;
     for (int i = 0; i < count; ++i) {
         paths += L"C:\\projects\\" + std::to_wstring(i * 7919 % count) + L".scvpr" + L'\0';

@@ -12,8 +12,8 @@ bool LooksLikeASwitch(const std::wstring& path) {
     return path.starts_with(L'-') || path.starts_with(L'/');
 }
 
-// The format has no escapes: a quote anywhere, and in the comma list a comma, quotes or blanks at the ends,
-// do not survive.
+// Whether the task's texts survive writing and reading. The format has no escapes: quotes do not survive, nor
+// do commas, quotes or blanks at the ends of a field in the list of the input element.
 bool Survives(const CSCVShchedulerTask& task) {
     const auto hasQuote = [](const std::wstring& text) { return text.find(L'"') != std::wstring::npos; };
     const auto isListField = [](const std::wstring& text) {

@@ -60,7 +60,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (data[i] >= 0x80) {
             Require(profile.RemoveSection(kSections[section]) == there);
             Require(Names(profile).size() == sections - (there ? 1 : 0));
-            expected[section] = profile.GetStrings(kSections[section], kKeys);  // a repeated one may follow
+            expected[section] =
+                profile.GetStrings(kSections[section], kKeys);  // of the next one of that name
         } else {
             const CPrivateProfile::Entry entry{kKeys[key], value};
             profile.SetStrings(kSections[section], {&entry, 1});
