@@ -1,31 +1,30 @@
-// Says what the windows of other programs look like, for the journeys in this folder: so their mouse and
-// keyboard go to controls, and they wait for what can be seen. Reads a request a line from standard input and
-// prints a reply a line, both JSON in UTF-8. A window is its handle, a rectangle is [left, top, right,
-// bottom] in pixels of the screen.
+// Reports the windows of other programs to the journeys in this folder, which need the positions of controls
+// and wait for visible effects. Reads one request per line from standard input and prints one reply per line,
+// both JSON in UTF-8. A window is its handle. A rectangle is [left, top, right, bottom] in screen pixels.
 //
-//   ["windows"]                         the top-level windows, the topmost first
-//   ["children", WINDOW]                the windows inside of one, at every depth
-//   ["changes"]                         how often a program has said that the environment has changed
-//   ["foreground"]                      {"window", "focus", "menu", "moving"}: the window with the keyboard,
-//   the control in
-//                                       it, and whether it shows a menu or is being moved or sized
-//   ["paint", WINDOW]                   has a window paint what it has not painted yet, and returns once it
-//   has
-//   ["text", WINDOW]                    what a control says
-//   ["rename", WINDOW, TEXT]            gives a window another title
-//   ["resize", WINDOW, RECTANGLE]       puts a window there, as far as it lets itself be put
-//   ["send", WINDOW, MESSAGE, W, L]     the result of a message with numbers only
-//   ["fill", WINDOW, MESSAGE, W, BYTES, AT, TO]   {"result", "bytes"}: of a message whose lParam points to a
-//   structure of
-//                                       these bytes, and the bytes afterwards; in them the pointer at offset
-//                                       AT points to offset TO, if AT is not null
+//   ["windows"]                      the top-level windows, the topmost first
+//   ["children", WINDOW]             the windows inside it, at every depth
+//   ["changes"]                      how often a program has announced a change of the environment
+//   ["foreground"]                   {"window", "focus", "menu", "moving"}: the foreground window, its
+//   control
+//                                    with the focus, and whether it shows a menu or is being moved or resized
+//   ["paint", WINDOW]                makes a window paint what it has not painted yet; returns afterwards
+//   ["text", WINDOW]                 the text of a control
+//   ["rename", WINDOW, TEXT]         sets the title of a window
+//   ["resize", WINDOW, RECTANGLE]    moves and resizes a window, within its limits
+//   ["send", WINDOW, MESSAGE, W, L]  the result of a message that has only numbers
+//   ["fill", WINDOW, MESSAGE, W, BYTES, AT, TO]
+//                                    sends a message whose lParam points to a structure of these bytes.
+//                                    Returns
+//                                    {"result", "bytes"}, with the bytes afterwards. Unless AT is null, the
+//                                    pointer at offset AT of the structure is set to its offset TO.
+//   ["waits", WINDOW, MILLISECONDS]  sends messages for so long. Returns {"longest", "count"}: the longest
+//   time
+//                                    to an answer in milliseconds, and the number of answers
+//   ["hold", FILE]                   opens a file without sharing it
+//   ["release"]                      closes all these files
 //
-//   ["waits", WINDOW, MILLISECONDS]     {"longest", "count"}: sends messages for that long; the longest time
-//                                       to an answer in milliseconds, and how many answers came
-//   ["hold", FILE]                      opens a file for this program alone
-//   ["release"]                         closes all of them
-//
-// The reply is null where the window is gone or does not reply.
+// The reply is null when the window is gone or does not answer.
 #include <windows.h>
 
 #include <algorithm>
@@ -57,8 +56,8 @@ LRESULT CALLBACK CountChanges(HWND window, UINT message, WPARAM wParam, LPARAM l
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-// Makes a hidden window that gets what is sent to all windows. It has a thread of its own, since the main
-// thread waits for requests. Returns once the window is there.
+// Creates a hidden window that receives broadcast messages, on a thread of its own, because the main thread
+// waits for requests. Returns once the window exists.
 void ListenForChanges() {
     static std::atomic<bool> isThere = false;
     std::thread([] {
@@ -85,7 +84,7 @@ json FromWindow(HWND window) {
     return reinterpret_cast<std::intptr_t>(window);
 }
 
-// Without an end a program that hangs would take this one with it.
+// With a time-out, so that a program that hangs does not make this one hang.
 bool Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam, DWORD_PTR& result) {
     constexpr UINT kPatience = 20'000;  // milliseconds
     return SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, kPatience, &result) != 0;
@@ -196,8 +195,8 @@ json FillReply(DWORD_PTR result, const std::string& bytes) {
     return {{"result", static_cast<std::intptr_t>(result)}, {"bytes", numbers}};
 }
 
-// For a message of a common control: the system does not carry its structure to another process, so a copy
-// has to lie there already.
+// For a message of a common control, whose structure the system does not copy to another process: puts a copy
+// into the memory of that process.
 json FillThere(HWND window, const json& request, std::string bytes) {
     DWORD id = 0;
     GetWindowThreadProcessId(window, &id);
@@ -302,7 +301,7 @@ json Reply(const json& request, std::vector<CFileHandle>& held) {
 }  // namespace
 
 int wmain() {
-    // Else the system would turn the pixels of a scaled screen into others.
+    // Otherwise the system would convert coordinates on a scaled screen.
     SetProcessDPIAware();
     ListenForChanges();
     std::vector<CFileHandle> held;
