@@ -6,21 +6,19 @@
 //   ["children", WINDOW]             the windows inside it, at every depth
 //   ["changes"]                      how often a program has announced a change of the environment
 //   ["foreground"]                   {"window", "focus", "menu", "moving"}: the foreground window, its
-//   control
-//                                    with the focus, and whether it shows a menu or is being moved or resized
-//   ["paint", WINDOW]                makes a window paint what it has not painted yet; returns afterwards
+//                                    control with the focus, whether it shows a menu, and whether it is
+//                                    being moved or resized
+//   ["paint", WINDOW]                makes a window paint what it has not painted yet
 //   ["text", WINDOW]                 the text of a control
 //   ["rename", WINDOW, TEXT]         sets the title of a window
 //   ["resize", WINDOW, RECTANGLE]    moves and resizes a window, within its limits
 //   ["send", WINDOW, MESSAGE, W, L]  the result of a message that has only numbers
 //   ["fill", WINDOW, MESSAGE, W, BYTES, AT, TO]
-//                                    sends a message whose lParam points to a structure of these bytes.
-//                                    Returns
-//                                    {"result", "bytes"}, with the bytes afterwards. Unless AT is null, the
-//                                    pointer at offset AT of the structure is set to its offset TO.
-//   ["waits", WINDOW, MILLISECONDS]  sends messages for so long. Returns {"longest", "count"}: the longest
-//   time
-//                                    to an answer in milliseconds, and the number of answers
+//                                    {"result", "bytes"}: sends a message whose lParam points to a structure
+//                                    of these bytes; "bytes" are its bytes afterwards. Unless AT is null,
+//                                    the pointer at offset AT of the structure is set to its offset TO.
+//   ["waits", WINDOW, MILLISECONDS]  {"longest", "count"}: sends messages for so long; the longest time to
+//                                    an answer in milliseconds, and the number of answers
 //   ["hold", FILE]                   opens a file without sharing it
 //   ["release"]                      closes all these files
 //
