@@ -45,4 +45,4 @@ say "Building (build/windows-$SCV_ARCH; what it says is in build/run.log)"
     tail -n 40 build/run.log >&2
     fail "The build failed."
 }
-tests/journeys/demonstration.py "$mode" 8>&-
+scripts/demonstration.py "$mode" 8>&-

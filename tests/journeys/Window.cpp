@@ -10,24 +10,19 @@
 //                                    being moved or resized
 //   ["paint", WINDOW]                makes a window paint what it has not painted yet
 //   ["text", WINDOW]                 the text of a control
-//   ["rename", WINDOW, TEXT]         sets the title of a window
 //   ["resize", WINDOW, RECTANGLE]    moves and resizes a window, within its limits
 //   ["send", WINDOW, MESSAGE, W, L]  the result of a message that has only numbers
 //   ["fill", WINDOW, MESSAGE, W, BYTES, AT, TO]
 //                                    {"result", "bytes"}: sends a message whose lParam points to a structure
 //                                    of these bytes; "bytes" are its bytes afterwards. Unless AT is null,
 //                                    the pointer at offset AT of the structure is set to its offset TO.
-//   ["waits", WINDOW, MILLISECONDS]  {"longest", "count"}: sends messages for so long; the longest time to
-//                                    an answer in milliseconds, and the number of answers
 //   ["hold", FILE]                   opens a file without sharing it
 //   ["release"]                      closes all these files
 //
 // The reply is null when the window is gone or does not answer.
 #include <windows.h>
 
-#include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <cstdint>
 #include <cstring>
 #include <iostream>
@@ -156,11 +151,6 @@ json Text(HWND window) {
     return ToUtf8(text);
 }
 
-json Rename(HWND window, const std::string& title) {
-    DWORD_PTR result = 0;
-    return Send(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(FromUtf8(title).c_str()), result);
-}
-
 json Resize(HWND window, const json& place) {
     const int left = place.at(0);
     const int top = place.at(1);
@@ -226,24 +216,6 @@ json Fill(HWND window, const json& request) {
     return isDone ? FillReply(result, bytes) : json();
 }
 
-json Waits(HWND window, int milliseconds) {
-    using std::chrono::steady_clock;
-    const auto end = steady_clock::now() + std::chrono::milliseconds(milliseconds);
-    double longest = 0;
-    int count = 0;
-    for (auto begin = steady_clock::now(); begin < end; begin = steady_clock::now()) {
-        DWORD_PTR result = 0;
-        if (!Send(window, WM_NULL, 0, 0, result)) {
-            return nullptr;
-        }
-        const std::chrono::duration<double, std::milli> wait = steady_clock::now() - begin;
-        longest = std::max(longest, wait.count());
-        ++count;
-        Sleep(2);
-    }
-    return {{"longest", longest}, {"count", count}};
-}
-
 bool Hold(const std::string& path, std::vector<CFileHandle>& held) {
     held.emplace_back(CreateFileW(FromUtf8(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_ALWAYS,
                                   FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -260,14 +232,8 @@ json ReplyAbout(HWND window, const std::string& verb, const json& request) {
     if (verb == "paint") {
         return RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN) != FALSE;
     }
-    if (verb == "rename") {
-        return Rename(window, request.at(2));
-    }
     if (verb == "resize") {
         return Resize(window, request.at(2));
-    }
-    if (verb == "waits") {
-        return Waits(window, request.at(2));
     }
     if (verb == "fill") {
         return Fill(window, request);

@@ -5,6 +5,7 @@ import struct
 from wine import until
 
 # Messages and their constants from the system's headers.
+WM_SETTEXT = 0xC
 WM_NCHITTEST, HTCAPTION, HTRIGHT = 0x84, 2, 11
 BM_GETCHECK = 0xF0
 LB_GETITEMRECT, LB_FINDSTRINGEXACT = 0x198, 0x1A2
@@ -48,7 +49,7 @@ class Window:
         until("the window is gone", lambda: not self.now())
 
     def rename(self, title):
-        self.desktop.ask("rename", self.handle, title)
+        self.desktop.ask("fill", self.handle, WM_SETTEXT, 0, list((title + "\0").encode("utf-16-le")), None, 0)
 
     def has_keyboard(self):
         """Waits until this window has the keyboard focus, and returns the handle of the control that has it.

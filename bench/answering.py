@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Measures how soon the window answers while another program has its list open, and the processor time of an idle tick.
 
-    tests/journeys/answering.py
+    bench/answering.py
 
 Sends the window's thread a message every few milliseconds and prints the longest time to an answer: once with a free
 list, for comparison, and once with the list and its lock held. Meanwhile the user presses OK and projects become due.
@@ -14,12 +14,16 @@ do.
 import os
 import sys
 import time
+from pathlib import Path
 
-from desktop import Desktop
-from scheduler import PROGRAM, Scheduler, Steps, ids
-from wine import ROOT, Display, Wine, until
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/journeys"))
+
+from desktop import Desktop  # noqa: E402
+from scheduler import PROGRAM, Scheduler, Steps, ids  # noqa: E402
+from wine import ROOT, Display, Wine, until  # noqa: E402
 
 TICK = 2  # seconds
+WM_NULL = 0
 LONGEST = 100  # milliseconds
 PROJECTS = [f"p{number}" for number in range(5)]
 
@@ -35,7 +39,11 @@ class Measurement(Steps):
 
     def longest_wait(self, window, seconds):
         """Returns the longest time in milliseconds that the window took to answer one of many messages."""
-        return self.desktop.ask("waits", window.handle, seconds * 1000)["longest"]
+        end, longest = time.monotonic() + seconds, 0
+        while (begin := time.monotonic()) < end:
+            self.desktop.ask("send", window.handle, WM_NULL, 0, 0)
+            longest = max(longest, (time.monotonic() - begin) * 1000)
+        return longest
 
     def hold(self):
         for ending in ("", ".lock"):

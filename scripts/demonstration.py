@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Shows the scheduler on three sample projects. ./run.sh builds it and starts this program.
 
-    SCV_ARCH=x64 tests/journeys/demonstration.py [--keep | --console]
+    SCV_ARCH=x64 scripts/demonstration.py [--keep | --console]
 """
 
 import os
@@ -9,10 +9,13 @@ import signal
 import sys
 import time
 import unittest
+from pathlib import Path
 
-from scheduler import ARCH, DEMO, Journey, Scheduler
-from test_journeys import Journeys
-from wine import ROOT, Wine, until
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/journeys"))
+
+from scheduler import ARCH, DEMO, Journey, Scheduler  # noqa: E402
+from test_journeys import Journeys  # noqa: E402
+from wine import ROOT, Wine, until  # noqa: E402
 
 LAUNCHES = 3  # the number of launches of `scvsched watch` to show
 

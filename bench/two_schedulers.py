@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks that two windows on one list start each due project exactly once.
 
-    tests/journeys/two_schedulers.py [ROUNDS]
+    bench/two_schedulers.py [ROUNDS]
 
 One window is the 64-bit build, the other the 32-bit one. In each of 20 rounds 50 projects become due at once while both
 run. In every fourth round one of them is killed at a random moment. The project that was then being launched may start
@@ -16,10 +16,13 @@ import shutil
 import signal
 import sys
 import time
+from pathlib import Path
 
-from desktop import Desktop
-from scheduler import PROGRAM, Scheduler
-from wine import ROOT, Display, Wine, until
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/journeys"))
+
+from desktop import Desktop  # noqa: E402
+from scheduler import PROGRAM, Scheduler  # noqa: E402
+from wine import ROOT, Display, Wine, until  # noqa: E402
 
 PROJECTS = [f"p{number:02}" for number in range(50)]
 SCRIVANE = r"HKCU\Software\Talvernick\Scrivane"

@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Takes the documentation's pictures of the running program again, or others of a scaled screen.
 
-    tests/journeys/pictures.py                      into docs, at 100 %, and one of them at 150 %
-    tests/journeys/pictures.py --scale 150 FOLDER   into that folder, on a screen of 150 %
+    scripts/pictures.py                      into docs, at 100 %, and one of them at 150 %
+    scripts/pictures.py --scale 150 FOLDER   into that folder, on a screen of 150 %
 
 Needs the build windows-x64.
 """
@@ -10,13 +10,16 @@ Needs the build windows-x64.
 import argparse
 import shutil
 import subprocess
+import sys
 import time
 from pathlib import Path
 
-from desktop import Desktop
-from scheduler import DEMO, Scheduler, Steps, ids
-from window import HTCAPTION, HTRIGHT
-from wine import ROOT, Display, Wine, until
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/journeys"))
+
+from desktop import Desktop  # noqa: E402
+from scheduler import DEMO, Scheduler, Steps, ids  # noqa: E402
+from window import HTCAPTION, HTRIGHT  # noqa: E402
+from wine import ROOT, Display, Wine, until  # noqa: E402
 
 DOCS = ROOT / "docs"
 
