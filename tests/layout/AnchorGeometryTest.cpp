@@ -20,7 +20,19 @@ TEST(AnchorGeometry, WindowIsFittedIntoTheWorkArea) {
     }
 }
 
-// MainDialogLayoutTest tests how controls follow.
+TEST(AnchorGeometry, ControlsFollowTheirEdges) {
+    constexpr Edges before{10, 20, 110, 70};
+    const std::tuple<const char*, std::uint32_t, Placement> cases[] = {
+        {"left, top", ANCHOR_LEFT | ANCHOR_TOP, {10, 20, 100, 50}},
+        {"right, bottom", ANCHOR_RIGHT | ANCHOR_BOTTOM, {70, 60, 100, 50}},
+        {"all", ANCHOR_ALL, {10, 20, 160, 90}},
+    };
+    for (const auto& [label, anchors, placed] : cases) {
+        const auto distances = MeasureDistances({0, 0, 400, 300}, before);
+        EXPECT_EQ(Arrange(anchors, distances, {0, 0, 460, 340}, before), placed) << label;
+    }
+}
+
 TEST(AnchorGeometry, StoredPlacesStayOnTheScreen) {
     const std::pair<Edges, Placement> cases[] = {
         {{0, 0, 1280, 900}, {0, 0, 1280, 900}},

@@ -50,14 +50,10 @@ TEST_F(ScriptGenerator, ValuesBecomeLiteralsOrExpressions) {
     } cases[] = {
         {"JScript: what a literal escapes", L"JScript", L"a\\\"b\r\n\n'\t", L"\"a\\\\\\\"b\\r\\n\\n'\t\""},
         {"JScript: vbNewLine is text", L"JScript", L"vbNewLine", LR"("vbNewLine")"},
-        {"any other name means JScript", L"vbscript", LR"("\)", LR"("\"\\")"},
-        {"empty", L"VBScript", L"", LR"("")"},
         {"quotes are doubled", L"VBScript", LR"(a\"b)", LR"("a\""b")"},
         {"vbNewLine is an expression", L"VBScript", L"vbNewLine", L"vbNewLine"},
         {"vbTab is an expression", L"VBScript", LR"(vbTab + "x")", LR"(vbTab + "x")"},
-        {"case counts", L"VBScript", L"VBNEWLINE vbtab", LR"("VBNEWLINE vbtab")"},
         {"line break inside", L"VBScript", L"a\r\nb", LR"("a" + vbNewLine + "b")"},
-        {"line break alone", L"VBScript", L"\r", L"vbNewLine"},
         {"line breaks alone", L"VBScript", L"\r\n\r\n\n", L"vbNewLine + vbNewLine + vbNewLine"},
         {"line breaks around", L"VBScript", L"\na\n\nb\n",
          LR"(vbNewLine + "a" + vbNewLine + vbNewLine + "b" + vbNewLine)"},
@@ -70,8 +66,6 @@ TEST_F(ScriptGenerator, ValuesBecomeLiteralsOrExpressions) {
                   std::wstring(L"f ( ") + each.written + L" )")
             << each.label;
     }
-    EXPECT_EQ(Fill(L"VBScript", L"%PARAM_1%", {L"\"vbTab"}), L"%PARAM_1%")
-        << "an expression takes the place of the quotes as well";
 }
 
 TEST_F(ScriptGenerator, FillsPlaceholdersInTurnAndTheNameLast) {
@@ -81,9 +75,6 @@ TEST_F(ScriptGenerator, FillsPlaceholdersInTurnAndTheNameLast) {
         EXPECT_EQ(Fill(language, text, {L"%PARAM_1%%PARAM_2%", L"{{MAIN_FUNCTION_NAME}}"}),
                   L"Main 1%PARAM_1%Main 2Main 3 4%PARAM_4% %PARAM_1%Main");
     }
-    EXPECT_EQ(m_generator.InstantiateTemplate(kJScript, nullptr, L"Main"), L"");
-    const Template unknown = Record(0);
-    EXPECT_EQ(m_generator.InstantiateTemplate(kJScript, &unknown, L"Main"), L"");
 }
 
 TEST_F(ScriptGenerator, WholeScripts) {
@@ -114,22 +105,16 @@ TEST_F(ScriptGenerator, AddingChainsTheResultOfMain) {
         {"first statement of two", L"vbSCRIPT", L"\r\nMain =a = b\r\nMain = c\r\n",
          L"\r\nMain = Main2 (a = b, url ) \r\nMain = c\r\n", L"Main2"},
         {"no line break behind it", L"VBScript", L" Main = x", L" Main = x", L"Main2"},
-        {"two spaces before =", L"VBScript", L" Main  = x\r\n", L" Main  = x\r\n", L"Main2"},
-        {"main in lower case", L"VBScript", L" main = x\r\n", L" main = x\r\n", L"Main"},
         {"Main2 is taken", L"VBScript", L" Main2 = x\r\n Main = Main2\r\n",
          L" Main2 = x\r\n Main = Main3 ( Main2, url ) \r\n", L"Main3"},
         {"Main10 is none of those tried", L"VBScript", L" Main Main10 Main2", L" Main Main10 Main2",
          L"Main3"},
-        {"script begins with Main", L"VBScript", L"Main = x\r\n Main = y\r\n", L"Main = x\r\n Main = y\r\n",
-         L"Main"},
         {"JScript: first return, a helper's", L"jscript", L"helper() { return a; } Main() { return b; }",
          L"helper() { return Main2 ( a, url ) ; } Main() { return b; }", L"Main2"},
         {"JScript: bracket", L"JScript", L" Main() { return(x); }", L" Main() { return Main2 ((x), url ) ; }",
          L"Main2"},
         {"JScript: no semicolon", L"JScript", L" Main() { return result }", L" Main() { return result }",
          L"Main2"},
-        {"JScript: no Main", L"JScript", L" no function, return x;", L" no function, return x;", L"Main"},
-        {"unknown language", L"Perl", L" Main = x\r\n return y;", L" Main = x\r\n return y;", L"Main2"},
     };
     m_texts.text = L"{{MAIN_FUNCTION_NAME}}(%PARAM_1%)";
     const Template record = Record(1, {L"v"});
@@ -138,7 +123,6 @@ TEST_F(ScriptGenerator, AddingChainsTheResultOfMain) {
                   std::wstring(each.chained) + L"\r\n\r\n" + each.name + L"(v)")
             << each.label;
     }
-    EXPECT_EQ(m_generator.AddToScript(kJScript, L"script", nullptr), L"");
 }
 
 TEST_F(ScriptGenerator, ReadsAHelperOutOfATemplate) {
@@ -161,7 +145,6 @@ TEST_F(ScriptGenerator, ReadsAHelperOutOfATemplate) {
          {},
          L"''/ It's."},
         {"no helper", L"\r\nfunction {{MAIN_FUNCTION_NAME}} ( text ) {\r\n}\r\n", L"", {}, L""},
-        {"no closing bracket", L"x\r\nFunction a ( text\r\n'\r\n", L"", {}, L""},
         {"no name", L"x\r\nFunction (a,)", L"", {}, L""},
     };
     for (const auto& each : cases) {

@@ -20,6 +20,7 @@ extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
 struct SoakMachine {
     const CLocalZone zone{"Europe/Berlin"};
 #ifdef _WIN32
+    static constexpr unsigned kTick = 20;  // seconds; natively the rules and faults of each tick are played
     const TemporaryFolder folder;
     const std::wstring list = folder.Path(L"list.ini");
     CWindowsFileSystem files;
@@ -34,6 +35,7 @@ struct SoakMachine {
         return HandleUse() + HeapUse() / 1024;
     }
 #else
+    static constexpr unsigned kTick = 2;
     const std::wstring list = L"C:\\list.ini";
     CFakeFileSystem files;
 

@@ -38,18 +38,15 @@ TEST_F(Passes, PassLaunchesOnceAndWatchGoesOn) {
     EXPECT_EQ(ticks, 199);
 }
 
-TEST_F(Passes, JsonIsAnObjectOrALineForEachLaunch) {
-    shell.missing.insert(L"C:\\due.scvpr");
-    EXPECT_EQ(Run("pass --json"), kFindings) << "a launch that failed";
-    const auto pass = nlohmann::json::parse(out.str());
-    EXPECT_EQ(pass["list"], "C:\\l.ini");
-    ASSERT_EQ(pass["changes"].size(), 1U);
-    EXPECT_EQ(pass["changes"][0]["change"], "run");
-    EXPECT_EQ(pass["changes"][0]["task"]["lastRunResult"], "Failure: File does not exist");
+TEST_F(Passes, JsonIsALineForEachLaunchOfAWatch) {
     ticks = 200;
     EXPECT_EQ(Run("watch --json"), kFine);
-    EXPECT_EQ(out.str().find('\n'), out.str().size() - 1);
-    EXPECT_EQ(nlohmann::json::parse(out.str())["task"]["project"], "C:\\later.scvpr");
+    std::istringstream lines(out.str());
+    for (const char* project : {"C:\\due.scvpr", "C:\\later.scvpr"}) {
+        std::string line;
+        std::getline(lines, line);
+        EXPECT_EQ(nlohmann::json::parse(line)["task"]["project"], project);
+    }
 }
 
 TEST_F(Passes, UnwritableOrUsedListsAreNotLaunched) {
@@ -61,8 +58,6 @@ TEST_F(Passes, UnwritableOrUsedListsAreNotLaunched) {
     EXPECT_EQ(Run("pass"), kFindings);
     EXPECT_NE(err.str().find("read-only"), std::string::npos);
     EXPECT_EQ(shell.starts.size(), 1U) << "only the one of a list that seemed writable";
-    EXPECT_EQ(Run("list"), kFine) << "looking is allowed";
-
     files.Remove(kList);
     EXPECT_EQ(Run("list"), kNoList);
     EXPECT_EQ(err.str(), "scvsched: the task list C:\\l.ini does not exist\n");
@@ -127,7 +122,7 @@ TEST_F(Passes, WatchWaitsForTheClaimOfAPass) {
     EXPECT_NE(err.str().find("what is due is left to the next pass"), std::string::npos) << err.str();
 }
 
-TEST_F(Passes, OneWatchKeepsAList) {
+TEST_F(Passes, WatchKeepsItsList) {
     ticks = 2;
     onTick = [this] {
         std::unique_ptr<IFileSystem::IFile> lock;

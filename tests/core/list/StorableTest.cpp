@@ -16,12 +16,6 @@ TEST(Storable, RefusesWhatTheFileWouldChange) {
         {"apostrophe", [](Task& task) { task.m_strExportFile = L"C:\\it's.csv"; }, ""},
         {"switch without its file", [](Task& task) { task.m_bAddUrls = 1; }, "add-urls on"},
         {"path that reads as a switch", [](Task& task) { task.m_strProjectPath = L"/at/b"; }, "add-urls off"},
-        {"element without name and id",
-         [](Task& task) {
-             task.m_bImportInputValues = 1;
-             task.m_strInputValuesFile = L"v.csv";
-         },
-         "import-values 'v.csv'"},
         {"comma in the element",
          [](Task& task) {
              task.m_bImportInputValues = 1;

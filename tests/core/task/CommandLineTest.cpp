@@ -32,10 +32,6 @@ TEST(CommandLine, EachFlagAndArgumentHasItsSwitch) {
     }
     task.ParseCommandLine(all);
     EXPECT_EQ(task.BuildCommandLine(), all) << "in this order";
-    EXPECT_EQ(task.m_strUrlsFile, L"C:\\my u.txt");
-    EXPECT_EQ(task.m_strScriptFile, L"C:\\s.vbs");
-    EXPECT_EQ(task.m_strFilterArgument, L"x > 1");
-    EXPECT_EQ(task.m_strFailedUrlsFile, L"C:\\f.txt");
     // Flags go, the arguments of absent switches stay, and so does the path when there is no token.
     task.ParseCommandLine(L"b -aiv\"n,f\"");
     EXPECT_EQ(task.BuildCommandLine(), L"\"b\" -aiv\"n,id 1,f\" -qe\"C:\\e.csv\"")

