@@ -14,6 +14,7 @@
 #include "core/schedule/NextRuns.h"
 #include "core/schedule/TimeText.h"
 #include "tests/support/TaskRules.h"
+#include "util/Utf8.h"
 
 namespace {
 
@@ -38,11 +39,11 @@ Answer Ours(std::int64_t start) {
     SetRules(task, {.start = start, .days = kMon | kThu});
     const double before = ProcessorSeconds(RUSAGE_SELF);
     const std::vector<std::int64_t> runs = NextRuns(task, start - 1, kRuns);
-    std::string text;
+    std::wstring text;
     for (const std::int64_t run : runs) {
         text = FormatMinute(run);
     }
-    return {.lastRun = text, .seconds = ProcessorSeconds(RUSAGE_SELF) - before};
+    return {.lastRun = ToUtf8(text), .seconds = ProcessorSeconds(RUSAGE_SELF) - before};
 }
 
 // Runs a shell command whose last line of output is the date of the last run.

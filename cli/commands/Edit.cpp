@@ -19,11 +19,11 @@
 namespace {
 
 void RequireKept(const CSCVShchedulerTask& task) {
-    std::string why = WhyNotStorable(task);
+    std::wstring why = WhyNotStorable(task);
     if (why.empty() && HoldsApostrophe(task)) {
         why =
-            "the list doubles an apostrophe in the project or the files of its commands, so that they "
-            "would not be found";
+            L"the list doubles an apostrophe in the project or the files of its commands, so that they "
+            L"would not be found";
     }
     if (!why.empty()) {
         throw CRefusal(Join(task.m_strProjectPath, ": ", why));
@@ -69,7 +69,7 @@ std::vector<std::wstring> NewProjects(const Job& job) {
 void WarnOfSchedules(const Job& job, const CChangeReport& report) {
     for (const CSCVShchedulerTask* task : report.ChangedTasks()) {
         try {
-            for (const std::string& warning : ScheduleWarnings(*task, job.now)) {
+            for (const std::wstring& warning : ScheduleWarnings(*task, job.now)) {
                 job.context.Warn(task->m_strProjectPath, ": ", warning);
             }
         } catch (const std::invalid_argument&) {

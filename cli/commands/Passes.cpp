@@ -7,6 +7,7 @@
 #include "core/launch/LaunchClaim.h"
 #include "core/platform/Clock.h"
 #include "core/task/SCVShchedulerTaskArray.h"
+#include "util/ExceptionText.h"
 
 bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, CLaunchClaim& claim,
                     std::string& stopped, const std::function<void(const PassRun&)>& launched) {
@@ -25,7 +26,7 @@ bool LaunchDueTasks(CSCVShchedulerTaskArray& tasks, const Context& context, CLau
             why = Join("what is due is left to the next pass: ", context.Reason(passed));
         }
     } catch (const std::exception& cause) {
-        why = Join("the pass stopped at a task whose next run cannot be computed: ", cause.what());
+        why = Join("the pass stopped at a task whose next run cannot be computed: ", FromWhat(cause));
     }
     if (!why.empty() && why != stopped) {
         context.Complain(why);

@@ -21,7 +21,7 @@ std::optional<std::vector<const TaskDay*>> ParseDays(const std::string& text) {
     std::vector<const TaskDay*> days;
     std::istringstream names(text);
     for (std::string name; std::getline(names, name, ',');) {
-        days.push_back(FindTaskDay(name));
+        days.push_back(FindTaskDay(FromUtf8(name)));
         if (days.back() == nullptr) {
             return std::nullopt;
         }
@@ -120,18 +120,19 @@ void CEditOptions::AddTo(CLI::App& command) {
 void CEditOptions::AddCommands(CLI::App& command) {
     for (std::size_t i = 0; i < kCount; ++i) {
         const TaskSwitch& entry = kTaskSwitches[i];
-        if (*entry.caption == '\0') {
+        if (entry.caption.empty()) {
             continue;
         }
         const std::string name = std::string("--") + entry.name;
+        const std::string caption = ToUtf8(entry.caption);
         if (entry.argument == TaskSwitch::Argument::Required) {
             const std::string help =
-                std::string(entry.caption) + (entry.hasElement ? ", for --element-name or --element-id" : "");
+                caption + (entry.hasElement ? ", for --element-name or --element-id" : "");
             AddChecked(command, name, m_files[i], help.c_str(), WrongFile)
                 ->type_name("FILE")
                 ->group(kCommands);
         } else {
-            command.add_flag(name, m_on[i], entry.caption)->group(kCommands);
+            command.add_flag(name, m_on[i], caption)->group(kCommands);
         }
         command.add_flag(std::string("--no-") + entry.name, m_off[i])->group("");
     }
@@ -157,7 +158,7 @@ void CEditOptions::AddResetLastRun(CLI::App& command) {
         ->group(kWhen);
 }
 
-TaskChanges CEditOptions::Changes(const std::function<std::wstring(const std::wstring&)>& fullPath) const {
+TaskChanges CEditOptions::Changes(const FullPath& fullPath) const {
     RequireOneOf(!m_days.empty(), m_noDays, "days");
     RequireOneOf(m_monthly, m_noMonthly, "monthly");
     RequireOneOf(!m_every.empty(), m_noEvery, "every");
@@ -190,14 +191,10 @@ void CEditOptions::TakeRepeat(TaskChanges& changes) const {
     }
 }
 
-void CEditOptions::TakeCommands(TaskChanges& changes,
-                                const std::function<std::wstring(const std::wstring&)>& fullPath) const {
-    const auto full = [&](const std::string& file) {
-        return file.empty() ? std::wstring() : fullPath(FromUtf8(file));
-    };
+void CEditOptions::TakeCommands(TaskChanges& changes, const FullPath& fullPath) const {
     for (std::size_t i = 0; i < kCount; ++i) {
         const bool exports = kTaskSwitches[i].flag == &TaskFields::m_bExportResults;
-        const std::wstring file = full(exports ? m_exportFile : m_files[i]);
+        const std::wstring file = fullPath(exports ? m_exportFile : m_files[i]);
         const bool isOn = m_on[i] || !file.empty();
         RequireOneOf(isOn, m_off[i], kTaskSwitches[i].name);
         if (isOn || m_off[i]) {

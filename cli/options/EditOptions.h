@@ -11,6 +11,9 @@ namespace CLI {
 class App;
 }
 
+// Makes the full path of a file as the user names it, in UTF-8; empty for an empty name.
+using FullPath = std::function<std::wstring(const std::string& file)>;
+
 // The options by which add and set say what a task is to be. Has to outlive the parsing.
 class CEditOptions {
 public:
@@ -22,15 +25,14 @@ public:
 
     // What was given; throws the parser's error when it contradicts itself. `fullPath` makes the full path of
     // a file as the user names it.
-    [[nodiscard]] TaskChanges Changes(const std::function<std::wstring(const std::wstring&)>& fullPath) const;
+    [[nodiscard]] TaskChanges Changes(const FullPath& fullPath) const;
 
 private:
     static constexpr std::size_t kCount = std::size(kTaskSwitches);
 
     void AddCommands(CLI::App& command);
     void TakeRepeat(TaskChanges& changes) const;
-    void TakeCommands(TaskChanges& changes,
-                      const std::function<std::wstring(const std::wstring&)>& fullPath) const;
+    void TakeCommands(TaskChanges& changes, const FullPath& fullPath) const;
 
     std::string m_start, m_days, m_every, m_until, m_exportFile, m_elementName, m_elementId;
     bool m_noDays = false, m_monthly = false, m_noMonthly = false, m_noEvery = false;

@@ -73,7 +73,7 @@ std::string CChangeReport::Write(const std::wstring& list, std::int64_t now, boo
         // Changes that make a schedule show it in words; the other ones do not affect it.
         const bool isMade = change.name == kAdded || change.name == kReplaced || change.name == kSet;
         text += Join(before, change.name, "  ", project, isMade ? "  " : "",
-                     isMade ? ReportTask(*change.task, now, 0).schedule : std::string(), "\n");
+                     isMade ? ReportTask(*change.task, now, 0).schedule : std::wstring(), "\n");
     }
     for (const CSCVShchedulerTask* task : m_unchanged) {
         text += Join("unchanged  ", task->m_strProjectPath, "\n");

@@ -4,23 +4,27 @@
 #include <string_view>
 #include <vector>
 
+#include "util/Utf8.h"
+
 // CSV for spreadsheets (RFC 4180): commas, CR LF, quotes where needed, UTF-8 with the byte-order mark by
 // which they know it.
 
 inline constexpr std::string_view kCsvStart = "\xEF\xBB\xBF";
 
-inline void AppendCsvRow(std::string& text, const std::vector<std::string>& fields) {
-    for (const std::string& field : fields) {
-        text += &field == &fields.front() ? "" : ",";
-        if (field.find_first_of(",\"\r\n") == std::string::npos) {
-            text += field;
+inline void AppendCsvRow(std::string& text, const std::vector<std::wstring>& fields) {
+    std::wstring row;
+    for (const std::wstring& field : fields) {
+        row += &field == &fields.front() ? L"" : L",";
+        if (field.find_first_of(L",\"\r\n") == std::wstring::npos) {
+            row += field;
             continue;
         }
-        text += '"';
-        for (const char c : field) {
-            text.append(c == '"' ? 2 : 1, c);
+        row += L'"';
+        for (const wchar_t unit : field) {
+            row.append(unit == L'"' ? 2 : 1, unit);
         }
-        text += '"';
+        row += L'"';
     }
+    text += ToUtf8(row);
     text += "\r\n";
 }

@@ -13,7 +13,7 @@ constexpr int kIndent = 2;
 
 // The name that --days has for the day.
 std::string OptionName(const TaskDay& day) {
-    std::string name = day.name;
+    std::string name = ToUtf8(day.name);
     if (name == "Wen") {
         return "wed";
     }
@@ -23,11 +23,11 @@ std::string OptionName(const TaskDay& day) {
 
 // As FormatSecond, with the T of ISO 8601; null when there is no such time.
 Json LocalTimeAsJson(std::int64_t instant) {
-    std::string text = FormatSecond(instant);
-    if (text.size() != std::string_view("2024-03-31 02:30:00").size()) {
+    std::wstring text = FormatSecond(instant);
+    if (text.size() != std::wstring_view(L"2024-03-31 02:30:00").size()) {
         return nullptr;
     }
-    text[10] = 'T';
+    text[10] = L'T';
     return text;
 }
 
@@ -39,7 +39,7 @@ Json RepeatAsJson(const CSCVShchedulerTask& task) {
     json["weekdays"] = Json::array();
     for (const TaskDay& day : kTaskDays) {
         if (task.*day.flag != 0) {
-            json["days"].push_back(day.name);
+            json["days"].push_back(ToUtf8(day.name));
             json["weekdays"].push_back(OptionName(day));
         }
     }

@@ -47,7 +47,7 @@ std::array<LocalTime, kDays> DaysOfWeek(std::int64_t now) {
     return days;
 }
 
-std::string TimeOf(const PlannedRun& run) {
+std::wstring TimeOf(const PlannedRun& run) {
     return FormatSecond(run.time);
 }
 
@@ -83,9 +83,9 @@ std::string RunsAsText(const std::vector<PlannedRun>& runs) {
 
 std::string RunsAsCsv(const std::vector<PlannedRun>& runs) {
     std::string text(kCsvStart);
-    AppendCsvRow(text, {"Run", "Project"});
+    AppendCsvRow(text, {L"Run", L"Project"});
     for (const PlannedRun& run : runs) {
-        AppendCsvRow(text, {TimeOf(run), Join(run.task->m_strProjectPath)});
+        AppendCsvRow(text, {TimeOf(run), run.task->m_strProjectPath});
     }
     return text;
 }
@@ -114,8 +114,8 @@ WeekGrid CountStarts(const std::vector<PlannedRun>& runs, std::int64_t now) {
     for (std::size_t i = 0; i < days.size(); ++i) {
         week.days[i].date =
             FormatMinute(FromLocalTime(days[i].year, days[i].month, days[i].day, 12, 0, 0)).substr(0, 10);
-        constexpr const char* kNames[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
-        week.days[i].name = Join(kNames[days[i].weekday], " ", week.days[i].date.substr(8));
+        constexpr const wchar_t* kNames[] = {L"Sun", L"Mon", L"Tue", L"Wed", L"Thu", L"Fri", L"Sat"};
+        week.days[i].name = kNames[days[i].weekday] + (L' ' + week.days[i].date.substr(8));
     }
     std::int64_t minute = 0;
     int atOnce = 0;
@@ -149,30 +149,30 @@ std::string WeekAsText(const WeekGrid& week) {
         text += cell(Join(hour < 10 ? "0" : "", std::to_string(hour)));
     }
     for (const WeekGrid::Day& day : week.days) {
-        text += '\n' + day.name;
+        text += Join("\n", day.name);
         for (const int starts : day.starts) {
             text += cell(starts == 0 ? "." : std::to_string(starts));
         }
     }
     text += '\n';
     if (week.most > 1) {
-        text += "Most starts in one minute: " + std::to_string(week.most) + ", first at " +
-                FormatMinute(week.mostAt) + ".\n";
+        text += Join("Most starts in one minute: ", std::to_string(week.most), ", first at ",
+                     FormatMinute(week.mostAt), ".\n");
     }
     return text;
 }
 
 std::string WeekAsCsv(const WeekGrid& week) {
     std::string text(kCsvStart);
-    std::vector<std::string> row = {"Date"};
+    std::vector<std::wstring> row = {L"Date"};
     for (int hour = 0; hour < kHours; ++hour) {
-        row.push_back(std::to_string(hour));
+        row.push_back(std::to_wstring(hour));
     }
     AppendCsvRow(text, row);
     for (const WeekGrid::Day& day : week.days) {
         row = {day.date};
         for (const int starts : day.starts) {
-            row.push_back(std::to_string(starts));
+            row.push_back(std::to_wstring(starts));
         }
         AppendCsvRow(text, row);
     }

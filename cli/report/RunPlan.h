@@ -29,8 +29,8 @@ struct PlannedRun {
 // How many projects start in each hour of the seven days that begin with `now`'s.
 struct WeekGrid {
     struct Day {
-        std::string name;  // "Mon 03 Jun"
-        std::string date;  // "2024-06-03"
+        std::wstring name;  // "Mon 03 Jun"
+        std::wstring date;  // "2024-06-03"
         int starts[24] = {};
     };
     Day days[7];

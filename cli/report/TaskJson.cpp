@@ -77,16 +77,15 @@ std::vector<const TaskDay*> ImportDays(const Json& days, const std::string& wher
     std::vector<const TaskDay*> found;
     for (const TaskDay& day : kTaskDays) {
         const auto isThis = [&](const Json& name) {
-            return name.is_string() && FindTaskDay(name.get_ref<const std::string&>()) == &day;
+            return name.is_string() && FindTaskDay(name.get<std::wstring>()) == &day;
         };
         if (std::any_of(days.begin(), days.end(), isThis)) {
             found.push_back(&day);
         }
     }
     for (const Json& name : days) {
-        if (!name.is_string() || FindTaskDay(name.get_ref<const std::string&>()) == nullptr) {
-            throw CRefusal(where + " has " + name.dump() +
-                           ", which is none of Mon, Tue, Wen, Thu, Fri, Sat and Sun");
+        if (!name.is_string() || FindTaskDay(name.get<std::wstring>()) == nullptr) {
+            throw CRefusal(Join(where, " has ", name.dump(), ", which is none of ", TaskDayNames()));
         }
     }
     return found;
@@ -218,7 +217,7 @@ void ImportTask(const Json& json, const std::string& where, CSCVShchedulerTask& 
     task.m_tUntilTime = fields.Time("untilTime").value_or(task.m_tUntilTime);
     task.m_tLastRunTime = fields.Time("lastRunTime").value_or(0);
     task.m_strLastRunResult = fields.Text("lastRunResult").value_or(L"");
-    if (const std::string why = WhyNotStorable(task); !why.empty()) {
-        throw CRefusal(where + ": " + why);
+    if (const std::wstring why = WhyNotStorable(task); !why.empty()) {
+        throw CRefusal(Join(where, ": ", why));
     }
 }

@@ -5,6 +5,7 @@
 #include "core/schedule/NextRuns.h"
 #include "core/schedule/ScheduleText.h"
 #include "core/task/SCVShchedulerTask.h"
+#include "util/ExceptionText.h"
 
 namespace {
 
@@ -15,7 +16,7 @@ TaskReport Report(const CSCVShchedulerTask& task, std::int64_t now, int count, W
         report.runs = NextRuns(task, now, count);
         report.schedule = words();
     } catch (const std::exception& error) {
-        report.error = error.what();
+        report.error = FromWhat(error);
     }
     return report;
 }

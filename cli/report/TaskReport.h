@@ -10,8 +10,8 @@ class CSCVShchedulerTask;
 struct TaskReport {
     const CSCVShchedulerTask* task;
     std::vector<std::int64_t> runs;  // empty when there is none or the task is disabled
-    std::string schedule;            // in words; empty when it cannot be computed
-    std::string error;               // why it cannot be computed, and the runs neither
+    std::wstring schedule;           // in words; empty when it cannot be computed
+    std::wstring error;              // why it cannot be computed, and the runs neither
 
     [[nodiscard]] std::int64_t NextRun() const { return runs.empty() ? 0 : runs.front(); }
 };

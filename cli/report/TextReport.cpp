@@ -50,16 +50,16 @@ std::vector<std::wstring> Wrap(const std::wstring& text, std::size_t columns) {
 }
 
 // As Wrap, for words: breaks at blanks.
-std::vector<std::wstring> WrapWords(const std::string& text, std::size_t columns) {
+std::vector<std::wstring> WrapWords(const std::wstring& text, std::size_t columns) {
     std::vector<std::wstring> lines;
     for (std::size_t at = 0; at < text.size();) {
         std::size_t end = text.size();
         if (end - at > columns) {
-            const std::size_t blank = text.rfind(' ', at + columns);
-            end = blank == std::string::npos || blank <= at ? at + columns : blank;
+            const std::size_t blank = text.rfind(L' ', at + columns);
+            end = blank == std::wstring::npos || blank <= at ? at + columns : blank;
         }
-        lines.push_back(FromUtf8(text.substr(at, end - at)));
-        at = end + (end < text.size() && text[end] == ' ' ? 1 : 0);
+        lines.push_back(text.substr(at, end - at));
+        at = end + (end < text.size() && text[end] == L' ' ? 1 : 0);
     }
     return lines;
 }
@@ -69,9 +69,8 @@ std::string Padded(const std::wstring& text, std::size_t columns) {
     return ToUtf8(text) + std::string(used < columns ? columns - used : 0, ' ');
 }
 
-std::wstring Times(const std::string& last, const std::string& next) {
-    return FromUtf8(last + std::string(kTimeColumns - std::min(kTimeColumns, last.size()) + kGap, ' ') +
-                    next);
+std::wstring Times(const std::wstring& last, const std::wstring& next) {
+    return last + std::wstring(kTimeColumns - std::min(kTimeColumns, last.size()) + kGap, L' ') + next;
 }
 
 void AppendRow(std::string& text, const std::string& first, const std::vector<std::wstring>& left,
@@ -86,8 +85,8 @@ void AppendRow(std::string& text, const std::string& first, const std::vector<st
     }
 }
 
-std::string NextText(const TaskReport& report) {
-    return report.error.empty() ? FormatMinute(report.NextRun()) : "cannot be computed";
+std::wstring NextText(const TaskReport& report) {
+    return report.error.empty() ? FormatMinute(report.NextRun()) : L"cannot be computed";
 }
 
 }  // namespace
@@ -106,7 +105,7 @@ std::string TasksAsText(const std::vector<TaskReport>& reports, std::size_t widt
     pathColumns = std::min(pathColumns, most);
 
     std::string text;
-    AppendRow(text, "On", {L"Project, section"}, {Times("Last run, result", "Next run, schedule")},
+    AppendRow(text, "On", {L"Project, section"}, {Times(L"Last run, result", L"Next run, schedule")},
               pathColumns);
     for (const TaskReport& report : reports) {
         const CSCVShchedulerTask& task = *report.task;
@@ -139,30 +138,30 @@ std::string TasksAsLines(const std::vector<TaskReport>& reports) {
 
 std::string TasksAsCsv(const std::vector<TaskReport>& reports) {
     std::string text(kCsvStart);
-    AppendCsvRow(text, {"Enabled", "Project", "Last run", "Last result", "Next run", "Command line",
-                        "Section", "Schedule"});
+    AppendCsvRow(text, {L"Enabled", L"Project", L"Last run", L"Last result", L"Next run", L"Command line",
+                        L"Section", L"Schedule"});
     const auto time = [](std::int64_t instant) {
-        return instant == 0 ? std::string() : FormatSecond(instant);
+        return instant == 0 ? std::wstring() : FormatSecond(instant);
     };
     for (const TaskReport& report : reports) {
         const CSCVShchedulerTask& task = *report.task;
-        AppendCsvRow(text, {task.m_bEnable != 0 ? "yes" : "no", Join(task.m_strProjectPath),
-                            time(task.m_tLastRunTime), Join(task.m_strLastRunResult), time(report.NextRun()),
-                            Join(task.BuildCommandLine()), Join(task.m_strIniSection), report.schedule});
+        AppendCsvRow(text, {task.m_bEnable != 0 ? L"yes" : L"no", task.m_strProjectPath,
+                            time(task.m_tLastRunTime), task.m_strLastRunResult, time(report.NextRun()),
+                            task.BuildCommandLine(), task.m_strIniSection, report.schedule});
     }
     return text;
 }
 
 std::string NextRunsAsCsv(const std::vector<TaskReport>& reports) {
     std::string text(kCsvStart);
-    AppendCsvRow(text, {"Run", "Project"});
+    AppendCsvRow(text, {L"Run", L"Project"});
     for (const TaskReport& report : reports) {
-        const std::string project = Join(report.task->m_strProjectPath);
+        const std::wstring& project = report.task->m_strProjectPath;
         for (const std::int64_t run : report.runs) {
             AppendCsvRow(text, {FormatSecond(run), project});
         }
         if (report.runs.empty()) {
-            AppendCsvRow(text, {"", project});
+            AppendCsvRow(text, {L"", project});
         }
     }
     return text;
@@ -171,10 +170,11 @@ std::string NextRunsAsCsv(const std::vector<TaskReport>& reports) {
 std::string NextRunsAsText(const std::vector<TaskReport>& reports) {
     std::string text;
     for (const TaskReport& report : reports) {
-        const std::string path = ToUtf8(report.task->m_strProjectPath);
-        const std::string words = report.schedule.empty() ? std::string() : "  " + report.schedule;
+        const std::wstring& path = report.task->m_strProjectPath;
+        const std::wstring words = report.schedule.empty() ? std::wstring() : L"  " + report.schedule;
         for (const std::int64_t run : report.runs) {
-            text += Join(FormatSecond(run), "  ", path, run == report.NextRun() ? words : "", "\n");
+            text +=
+                Join(FormatSecond(run), "  ", path, run == report.NextRun() ? words : std::wstring(), "\n");
         }
         if (!report.error.empty()) {
             text += Join("cannot be computed   ", path, " (", report.error, ")\n");
@@ -189,8 +189,8 @@ std::string NextRunsAsText(const std::vector<TaskReport>& reports) {
 std::string FindingsAsText(const std::wstring& list, const std::vector<Finding>& findings) {
     std::string text;
     for (const Finding& finding : findings) {
-        text += ToUtf8(finding.project.empty() ? list : finding.project);
-        text += " [" + ToUtf8(finding.section) + "]: " + finding.message + '\n';
+        text += Join(finding.project.empty() ? list : finding.project, " [", finding.section,
+                     "]: ", finding.message, "\n");
     }
     return text;
 }

@@ -13,7 +13,7 @@ class IShell;
 struct Finding {
     std::wstring project;  // empty for a finding about the list itself
     std::wstring section;
-    std::string message;  // a sentence without a full stop, in UTF-8
+    std::wstring message;  // a sentence without a full stop
 };
 
 // All findings about a list seen from `now`: `profile` is its text and `tasks` what was loaded from it. Looks

@@ -10,7 +10,7 @@
 #include "core/platform/LocalTime.h"
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "util/Utf8.h"
+#include "util/ExceptionText.h"
 
 namespace {
 
@@ -20,8 +20,8 @@ std::int64_t NextRunTime(const CSCVShchedulerTask& task, std::int64_t now) {
         return task.GetNextRunTime(now);
     } catch (const std::invalid_argument&) {
         throw std::invalid_argument(
-            "The project " + ToUtf8(task.m_strProjectPath) +
-            " has an impossible start time. Untick it, delete it, or set a new start.");
+            ToWhat(L"The project " + task.m_strProjectPath +
+                   L" has an impossible start time. Untick it, delete it, or set a new start."));
     }
 }
 

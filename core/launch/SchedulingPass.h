@@ -19,7 +19,7 @@ struct PassRun {
 // Launches every enabled task of the array that is due, in array order, and saves each launched task at once
 // to the file and section that it came from. A failed launch is recorded and saved like a successful one.
 // Follows a change of the system's time zone. `onRun` is called after each launch has been saved; false ends
-// the pass. It may change the array. Throws std::invalid_argument, with a sentence in UTF-8 that names
+// the pass. It may change the array. Throws std::invalid_argument, with a sentence (FromWhat) that names
 // project and remedy, for a task whose next run cannot be computed; the tasks before it have been launched
 // and saved by then.
 //

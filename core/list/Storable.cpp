@@ -6,7 +6,6 @@
 #include "core/task/SCVShchedulerTask.h"
 #include "core/task/TaskSwitches.h"
 #include "util/CaseFold.h"
-#include "util/Utf8.h"
 
 namespace {
 
@@ -14,13 +13,13 @@ bool HasControlCharacter(const std::wstring& text) {
     return std::any_of(text.begin(), text.end(), [](wchar_t unit) { return unit < L' '; });
 }
 
-std::string TooLong(const char* what, std::size_t length) {
-    return std::string(what) + " takes " + std::to_string(length) + " characters, of which the list keeps " +
-           std::to_string(kLongestText);
+std::wstring TooLong(const wchar_t* what, std::size_t length) {
+    return what + (L" takes " + std::to_wstring(length)) + L" characters, of which the list keeps " +
+           std::to_wstring(kLongestText);
 }
 
-std::string Changed(const std::string& what, const std::wstring& text) {
-    return "the list cannot keep " + what + " '" + ToUtf8(text) + "'";
+std::wstring Changed(const std::wstring& what, const std::wstring& text) {
+    return L"the list cannot keep " + what + L" '" + text + L"'";
 }
 
 // Whether a text of the task is read back from the file unchanged. A double quote inside can be read back,
@@ -30,18 +29,20 @@ bool Survives(const TaskFields& task, const TaskFields& read, std::wstring TaskF
 }
 
 // How a command of the task differs from the one that was read back; empty when it does not.
-std::string WhyChanged(const TaskSwitch& row, const TaskFields& task, const TaskFields& read) {
+std::wstring WhyChanged(const TaskSwitch& row, const TaskFields& task, const TaskFields& read) {
+    const std::string_view option = row.name;
+    const std::wstring name(option.begin(), option.end());
     const bool isOn = row.IsOn(task);
     if (isOn && row.text != nullptr && !Survives(task, read, row.text)) {
-        return Changed(row.name, task.*row.text);
+        return Changed(name, task.*row.text);
     }
     if (isOn != (read.*row.flag != 0)) {
-        return std::string("the list cannot keep ") + row.name + (isOn ? " on" : " off");
+        return L"the list cannot keep " + name + (isOn ? L" on" : L" off");
     }
     if (isOn && row.hasElement &&
         !(Survives(task, read, &TaskFields::m_strInputElementName) &&
           Survives(task, read, &TaskFields::m_strInputElementId))) {
-        return Changed("the input element",
+        return Changed(L"the input element",
                        task.m_strInputElementName + L"' or '" + task.m_strInputElementId);
     }
     return {};
@@ -49,25 +50,25 @@ std::string WhyChanged(const TaskSwitch& row, const TaskFields& task, const Task
 
 }  // namespace
 
-std::string WhyNotStorable(const CSCVShchedulerTask& task) {
+std::wstring WhyNotStorable(const CSCVShchedulerTask& task) {
     const std::wstring commandLine = DoubledApostrophes(task.BuildCommandLine());
     const std::wstring result = DoubledApostrophes(task.m_strLastRunResult);
     if (HasControlCharacter(commandLine) || HasControlCharacter(result)) {
-        return "a control character stands in one of its texts";
+        return L"a control character stands in one of its texts";
     }
     if (commandLine.size() > kLongestText) {
-        return TooLong("its command line", commandLine.size());
+        return TooLong(L"its command line", commandLine.size());
     }
     if (result.size() > kLongestText) {
-        return TooLong("its last result", result.size());
+        return TooLong(L"its last result", result.size());
     }
     CSCVShchedulerTask read;
     read.ParseCommandLine(commandLine);
     if (!Survives(task, read, &TaskFields::m_strProjectPath)) {
-        return Changed("the project", task.m_strProjectPath);
+        return Changed(L"the project", task.m_strProjectPath);
     }
     for (const TaskSwitch& row : kTaskSwitches) {
-        if (std::string why = WhyChanged(row, task, read); !why.empty()) {
+        if (std::wstring why = WhyChanged(row, task, read); !why.empty()) {
             return why;
         }
     }

@@ -8,7 +8,7 @@ class CSCVShchedulerTask;
 // Why the list file would change this task, in a few words; empty when the file keeps it as it is. The file
 // has no escapes: quotes, overlong texts and control characters do not survive in it. Apostrophes count as
 // surviving although the file doubles them; see HoldsApostrophe.
-[[nodiscard]] std::string WhyNotStorable(const CSCVShchedulerTask& task);
+[[nodiscard]] std::wstring WhyNotStorable(const CSCVShchedulerTask& task);
 
 // Whether the task's command line holds an apostrophe, which the file doubles, so that a project or file of
 // that name would not be found again.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 
 #include "core/platform/LocalTime.h"
 #include "core/schedule/TimeText.h"
@@ -61,53 +60,51 @@ bool IsSameDate(const LocalTime& left, const LocalTime& right) {
 }
 
 // "23 Nov 2026"
-std::string DateInWords(const LocalTime& local) {
-    constexpr std::array kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                    "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+std::wstring DateInWords(const LocalTime& local) {
+    constexpr std::array kMonths = {L"Jan", L"Feb", L"Mar", L"Apr", L"May", L"Jun",
+                                    L"Jul", L"Aug", L"Sep", L"Oct", L"Nov", L"Dec"};
     return local.hour < 0
-               ? "an impossible date"
-               : std::to_string(local.day) + ' ' + kMonths.at(static_cast<std::size_t>(local.month) - 1) +
-                     ' ' + std::to_string(local.year);
+               ? L"an impossible date"
+               : std::to_wstring(local.day) + L' ' + kMonths.at(static_cast<std::size_t>(local.month) - 1) +
+                     L' ' + std::to_wstring(local.year);
 }
 
 // "08:00"
-std::string TimeInWords(const LocalTime& local) {
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%02d:%02d", local.hour, local.minute);
-    return local.hour < 0 ? "an impossible time" : text.data();
+std::wstring TimeInWords(const LocalTime& local) {
+    return local.hour < 0 ? L"an impossible time" : FormatTimeOfDay(MinuteOfDay(local));
 }
 
-std::string At(std::int64_t instant) {
+std::wstring At(std::int64_t instant) {
     const LocalTime local = ToLocalTime(instant);
-    return DateInWords(local) + " at " + TimeInWords(local);
+    return DateInWords(local) + L" at " + TimeInWords(local);
 }
 
-std::string EveryInWords(const CSCVShchedulerTask& task) {
+std::wstring EveryInWords(const CSCVShchedulerTask& task) {
     const std::int64_t minutes = task.EveryMinutes();
     if (task.m_nEveryUnit == 1 && task.m_nEveryValue > 1) {
-        return "every " + std::to_string(task.m_nEveryValue) + " hours";
+        return L"every " + std::to_wstring(task.m_nEveryValue) + L" hours";
     }
-    return minutes == 1 ? "every minute" : "every " + std::to_string(minutes) + " minutes";
+    return minutes == 1 ? L"every minute" : L"every " + std::to_wstring(minutes) + L" minutes";
 }
 
-std::string UntilInWords(const CSCVShchedulerTask& task) {
-    return "until " + TimeInWords(ToLocalTime(task.m_tUntilTime));
+std::wstring UntilInWords(const CSCVShchedulerTask& task) {
+    return L"until " + TimeInWords(ToLocalTime(task.m_tUntilTime));
 }
 
 // "on Mon, Wen and Thu", "every day"
-std::string DaysInWords(const CSCVShchedulerTask& task) {
-    std::vector<std::string> names;
+std::wstring DaysInWords(const CSCVShchedulerTask& task) {
+    std::vector<std::wstring> names;
     for (const TaskDay& day : kTaskDays) {
         if (task.*day.flag != 0) {
             names.emplace_back(day.name);
         }
     }
     if (names.size() == std::size(kTaskDays)) {
-        return "every day";
+        return L"every day";
     }
-    std::string text = "on ";
+    std::wstring text = L"on ";
     for (std::size_t i = 0; i < names.size(); ++i) {
-        text += i == 0 ? "" : i + 1 == names.size() ? " and " : ", ";
+        text += i == 0 ? L"" : i + 1 == names.size() ? L" and " : L", ";
         text += names[i];
     }
     return text;
@@ -118,30 +115,30 @@ std::vector<ClockChange> ChangesThatMatter(const CSCVShchedulerTask& task, std::
 }
 
 // ", only on 23 Nov 2026; ends for good", "; ends for good on ..." or nothing.
-std::string EndInWords(const CSCVShchedulerTask& task, std::int64_t now,
-                       const std::vector<ClockChange>& changes) {
+std::wstring EndInWords(const CSCVShchedulerTask& task, std::int64_t now,
+                        const std::vector<ClockChange>& changes) {
     const std::optional<std::int64_t> last = LastRunForGood(task, now, changes);
     if (!last) {
         return {};
     }
     if (*last == 0) {
-        return "; has ended for good";
+        return L"; has ended for good";
     }
     const LocalTime end = ToLocalTime(*last);
     const LocalTime next = ToLocalTime(task.GetNextRunTime(now));
-    return IsSameDate(next, end) ? ", only on " + DateInWords(end) + "; ends for good"
-                                 : "; ends for good on " + DateInWords(end);
+    return IsSameDate(next, end) ? L", only on " + DateInWords(end) + L"; ends for good"
+                                 : L"; ends for good on " + DateInWords(end);
 }
 
 // The weekday and Every rules together, without what months add.
-std::string RepeatsInWords(const CSCVShchedulerTask& task, const std::string& time) {
+std::wstring RepeatsInWords(const CSCVShchedulerTask& task, const std::wstring& time) {
     const bool isWeekly = task.HasWeekdayRepeat() != 0;
     if (task.IsEveryActive()) {
-        const std::string window = isWeekly ? DaysInWords(task) + " from 00:00 " : "";
-        return window + (isWeekly ? UntilInWords(task) + ", " + EveryInWords(task)
-                                  : EveryInWords(task) + ' ' + UntilInWords(task));
+        const std::wstring window = isWeekly ? DaysInWords(task) + L" from 00:00 " : L"";
+        return window + (isWeekly ? UntilInWords(task) + L", " + EveryInWords(task)
+                                  : EveryInWords(task) + L' ' + UntilInWords(task));
     }
-    return isWeekly ? DaysInWords(task) + " at " + time : std::string();
+    return isWeekly ? DaysInWords(task) + L" at " + time : std::wstring();
 }
 
 }  // namespace
@@ -162,56 +159,57 @@ std::optional<std::int64_t> LastRunForGood(const CSCVShchedulerTask& task, std::
     return last == start ? first : last;
 }
 
-std::string EndForGoodText(const CSCVShchedulerTask& task, std::int64_t now,
-                           const std::vector<ClockChange>& changes) {
+std::wstring EndForGoodText(const CSCVShchedulerTask& task, std::int64_t now,
+                            const std::vector<ClockChange>& changes) {
     const std::optional<std::int64_t> last = LastRunForGood(task, now, changes);
     if (!last) {
         return {};
     }
     if (*last == 0) {
-        return "has ended for good, as the next run would be later than the until time";
+        return L"has ended for good, as the next run would be later than the until time";
     }
-    const std::string when = FormatMinute(*last);
+    const std::wstring when = FormatMinute(*last);
     constexpr std::size_t kDate = 10;
-    return "ends for good on " + when.substr(0, kDate) + " with the run of " +
+    return L"ends for good on " + when.substr(0, kDate) + L" with the run of " +
            when.substr(std::min(kDate + 1, when.size()));
 }
 
-std::vector<std::string> ScheduleWarnings(const CSCVShchedulerTask& task, std::int64_t now) {
-    std::vector<std::string> warnings;
-    if (std::string end = EndForGoodText(task, now, ChangesThatMatter(task, now)); !end.empty()) {
+std::vector<std::wstring> ScheduleWarnings(const CSCVShchedulerTask& task, std::int64_t now) {
+    std::vector<std::wstring> warnings;
+    if (std::wstring end = EndForGoodText(task, now, ChangesThatMatter(task, now)); !end.empty()) {
         warnings.push_back(std::move(end));
     }
     if (task.IsEveryActive() && task.HasWeekdayRepeat() != 0) {
-        warnings.emplace_back("with days ticked, Every begins at 00:00");
+        warnings.emplace_back(L"with days ticked, Every begins at 00:00");
     }
     return warnings;
 }
 
-std::string ScheduleInWords(const CSCVShchedulerTask& task, std::int64_t now) {
+std::wstring ScheduleInWords(const CSCVShchedulerTask& task, std::int64_t now) {
     return ScheduleInWords(task, now, ChangesThatMatter(task, now));
 }
 
-std::string ScheduleInWords(const CSCVShchedulerTask& task, std::int64_t now,
-                            const std::vector<ClockChange>& changes) {
+std::wstring ScheduleInWords(const CSCVShchedulerTask& task, std::int64_t now,
+                             const std::vector<ClockChange>& changes) {
     const bool isMonthly = task.m_bRepeatOnMonthly != 0;
-    const std::string time = TimeInWords(ToLocalTime(task.m_tStartTime));
-    std::string repeats = RepeatsInWords(task, time);
+    const std::wstring time = TimeInWords(ToLocalTime(task.m_tStartTime));
+    std::wstring repeats = RepeatsInWords(task, time);
     if (repeats.empty() && !isMonthly) {
         const bool hasRun = task.m_tStartTime <= now && task.m_tLastRunTime != 0;
-        return hasRun ? "once; has run" : "once, on " + At(task.m_tStartTime);
+        return hasRun ? L"once; has run" : L"once, on " + At(task.m_tStartTime);
     }
     if (isMonthly) {
         repeats +=
-            (repeats.empty() ? "on day 1 of each month at " : " and on day 1 of each month at ") + time;
+            (repeats.empty() ? L"on day 1 of each month at " : L" and on day 1 of each month at ") + time;
     }
-    const std::string end = EndInWords(task, now, changes);
-    const bool isFirstAhead = task.m_tStartTime > now && !end.starts_with(',');
-    return (isFirstAhead ? "first on " + At(task.m_tStartTime) + ", then " : "") + repeats + end;
+    const std::wstring end = EndInWords(task, now, changes);
+    const bool isFirstAhead = task.m_tStartTime > now && !end.starts_with(L',');
+    return (isFirstAhead ? L"first on " + At(task.m_tStartTime) + L", then " : L"") + repeats + end;
 }
 
-std::string FormatWithWeekday(std::int64_t instant) {
+std::wstring FormatWithWeekday(std::int64_t instant) {
     const LocalTime local = ToLocalTime(instant);
-    return instant == 0 || local.hour < 0 ? FormatMinute(instant)
-                                          : TaskDayOf(local.weekday).name + (' ' + FormatMinute(instant));
+    return instant == 0 || local.hour < 0
+               ? FormatMinute(instant)
+               : std::wstring(TaskDayOf(local.weekday).name) + L' ' + FormatMinute(instant);
 }

@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <cstdio>
+#include <cwchar>
 #include <stdexcept>
 
 #include "core/platform/LocalTime.h"
@@ -37,23 +37,20 @@ bool HasShape(std::string_view text, std::string_view pattern) {
     return true;
 }
 
-std::string Format(std::int64_t instant, bool seconds) {
+std::wstring Format(std::int64_t instant, bool seconds) {
     if (instant == 0) {
-        return "-";
+        return L"-";
     }
     const LocalTime local = ToLocalTime(instant);
     if (local.hour < 0) {
-        return std::to_string(instant);
+        return std::to_wstring(instant);
     }
-    std::array<char, 80> text{};
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d %02d:%02d", local.year, local.month, local.day,
-                  local.hour, local.minute);
-    std::string result = text.data();
-    if (seconds) {
-        std::snprintf(text.data(), text.size(), ":%02d", local.second);
-        result += text.data();
-    }
-    return result;
+    std::array<wchar_t, 80> text{};
+    std::swprintf(text.data(), text.size(), L"%04d-%02d-%02d %02d:%02d:%02d", local.year, local.month,
+                  local.day, local.hour, local.minute, local.second);
+    constexpr std::size_t kSeconds = 3;
+    std::wstring result = text.data();
+    return seconds ? result : result.substr(0, result.size() - kSeconds);
 }
 
 }  // namespace
@@ -100,10 +97,16 @@ std::optional<int> ParseTimeOfDay(std::string_view text) {
     return hour < 24 && minute < 60 ? std::optional(static_cast<int>(hour * 60 + minute)) : std::nullopt;
 }
 
-std::string FormatMinute(std::int64_t instant) {
+std::wstring FormatTimeOfDay(int minute) {
+    std::array<wchar_t, 32> text{};
+    std::swprintf(text.data(), text.size(), L"%02d:%02d", minute / 60, minute % 60);
+    return text.data();
+}
+
+std::wstring FormatMinute(std::int64_t instant) {
     return Format(instant, false);
 }
 
-std::string FormatSecond(std::int64_t instant) {
+std::wstring FormatSecond(std::int64_t instant) {
     return Format(instant, true);
 }

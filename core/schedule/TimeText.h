@@ -15,7 +15,10 @@
 // The minute of the day of "18:00"; nothing when the text is no such time.
 [[nodiscard]] std::optional<int> ParseTimeOfDay(std::string_view text);
 
+// "18:00" for minute 1080 of the day.
+[[nodiscard]] std::wstring FormatTimeOfDay(int minute);
+
 // "2024-03-31 02:30" in local time; "-" for 0; the number of seconds for an instant that has no local time.
-[[nodiscard]] std::string FormatMinute(std::int64_t instant);
+[[nodiscard]] std::wstring FormatMinute(std::int64_t instant);
 // As FormatMinute, to the second.
-[[nodiscard]] std::string FormatSecond(std::int64_t instant);
+[[nodiscard]] std::wstring FormatSecond(std::int64_t instant);

@@ -4,23 +4,21 @@
 #include <iterator>
 
 #include "util/CaseFold.h"
-#include "util/Utf8.h"
 
-const TaskDay* FindTaskDay(std::string_view name) {
-    const std::wstring wanted = FromUtf8(name);
-    if (EqualNoCase(wanted, L"wed")) {
+const TaskDay* FindTaskDay(std::wstring_view name) {
+    if (EqualNoCase(name, L"wed")) {
         return &kTaskDays[2];
     }
     const auto* day = std::find_if(std::begin(kTaskDays), std::end(kTaskDays), [&](const TaskDay& candidate) {
-        return EqualNoCase(wanted, FromUtf8(candidate.name));
+        return EqualNoCase(name, candidate.name);
     });
     return day == std::end(kTaskDays) ? nullptr : day;
 }
 
-std::string TaskDayNames() {
-    std::string names;
+std::wstring TaskDayNames() {
+    std::wstring names;
     for (const TaskDay& day : kTaskDays) {
-        names += names.empty() ? "" : &day == std::end(kTaskDays) - 1 ? " and " : ", ";
+        names += names.empty() ? L"" : &day == std::end(kTaskDays) - 1 ? L" and " : L", ";
         names += day.name;
     }
     return names;

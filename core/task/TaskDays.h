@@ -8,18 +8,18 @@
 
 // The weekdays, Monday first. "Wen" is what window, list file, reports and JSON call Wednesday.
 struct TaskDay {
-    const char* name;
+    std::wstring_view name;
     std::wstring_view key;  // in the list file
     std::int32_t TaskFields::*flag;
 };
 inline constexpr TaskDay kTaskDays[] = {
-    {"Mon", L"RepeatOnMon", &TaskFields::m_bRepeatOnMon},
-    {"Tue", L"RepeatOnTue", &TaskFields::m_bRepeatOnTue},
-    {"Wen", L"RepeatOnWen", &TaskFields::m_bRepeatOnWen},
-    {"Thu", L"RepeatOnThu", &TaskFields::m_bRepeatOnThu},
-    {"Fri", L"RepeatOnFri", &TaskFields::m_bRepeatOnFri},
-    {"Sat", L"RepeatOnSat", &TaskFields::m_bRepeatOnSat},
-    {"Sun", L"RepeatOnSun", &TaskFields::m_bRepeatOnSun},
+    {L"Mon", L"RepeatOnMon", &TaskFields::m_bRepeatOnMon},
+    {L"Tue", L"RepeatOnTue", &TaskFields::m_bRepeatOnTue},
+    {L"Wen", L"RepeatOnWen", &TaskFields::m_bRepeatOnWen},
+    {L"Thu", L"RepeatOnThu", &TaskFields::m_bRepeatOnThu},
+    {L"Fri", L"RepeatOnFri", &TaskFields::m_bRepeatOnFri},
+    {L"Sat", L"RepeatOnSat", &TaskFields::m_bRepeatOnSat},
+    {L"Sun", L"RepeatOnSun", &TaskFields::m_bRepeatOnSun},
 };
 
 // Weekdays count from 0, Sunday, to 6, Saturday.
@@ -28,7 +28,7 @@ inline constexpr TaskDay kTaskDays[] = {
 }
 
 // The day of a name in any case, "Wed" as well as "Wen"; null when there is none.
-[[nodiscard]] const TaskDay* FindTaskDay(std::string_view name);
+[[nodiscard]] const TaskDay* FindTaskDay(std::wstring_view name);
 
 // "Mon, Tue, Wen, Thu, Fri, Sat and Sun"
-[[nodiscard]] std::string TaskDayNames();
+[[nodiscard]] std::wstring TaskDayNames();

@@ -20,7 +20,7 @@ struct TaskSwitch {
 
     std::wstring_view letters;  // L"at": "-at" on the command line
     const char* name;           // option "--name" of add and set, key "name" in JSON
-    const char* caption;        // as in the window; empty: neither the window nor the options offer it
+    std::wstring_view caption;  // as in the window; empty: neither the window nor the options offer it
     std::int32_t TaskFields::*flag;
     Argument argument = Argument::None;
     std::wstring TaskFields::*text = nullptr;  // null for None
@@ -39,25 +39,25 @@ struct TaskSwitch {
 // In the order in which they are written. Reading knows one more, "-rft", which means nothing, like any token
 // that is not found here.
 inline constexpr TaskSwitch kTaskSwitches[] = {
-    {L"rt", "reset-urls", "Reset Project URLs", &TaskFields::m_bResetUrls},
-    {L"dt", "delete-urls", "Delete Project URLs", &TaskFields::m_bDeleteUrls},
-    {L"dr", "delete-results", "Delete Results", &TaskFields::m_bDeleteResults},
-    {L"at", "add-urls", "Add new URLs from file", &TaskFields::m_bAddUrls, TaskSwitch::Argument::Required,
+    {L"rt", "reset-urls", L"Reset Project URLs", &TaskFields::m_bResetUrls},
+    {L"dt", "delete-urls", L"Delete Project URLs", &TaskFields::m_bDeleteUrls},
+    {L"dr", "delete-results", L"Delete Results", &TaskFields::m_bDeleteResults},
+    {L"at", "add-urls", L"Add new URLs from file", &TaskFields::m_bAddUrls, TaskSwitch::Argument::Required,
      &TaskFields::m_strUrlsFile},
-    {L"gt", "generate-urls", "Generate new URLs using script", &TaskFields::m_bGenerateUrls,
+    {L"gt", "generate-urls", L"Generate new URLs using script", &TaskFields::m_bGenerateUrls,
      TaskSwitch::Argument::Required, &TaskFields::m_strScriptFile},
-    {L"aiv", "import-values", "Import input values from file", &TaskFields::m_bImportInputValues,
+    {L"aiv", "import-values", L"Import input values from file", &TaskFields::m_bImportInputValues,
      TaskSwitch::Argument::Required, &TaskFields::m_strInputValuesFile, true},
-    {L"s", "start-project", "Start Project", &TaskFields::m_bStart},
-    {L"rs", "restart-project", "Restart Project", &TaskFields::m_bRestart},
-    {L"ddr", "ddr", "", &TaskFields::m_bDdrSwitch},
-    {L"fr", "apply-filter", "Apply Results Filter", &TaskFields::m_bApplyFilter,
+    {L"s", "start-project", L"Start Project", &TaskFields::m_bStart},
+    {L"rs", "restart-project", L"Restart Project", &TaskFields::m_bRestart},
+    {L"ddr", "ddr", L"", &TaskFields::m_bDdrSwitch},
+    {L"fr", "apply-filter", L"Apply Results Filter", &TaskFields::m_bApplyFilter,
      TaskSwitch::Argument::Optional, &TaskFields::m_strFilterArgument},
-    {L"qe", "export-results", "Export Results", &TaskFields::m_bExportResults, TaskSwitch::Argument::Suffices,
-     &TaskFields::m_strExportFile},
-    {L"eft", "export-failed-urls", "Export failed URLs into file", &TaskFields::m_bExportFailedUrls,
+    {L"qe", "export-results", L"Export Results", &TaskFields::m_bExportResults,
+     TaskSwitch::Argument::Suffices, &TaskFields::m_strExportFile},
+    {L"eft", "export-failed-urls", L"Export failed URLs into file", &TaskFields::m_bExportFailedUrls,
      TaskSwitch::Argument::Required, &TaskFields::m_strFailedUrlsFile},
-    {L"ex", "exit", "Close program when finished", &TaskFields::m_bExit},
+    {L"ex", "exit", L"Close program when finished", &TaskFields::m_bExit},
 };
 
 // The row of a flag, which must be the flag of a switch.

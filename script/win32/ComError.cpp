@@ -1,17 +1,17 @@
 #include "script/win32/ComError.h"
 
-#include "util/Utf8.h"
+#include "util/ExceptionText.h"
 #include "util/win32/ComHandle.h"
 #include "util/win32/SystemError.h"
 
 CComError::CComError(HRESULT result, std::wstring source, const std::wstring& description)
     : std::runtime_error(
-          ToUtf8(description.empty() ? SystemErrorText(static_cast<DWORD>(result)) : description)),
+          ToWhat(description.empty() ? SystemErrorText(static_cast<DWORD>(result)) : description)),
       m_result(result),
       m_source(std::move(source)) {}
 
 std::wstring CComError::Description() const {
-    return FromUtf8(what());
+    return FromWhat(*this);
 }
 
 std::pair<std::wstring, std::wstring> ReportedFailure(IUnknown& object, REFIID interfaceId) {

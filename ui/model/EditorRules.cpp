@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "util/Utf8.h"
+#include "util/ExceptionText.h"
 
 namespace {
 
@@ -32,8 +32,8 @@ void SetStart(CSCVShchedulerTask& task, const LocalTime& start) {
         task.m_tStartTime =
             FromLocalTime(start.year, start.month, start.day, start.hour, start.minute, start.second);
     } catch (const std::invalid_argument&) {
-        throw std::invalid_argument("The project " + ToUtf8(task.m_strProjectPath) +
-                                    " cannot start on that date, so its start stays as it was.");
+        throw std::invalid_argument(ToWhat(L"The project " + task.m_strProjectPath +
+                                           L" cannot start on that date, so its start stays as it was."));
     }
 }
 

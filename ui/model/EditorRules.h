@@ -22,7 +22,7 @@ bool ApplyEditorChange(int id, const stEditorMembers& members, SelectedTasks tas
 
 // After a change of a picker, whose broken-down local time is `picked`. The date keeps hour, minute and
 // second of each task's start; the time of day keeps its date and, on purpose, sets the seconds to 0. The
-// list has to be repainted after each. Throws std::invalid_argument, with a sentence in UTF-8, for a start
+// list has to be repainted after each. Throws std::invalid_argument, with a sentence (FromWhat), for a start
 // that no calendar has; the task that failed and those after it are then as they were.
 void ApplyStartDate(const LocalTime& picked, SelectedTasks tasks);
 void ApplyStartTime(const LocalTime& picked, SelectedTasks tasks);

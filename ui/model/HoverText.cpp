@@ -8,18 +8,17 @@
 #include "core/schedule/NextRuns.h"
 #include "core/schedule/ScheduleText.h"
 #include "core/task/SCVShchedulerTaskArray.h"
-#include "util/Utf8.h"
 
 namespace {
 
 constexpr int kRuns = 5;
 
 // The lines of the schedule; empty when its times cannot be computed, which is then one of the findings.
-std::string ScheduleLines(const CSCVShchedulerTask& task, std::int64_t now) {
+std::wstring ScheduleLines(const CSCVShchedulerTask& task, std::int64_t now) {
     try {
-        std::string lines = "\r\nSchedule: " + ScheduleInWords(task, now);
+        std::wstring lines = L"\r\nSchedule: " + ScheduleInWords(task, now);
         for (const std::int64_t run : NextRuns(task, now, kRuns)) {
-            lines += "\r\nNext: " + FormatWithWeekday(run);
+            lines += L"\r\nNext: " + FormatWithWeekday(run);
         }
         return lines;
     } catch (const std::exception&) {
@@ -34,13 +33,12 @@ std::wstring HoverText(CSCVShchedulerTask& task, const CSCVShchedulerTaskArray& 
     const std::int64_t now = platform.clock.Now();
     std::wstring text = task.m_strProjectPath;
     if (!task.m_strLastRunResult.empty()) {
-        text += L"\r\nLast run: " + FromUtf8(FormatWithWeekday(task.m_tLastRunTime)) + L", " +
-                task.m_strLastRunResult;
+        text += L"\r\nLast run: " + FormatWithWeekday(task.m_tLastRunTime) + L", " + task.m_strLastRunResult;
     }
-    std::string lines = task.m_bEnable == 0 ? "\r\nNot ticked: it does not run by itself." : "";
-    lines += ScheduleLines(task, now);
+    text += task.m_bEnable == 0 ? L"\r\nNot ticked: it does not run by itself." : L"";
+    text += ScheduleLines(task, now);
     for (const Finding& finding : FindProblemsOf(task, tasks, platform.shell, now)) {
-        lines += "\r\nCheck: " + finding.message;
+        text += L"\r\nCheck: " + finding.message;
     }
-    return text + FromUtf8(lines);
+    return text;
 }

@@ -7,6 +7,7 @@
 #include "core/launch/SchedulingPass.h"
 #include "core/platform/Clock.h"
 #include "core/task/ProjectSet.h"
+#include "util/ExceptionText.h"
 
 namespace {
 
@@ -150,12 +151,12 @@ void CListSession::Save(IFileSystem& files) {
     }
 }
 
-std::string CListSession::RunDueProjects(const std::function<void()>& onRun) {
+std::wstring CListSession::RunDueProjects(const std::function<void()>& onRun) {
     if (m_bLaunching) {
         return {};
     }
     const CFlagGuard launching(m_bLaunching);
-    std::string error;
+    std::wstring error;
     try {
         RunSchedulingPass(m_tasks, m_platform, m_claim, [&](const PassRun& run) {
             m_passRecord.Add(m_tasks, run.task);
@@ -163,9 +164,9 @@ std::string CListSession::RunDueProjects(const std::function<void()>& onRun) {
             return !m_bPassEnds;
         });
     } catch (const std::exception& failure) {
-        error = failure.what();
+        error = FromWhat(failure);
     }
-    return std::exchange(m_strPassError, error) == error ? std::string() : error;
+    return std::exchange(m_strPassError, error) == error ? std::wstring() : error;
 }
 
 bool CListSession::RunProject(CSCVShchedulerTask& task) {

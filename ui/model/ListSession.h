@@ -49,9 +49,9 @@ public:
     // time then, and no task may be removed.
     [[nodiscard]] bool IsLaunching() const noexcept { return m_bLaunching; }
     // Launches what is due, unless a launch is going on, and calls `onRun` after each launch. Returns the
-    // error that ended the pass early, in UTF-8. Empty when nothing failed, or when the previous pass failed
+    // error that ended the pass early. Empty when nothing failed, or when the previous pass failed
     // with the same error: it is reported once, not every two seconds.
-    [[nodiscard]] std::string RunDueProjects(const std::function<void()>& onRun);
+    [[nodiscard]] std::wstring RunDueProjects(const std::function<void()>& onRun);
     // For the end of the program: a pass that is going on ends after the project that it is launching.
     void EndPass() noexcept { m_bPassEnds = true; }
     // Launches this task's project without saving the run. Returns false, and does nothing, while another
@@ -78,5 +78,5 @@ private:
     CRetryTicks m_retry;
     bool m_bLaunching = false;
     bool m_bPassEnds = false;
-    std::string m_strPassError;  // of the last pass; empty when it did not fail
+    std::wstring m_strPassError;  // of the last pass; empty when it did not fail
 };

@@ -414,9 +414,9 @@ void CSCVSchedulerDlg::OnTimer() {
     } else if (hadNotice && m_session.Notice().empty()) {
         m_list.Invalidate();
     }
-    const std::string error = m_session.RunDueProjects([this] { OnRun(); });
+    const std::wstring error = m_session.RunDueProjects([this] { OnRun(); });
     if (!error.empty() && !m_bExits) {
-        AfxReportException(error.c_str());
+        AfxReportFailure(error);
     }
     OnLaunchEnded();
 }

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "util/Utf8.h"
+#include "util/ExceptionText.h"
 #include "util/WhiteSpace.h"
 
 std::wstring SystemErrorText(DWORD code) {
@@ -15,5 +15,5 @@ std::wstring SystemErrorText(DWORD code) {
 }
 
 void RaiseSystemError(DWORD code) {
-    throw std::runtime_error(ToUtf8(SystemErrorText(code)));
+    throw std::runtime_error(ToWhat(SystemErrorText(code)));
 }

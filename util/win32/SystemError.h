@@ -8,5 +8,5 @@
 // that it has no text for. In the user's language.
 [[nodiscard]] std::wstring SystemErrorText(DWORD code);
 
-// Throws std::runtime_error with that text in UTF-8.
+// Throws std::runtime_error with that text (FromWhat).
 [[noreturn]] void RaiseSystemError(DWORD code);

@@ -22,14 +22,14 @@ protected:
     // Whether it is enabled, its start and how it repeats.
     std::string Rule(const std::wstring& project) {
         const CSCVShchedulerTask& task = Find(project);
-        std::string rule = std::to_string(task.m_bEnable) + " " + FormatMinute(task.m_tStartTime) + " | ";
+        std::string rule = Join(std::to_string(task.m_bEnable), " ", FormatMinute(task.m_tStartTime), " | ");
         for (const TaskDay& day : kTaskDays) {
-            rule += task.*day.flag != 0 ? std::string(day.name) + " " : "";
+            rule += task.*day.flag != 0 ? Join(day.name, " ") : "";
         }
         rule += task.m_bRepeatOnMonthly != 0 ? "monthly " : "";
         rule += task.m_bEnableEvery != 0 ? "every " : "";
-        return rule + std::to_string(task.m_nEveryValue) + (task.m_nEveryUnit == 1 ? "h" : "m") + " until " +
-               FormatMinute(task.m_tUntilTime).substr(11);
+        return Join(rule, std::to_string(task.m_nEveryValue), task.m_nEveryUnit == 1 ? "h" : "m", " until ",
+                    FormatMinute(task.m_tUntilTime).substr(11));
     }
 
     CSCVShchedulerTaskArray tasks;

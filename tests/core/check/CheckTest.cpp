@@ -8,6 +8,7 @@
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"
 #include "tests/support/LocalZone.h"
+#include "util/Utf8.h"
 
 namespace {
 
@@ -24,9 +25,9 @@ protected:
         ASSERT_EQ(tasks.Load(files, list), 1);
         const auto findings = FindProblems(*ReadProfile(files, list).profile, tasks, shell, now);
         ASSERT_EQ(findings.size(), expected.size())
-            << sections << (findings.empty() ? "" : findings[0].message);
+            << sections << (findings.empty() ? "" : ToUtf8(findings[0].message));
         for (std::size_t i = 0; i < expected.size(); ++i) {
-            EXPECT_THAT(findings[i].message, testing::HasSubstr(expected[i])) << sections;
+            EXPECT_THAT(ToUtf8(findings[i].message), testing::HasSubstr(expected[i])) << sections;
         }
     }
     void ExpectOfTask(const std::string& keys, const Texts& expected) {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "core/task/SCVShchedulerTask.h"
+#include "util/Utf8.h"
 
 // What the list file would change in a task is refused, with the reason.
 TEST(Storable, RefusesWhatTheFileWouldChange) {
@@ -31,7 +32,7 @@ TEST(Storable, RefusesWhatTheFileWouldChange) {
         Task task;
         task.m_strProjectPath = L"C:\\a.scvpr";
         row.make(task);
-        const std::string why = WhyNotStorable(task);
+        const std::string why = ToUtf8(WhyNotStorable(task));
         EXPECT_EQ(why.empty(), *row.why == '\0') << row.label << ": " << why;
         EXPECT_THAT(why, testing::HasSubstr(row.why)) << row.label;
     }

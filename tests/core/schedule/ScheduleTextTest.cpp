@@ -18,33 +18,33 @@ TEST(ScheduleText, SaysEachKindOfSchedule) {
     const struct {
         const char* label;
         Rules rules;
-        const char* words;
-        std::vector<std::string> warnings = {};
+        const wchar_t* words;
+        std::vector<std::wstring> warnings = {};
     } cases[] = {
-        {"once", {.start = At(23, 8)}, "once, on 23 Nov 2026 at 08:00"},
-        {"once, over", {.start = At(2, 8), .last = At(2, 8)}, "once; has run"},
+        {"once", {.start = At(23, 8)}, L"once, on 23 Nov 2026 at 08:00"},
+        {"once, over", {.start = At(2, 8), .last = At(2, 8)}, L"once; has run"},
         {"the guide's first example",
          {.start = At(23, 8), .isEvery = true, .unit = 1, .until = At(1, 18)},
-         "every 60 minutes until 18:00, only on 23 Nov 2026; ends for good",
-         {"ends for good on 2026-11-23 with the run of 18:00"}},
+         L"every 60 minutes until 18:00, only on 23 Nov 2026; ends for good",
+         {L"ends for good on 2026-11-23 with the run of 18:00"}},
         {"over midnight, then the end",
          {.start = At(23, 8), .isEvery = true, .every = 7, .unit = 1, .until = At(1, 22)},
-         "first on 23 Nov 2026 at 08:00, then every 7 hours until 22:00; ends for good on 25 Nov 2026",
-         {"ends for good on 2026-11-25 with the run of 16:00"}},
+         L"first on 23 Nov 2026 at 08:00, then every 7 hours until 22:00; ends for good on 25 Nov 2026",
+         {L"ends for good on 2026-11-25 with the run of 16:00"}},
         {"has ended",
          {.start = At(2, 8), .last = At(2, 18), .isEvery = true, .unit = 1, .until = At(1, 18)},
-         "every 60 minutes until 18:00; has ended for good",
-         {"has ended for good, as the next run would be later than the until time"}},
+         L"every 60 minutes until 18:00; has ended for good",
+         {L"has ended for good, as the next run would be later than the until time"}},
         {"weekdays",
          {.start = At(2, 8), .last = At(2, 8), .days = kMon | kWed | kSun},
-         "on Mon, Wen and Sun at 08:00"},
+         L"on Mon, Wen and Sun at 08:00"},
         {"a window of days",
          {.start = At(23, 8), .days = kDaily, .isEvery = true, .every = 2, .unit = 1, .until = At(1, 18)},
-         "first on 23 Nov 2026 at 08:00, then every day from 00:00 until 18:00, every 2 hours",
-         {"with days ticked, Every begins at 00:00"}},
+         L"first on 23 Nov 2026 at 08:00, then every day from 00:00 until 18:00, every 2 hours",
+         {L"with days ticked, Every begins at 00:00"}},
         {"months beside Every",
          {.start = At(2, 8), .last = At(2, 8), .monthly = true, .isEvery = true, .until = At(1, 18)},
-         "every minute until 18:00 and on day 1 of each month at 08:00"},
+         L"every minute until 18:00 and on day 1 of each month at 08:00"},
     };
     for (const auto& row : cases) {
         CSCVShchedulerTask task;

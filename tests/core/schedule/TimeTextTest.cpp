@@ -19,7 +19,7 @@ TEST(TimeText, OnlyWhatACalendarHoldsIsRead) {
     for (const char* text : {"", "1805", "24:00", "12:60", "1:05", "12:5", "-1:05", "12:05:00"}) {
         EXPECT_FALSE(ParseTimeOfDay(text)) << text;
     }
-    EXPECT_EQ(FormatMinute(0), "-");
+    EXPECT_EQ(FormatMinute(0), L"-");
     constexpr std::int64_t kBeyondAnyCalendar = std::int64_t{1} << 60;
-    EXPECT_EQ(FormatMinute(kBeyondAnyCalendar), std::to_string(kBeyondAnyCalendar));
+    EXPECT_EQ(FormatMinute(kBeyondAnyCalendar), std::to_wstring(kBeyondAnyCalendar));
 }

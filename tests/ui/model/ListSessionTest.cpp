@@ -57,7 +57,7 @@ protected:
     FakeShell shell;
     std::optional<CListSession> session;
     int runs = 0;
-    std::vector<std::string> errors;
+    std::vector<std::wstring> errors;
 
 private:
     static Texts ProjectsOf(const CSCVShchedulerTaskArray& tasks) {
@@ -332,9 +332,9 @@ TEST_F(ListSession, PassThatFailsIsReportedOnce) {
     Task(1).m_bEnable = 1;
     RunDue();
     ASSERT_EQ(errors.size(), 4U);
-    EXPECT_NE(errors[0], "");
-    EXPECT_EQ(errors[1], "") << "the same again";
-    EXPECT_EQ(errors[2], "");
+    EXPECT_NE(errors[0], L"");
+    EXPECT_EQ(errors[1], L"") << "the same again";
+    EXPECT_EQ(errors[2], L"");
     EXPECT_EQ(errors[3], errors[0]) << "again after it had gone";
 }
 
