@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -125,65 +126,84 @@ public:
     std::chrono::steady_clock::time_point opened;
 };
 
+// Whether a next run makes the conversions that it needs and no others.
+bool MakesItsConversions(const Path& path, const CSCVShchedulerTask& task, std::int64_t now) {
+    localTimesMade = instantsMade = 0;
+    benchmark::DoNotOptimize(task.GetNextRunTime(now));
+    const bool isExact = localTimesMade == path.localTimes && instantsMade == path.instants;
+    std::printf("%-6s conversions of %s: %d to local time, %d back\n", isExact ? "passed" : "MISSED",
+                path.name, localTimesMade, instantsMade);
+    return isExact;
+}
+
+// The time of a next run, as a multiple of that of its bare conversions.
+double TimesOfBare(const Path& path, const CSCVShchedulerTask& task, std::int64_t now) {
+    constexpr int kRepeats = 5000;
+    double computed = 1e9;
+    double bare = 1e9;
+    for (int round = 0; round < 15; ++round) {  // in turn, so that both run at the same speed
+        computed = std::min(computed, Milliseconds([&] {
+                                for (int i = 0; i < kRepeats; ++i) {
+                                    benchmark::DoNotOptimize(task.GetNextRunTime(now));
+                                }
+                            }));
+        bare = std::min(bare, Milliseconds([&] {
+                            for (int i = 0; i < kRepeats; ++i) {
+                                Bare(path);
+                            }
+                        }));
+    }
+    return computed / bare;
+}
+
+// Milliseconds of a pass over 100,000 tasks of which none is due; nothing when one was.
+std::optional<double> IdlePass(const Path& path) {
+    List list;
+    list.Fill(100000, path.rules);
+    FakeShell shell;
+    const double pass = Best(
+        [&] {
+            RunSchedulingPass(list.tasks, {list.clock, list.files, shell}, list.claim,
+                              [](const auto&) { return true; });
+        },
+        3);
+    return shell.starts.empty() ? std::optional(pass) : std::nullopt;
+}
+
+// Milliseconds until a pass launches the last of 1,000 tasks, the only one that is due.
+double FirstLaunch(const Path& path, std::int64_t now) {
+    double first = 1e9;
+    for (int round = 0; round < 5; ++round) {
+        List due;
+        due.Fill(999, path.rules);
+        due.Fill(1, {.start = now});
+        CTimingShell timing;
+        const auto begin = std::chrono::steady_clock::now();
+        RunSchedulingPass(due.tasks, {due.clock, due.files, timing}, due.claim,
+                          [](const auto&) { return true; });
+        first = std::min(first, std::chrono::duration<double, std::milli>(timing.opened - begin).count());
+    }
+    return first;
+}
+
 bool JudgeAll() {
     bool areMet = true;
     for (const Path& path : Paths()) {
-        constexpr int kRepeats = 5000;
         const auto judge = [&](const std::string& what, double figure, double limit) {
             areMet &= Judge((what + ", " + path.name).c_str(), figure, limit);
         };
         CSCVShchedulerTask task;
         SetRules(task, path.rules);
         const std::int64_t now = June(8, 10);
-        localTimesMade = instantsMade = 0;
-        benchmark::DoNotOptimize(task.GetNextRunTime(now));
-        const bool isExact = localTimesMade == path.localTimes && instantsMade == path.instants;
-        std::printf("%-6s conversions of %s: %d to local time, %d back\n", isExact ? "passed" : "MISSED",
-                    path.name, localTimesMade, instantsMade);
-        areMet &= isExact;
-        double computed = 1e9;
-        double bare = 1e9;
-        for (int round = 0; round < 15; ++round) {  // in turn, so that both run at the same speed
-            computed = std::min(computed, Milliseconds([&] {
-                                    for (int i = 0; i < kRepeats; ++i) {
-                                        benchmark::DoNotOptimize(task.GetNextRunTime(now));
-                                    }
-                                }));
-            bare = std::min(bare, Milliseconds([&] {
-                                for (int i = 0; i < kRepeats; ++i) {
-                                    Bare(path);
-                                }
-                            }));
-        }
-        judge("next run / its bare conversions", computed / bare, 1.3);
-
-        List list;
-        list.Fill(100000, path.rules);
-        FakeShell shell;
-        const double pass = Best(
-            [&] {
-                RunSchedulingPass(list.tasks, {list.clock, list.files, shell}, list.claim,
-                                  [](const auto&) { return true; });
-            },
-            3);
-        if (!shell.starts.empty()) {
+        areMet &= MakesItsConversions(path, task, now);
+        judge("next run / its bare conversions", TimesOfBare(path, task, now), 1.3);
+        if (const std::optional<double> pass = IdlePass(path)) {
+            judge("pass over 100,000 tasks / the tick", *pass / 2000, 0.05);
+        } else {
             std::printf("MISSED a task was due\n");
             areMet = false;
         }
-        judge("pass over 100,000 tasks / the tick", pass / 2000, 0.05);
-
-        double first = 1e9;
-        for (int round = 0; round < 5; ++round) {
-            List due;
-            due.Fill(999, path.rules);
-            due.Fill(1, {.start = now});  // the last one is the first to be launched
-            CTimingShell timing;
-            const auto begin = std::chrono::steady_clock::now();
-            RunSchedulingPass(due.tasks, {due.clock, due.files, timing}, due.claim,
-                              [](const auto&) { return true; });
-            first = std::min(first, std::chrono::duration<double, std::milli>(timing.opened - begin).count());
-        }
-        judge("ms to the first launch, 1,000 tasks", first, 1.0);
+        judge("ms to the first launch, 1,000 tasks", FirstLaunch(path, now), 1.0);
     }
     return areMet;
 }

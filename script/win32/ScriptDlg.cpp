@@ -1,7 +1,5 @@
 #include "script/win32/ScriptDlg.h"
 
-#include <commctrl.h>
-
 #include "framework/FileDialog.h"
 #include "framework/IconResource.h"
 #include "framework/MessageBox.h"
@@ -44,28 +42,6 @@ constexpr struct {
     {IDC_SCRIPT_TEST_RESULT, ANCHOR_LEFT | ANCHOR_RIGHT | ANCHOR_BOTTOM},
     {IDC_SCRIPT_TEST_RUN, ANCHOR_RIGHT | ANCHOR_BOTTOM},
 };
-
-bool IsDown(int key) {
-    return GetKeyState(key) < 0;
-}
-
-// Messages that can move the caret without changing the text.
-bool MayMoveCaret(const MSG& message) {
-    return message.message == WM_KEYDOWN || message.message == WM_LBUTTONDOWN ||
-           message.message == WM_LBUTTONDBLCLK ||
-           (message.message == WM_MOUSEMOVE && (message.wParam & MK_LBUTTON) != 0);
-}
-
-// An edit control that gets the focus by Tab or its mnemonic selects all its text, and the next key would
-// replace the script. This subclass keeps the selection as it is.
-LRESULT CALLBACK KeepSelection(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                               DWORD_PTR) {
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, &KeepSelection, id);
-    }
-    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-    return message == WM_GETDLGCODE ? result & ~LRESULT{DLGC_HASSETSEL} : result;
-}
 
 int AskToKeepChanges() {
     return AfxMessageBox(L"The script has been modified. Do you want to save the changes?",
@@ -114,28 +90,12 @@ BOOL CScriptDlg::OnInitDialog() {
     for (const auto& control : kAnchors) {
         AddControl(GetDlgItem(control.id), control.anchors);
     }
-    SetScriptFont();
-    SetWindowSubclass(m_script.m_hWnd, &KeepSelection, 0, 0);
+    m_script.Initialise(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
     FillLists();
     for (const int id : {IDC_SCRIPT_TEST_TEXT, IDC_SCRIPT_TEST_RESULT}) {
         CEdit(GetDlgItem(id)).SetLimitText(0);
     }
     return TRUE;
-}
-
-// A little larger than the dialog's own font, because letters of a fixed pitch look smaller.
-void CScriptDlg::SetScriptFont() {
-    LOGFONTW font{};
-    GetObjectW(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)), sizeof(font), &font);
-    font.lfHeight = MulDiv(font.lfHeight, 5, 4);
-    font.lfWidth = 0;
-    font.lfPitchAndFamily = FIXED_PITCH | FF_MODERN;
-    wcscpy(font.lfFaceName, L"Consolas");
-    m_font = CFontHandle(CreateFontIndirectW(&font));
-    m_script.SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.Get()));
-    // Four characters, in units of a quarter of a character.
-    constexpr UINT tabStop = 16;
-    m_script.SendMessage(EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&tabStop));
 }
 
 LRESULT CScriptDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -202,10 +162,14 @@ void CScriptDlg::UpdateButtons() {
 }
 
 BOOL CScriptDlg::PreTranslateMessage(MSG* message) {
+    if (m_script.OnKey(*message)) {
+        UpdateCaret();
+        return TRUE;
+    }
     if (message->message == WM_KEYDOWN && OnKey(*message)) {
         return TRUE;
     }
-    const bool mayMoveCaret = message->hwnd == m_script.m_hWnd && MayMoveCaret(*message);
+    const bool mayMoveCaret = m_script.MayMoveCaret(*message);
     // This call also dispatches the message, so the caret has moved when it returns.
     const BOOL isTaken = CResizingDialog::PreTranslateMessage(message);
     if (mayMoveCaret && m_hWnd != nullptr) {
@@ -217,10 +181,6 @@ BOOL CScriptDlg::PreTranslateMessage(MSG* message) {
 // True when the key needs no further handling.
 bool CScriptDlg::OnKey(const MSG& message) {
     switch (message.wParam) {
-        case VK_TAB:
-            return OnTab(message.hwnd);
-        case 'A':
-            return OnSelectAll(message.hwnd);
         case VK_ESCAPE:
             return OnEscape();
         case VK_RETURN:
@@ -228,24 +188,6 @@ bool CScriptDlg::OnKey(const MSG& message) {
         default:
             return false;
     }
-}
-
-// With Shift the key leaves the script, so that this is possible with the keyboard alone.
-bool CScriptDlg::OnTab(HWND focus) const {
-    if (focus != m_script.m_hWnd || IsDown(VK_SHIFT) || IsDown(VK_CONTROL)) {
-        return false;
-    }
-    m_script.ReplaceSel(L"\t", true);
-    return true;
-}
-
-bool CScriptDlg::OnSelectAll(HWND focus) {
-    if (focus != m_script.m_hWnd || !IsDown(VK_CONTROL) || IsDown(VK_MENU)) {
-        return false;
-    }
-    m_script.SendMessage(EM_SETSEL, 0, -1);
-    UpdateCaret();
-    return true;
 }
 
 bool CScriptDlg::OnEnter(HWND focus) const {
@@ -278,24 +220,8 @@ void CScriptDlg::OnScriptChange() {
     UpdateCaret();
 }
 
-// With a selection the line is that of the caret, the column that of the selection's end.
 void CScriptDlg::UpdateCaret() {
-    const DWORD end = m_script.GetSel().second;
-    SetDlgItemText(IDC_SCRIPT_CARET,
-                   CaretText(CaretLine(end) + 1, CaretColumn(m_script.GetWindowText(), std::int64_t{end})));
-}
-
-// Counted from 0. The caret's position is used only while the script has the focus and the caret is visible.
-LRESULT CScriptDlg::CaretLine(DWORD selectionEnd) const {
-    constexpr LRESULT outside = 0xFFFF;
-    POINT caret{};
-    if (GetFocus() == m_script.m_hWnd && GetCaretPos(&caret)) {
-        const LRESULT found = m_script.SendMessage(EM_CHARFROMPOS, 0, MAKELPARAM(caret.x, caret.y));
-        if (HIWORD(found) != outside) {
-            return HIWORD(found);
-        }
-    }
-    return m_script.SendMessage(EM_LINEFROMCHAR, selectionEnd);
+    SetDlgItemText(IDC_SCRIPT_CARET, m_script.CaretPosition());
 }
 
 // After Yes the script may be replaced even when the user cancels saving it.

@@ -12,6 +12,7 @@
 #include "script/ScriptGenerator.h"
 #include "script/win32/IScriptController.h"
 #include "script/win32/ResourceScriptTexts.h"
+#include "script/win32/ScriptEdit.h"
 
 // The window in which a script is written, put together from templates, checked and tried out.
 class CScriptDlg : public CResizingDialog {
@@ -44,14 +45,10 @@ protected:
 private:
     using CResizingDialog::DoModal;
     [[nodiscard]] std::wstring Language() const { return m_languages.GetWindowText(); }
-    void SetScriptFont();
     void FillLists();
     void UpdateButtons();
     void UpdateCaret();
-    [[nodiscard]] LRESULT CaretLine(DWORD selectionEnd) const;
     bool OnKey(const MSG& message);
-    bool OnTab(HWND focus) const;
-    bool OnSelectAll(HWND focus);
     bool OnEnter(HWND focus) const;
     bool OnEscape();
 
@@ -78,9 +75,8 @@ private:
     CComboBox m_languages;
     CListBox m_templates;
     CListBox m_functions;
-    CEdit m_script;
+    CScriptEdit m_script;
     CIconHandle m_icon;
-    CFontHandle m_font;
     std::int32_t m_nLanguage = -1;
     std::wstring m_strTestText;
     std::wstring m_strTestUrl;  // nothing sets it: a test run has no URL

@@ -10,50 +10,20 @@
 #include "framework/ExceptionBoundary.h"
 #include "framework/IconResource.h"
 #include "framework/WinApp.h"
-#include "ui/model/EditorMembers.h"
 #include "ui/model/ProjectColumns.h"
 #include "ui/model/RowSelection.h"
 #include "ui/model/StartUp.h"
 #include "ui/resource.h"
 #include "ui/win32/StartupRegistration.h"
 #include "util/win32/FileVersion.h"
-#include "util/win32/PopupMenu.h"
 
 namespace {
 
 constexpr UINT kTimerPeriod = 2000;  // milliseconds
 constexpr int kTipTime = 30'000;     // milliseconds, enough to read all lines about a row
-// Posted after the tray's menu has closed; lParam is the window that was in the foreground before the menu.
-constexpr UINT kTrayMenuClosed = kTrayMessage + 1;
 constexpr wchar_t kSection[] = L"CSCVSchedulerDlg";
 constexpr wchar_t kSortColumn[] = L"sortColumnIndex";
 constexpr wchar_t kAscending[] = L"ascSort";
-
-constexpr struct {
-    int button;
-    int icon;
-} kIconButtons[] = {
-    {IDC_ADD_PROJECT, IDI_ADD_PROJECT},
-    {IDC_EDIT_PROJECT, IDI_BROWSE},
-    {IDC_DELETE_PROJECT, IDI_DELETE_PROJECT},
-    {IDC_RUN_PROJECT, IDI_RUN},
-    {IDC_RESET_LAST_RUN, IDI_RESET_LAST_RUN},
-    {IDC_PROGRAM_BROWSE, IDI_BROWSE},
-    {IDC_PROGRAM_RUN, IDI_RUN},
-};
-
-// Calls `use` with id and icon of every button that shows an icon.
-template <typename Use>
-void ForEachIconButton(Use use) {
-    for (const auto& item : kIconButtons) {
-        use(item.button, item.icon);
-    }
-    for (const stSwitchControls& row : kSwitchControls) {
-        if (row.browse != 0) {
-            use(row.browse, IDI_BROWSE);
-        }
-    }
-}
 
 constexpr struct {
     int id;
@@ -99,7 +69,11 @@ BOOL CSCVSchedulerDlg::OnInitDialog() {
     m_editor.Initialise();
     CResizingDialog::OnInitDialog();
     SetWindowText(WindowTitle(GetWindowText(), GetFileVersionString()));
-    SetIcons();
+    m_largeIcon = LoadLargeIcon(IDI_PROGRAM);
+    SetIcon(m_largeIcon.Get(), true);
+    m_smallIcon = LoadSmallIcon(IDI_PROGRAM);
+    SetIcon(m_smallIcon.Get(), false);
+    m_iconButtons.LoadIcons(*this);
     if (!CreateToolTips()) {
         return FALSE;
     }
@@ -125,24 +99,11 @@ void CSCVSchedulerDlg::DoDataExchange(CDataExchange* exchange) {
     m_editor.DoDataExchange(exchange);
 }
 
-void CSCVSchedulerDlg::SetIcons() {
-    m_icons.push_back(LoadLargeIcon(IDI_PROGRAM));
-    SetIcon(m_icons.back().Get(), true);
-    m_icons.push_back(LoadSmallIcon(IDI_PROGRAM));
-    SetIcon(m_icons.back().Get(), false);
-    ForEachIconButton([this](int button, int icon) {
-        m_icons.push_back(LoadSmallIcon(icon));
-        CWnd(GetDlgItem(button))
-            .SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(m_icons.back().Get()));
-    });
-}
-
 bool CSCVSchedulerDlg::CreateToolTips() {
     if (!m_toolTip.Create(*this)) {
         return false;
     }
-    ForEachIconButton(
-        [this](int button, int) { m_toolTip.AddTool(GetDlgItem(button), GetDlgItemText(button)); });
+    CIconButtons::AddTips(*this, m_toolTip);
     m_toolTip.SetMaxTipWidth(GetSystemMetrics(SM_CXSCREEN) * 2 / 3);
     m_toolTip.SetAutoPopTime(kTipTime);
     m_toolTip.Activate(true);
@@ -207,10 +168,10 @@ std::optional<LRESULT> CSCVSchedulerDlg::OnOwnMessage(UINT message, WPARAM wPara
             OnTimer();
             break;
         case kTrayMessage:
-            OnTrayMessage(LOWORD(lParam));
+            m_trayIcon.OnMouse(LOWORD(lParam));
             return 1;
         case kTrayMenuClosed:
-            OnTrayMenuClosed(reinterpret_cast<HWND>(lParam));
+            m_trayIcon.OnMenuClosed(reinterpret_cast<HWND>(lParam));
             return 0;
         case WM_COPYDATA:
             OnHandOver(reinterpret_cast<const COPYDATASTRUCT*>(lParam));
@@ -431,28 +392,6 @@ void CSCVSchedulerDlg::OnLocalTimeChanged() {
     Invalidate();
 }
 
-void CSCVSchedulerDlg::OnTrayMessage(UINT mouseMessage) {
-    if (mouseMessage == WM_LBUTTONDBLCLK) {
-        PostMessage(WM_COMMAND, ID_SHOW_WINDOW);
-    } else if (mouseMessage == WM_RBUTTONUP) {
-        POINT point{};
-        GetCursorPos(&point);
-        const HWND foregroundBefore = GetForegroundWindow();
-        // Only a menu of the foreground window closes when the user clicks elsewhere.
-        SetForegroundWindow();
-        ShowPopupMenu(IDR_TRAY_MENU, point.x, point.y, m_hWnd, 0);
-        // Posted, so that it arrives after the command that the menu may have posted.
-        PostMessage(kTrayMenuClosed, 0, reinterpret_cast<LPARAM>(foregroundBefore));
-    }
-}
-
-// Otherwise the hidden window would keep the focus.
-void CSCVSchedulerDlg::OnTrayMenuClosed(HWND foregroundBefore) {
-    if (!IsWindowVisible() && GetForegroundWindow() == m_hWnd) {
-        ::SetForegroundWindow(foregroundBefore);
-    }
-}
-
 void CSCVSchedulerDlg::OnHandOver(const COPYDATASTRUCT* data) {
     if (data != nullptr && data->dwData == kHandOverTag) {
         OpenWindow(ReadHandOver(data->lpData, data->cbData));
@@ -466,5 +405,5 @@ void CSCVSchedulerDlg::OnDestroy() {
     app.WriteProfileInt(kSection, kSortColumn, m_list.SortColumn());
     app.WriteProfileInt(kSection, kAscending, m_list.IsAscending() ? 1 : 0);
     m_toolTip.Destroy();
-    m_trayIcon.Remove(m_hWnd);
+    m_trayIcon.Remove();
 }

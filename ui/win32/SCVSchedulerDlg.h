@@ -4,13 +4,13 @@
 
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "core/platform/Platform.h"
 #include "framework/GuiHandle.h"
 #include "framework/ToolTipCtrl.h"
 #include "layout/win32/ResizingDialog.h"
 #include "ui/model/ListSession.h"
+#include "ui/win32/IconButtons.h"
 #include "ui/win32/ProjectCommands.h"
 #include "ui/win32/ProjectList.h"
 #include "ui/win32/RowTip.h"
@@ -47,7 +47,6 @@ protected:
 private:
     // Handles a message that the base class does not know; returns its result, if it has one.
     std::optional<LRESULT> OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void SetIcons();
     bool CreateToolTips();
     void RegisterControls();
     void SetOpeningSize();
@@ -55,8 +54,6 @@ private:
     void OnTimer();
     void OnRun();
     void OnLocalTimeChanged();
-    void OnTrayMessage(UINT mouseMessage);
-    void OnTrayMenuClosed(HWND foregroundBefore);
     void OnHandOver(const COPYDATASTRUCT* data);
     void OnDestroy();
     void OnShowCommand();
@@ -76,7 +73,8 @@ private:
     CToolTipCtrl m_toolTip;
     CRowTip m_rowTip;
     CTrayIcon m_trayIcon;
-    std::vector<CIconHandle> m_icons;
+    CIconButtons m_iconButtons;
+    CIconHandle m_largeIcon, m_smallIcon;
 
     bool m_bReady = false;      // initialised, and not being destroyed
     bool m_bRestoring = false;  // the placement is being restored
