@@ -7,12 +7,18 @@
 #include "cli/report/JsonReport.h"
 #include "cli/report/TaskReport.h"
 #include "cli/report/Text.h"
+#include "core/launch/LaunchResult.h"
 #include "core/schedule/TimeText.h"
 #include "core/task/SCVShchedulerTask.h"
+#include "util/Path.h"
 
 std::string LaunchAsText(const CSCVShchedulerTask& task) {
-    return Join(FormatSecond(task.m_tLastRunTime), "  ", task.m_strProjectPath, "  ",
-                task.m_strLastRunResult);
+    const std::wstring& project = task.m_strProjectPath;
+    const std::string line =
+        Join(FormatSecond(task.m_tLastRunTime), "  ", project, "  ", task.m_strLastRunResult);
+    return task.m_strLastRunResult == kNoProgramFound
+               ? Join(line, " (no program is registered for .", GetFileExtension(project), ")")
+               : line;
 }
 
 Json ChangeAsJson(std::string_view change, const CSCVShchedulerTask& task, std::int64_t now) {

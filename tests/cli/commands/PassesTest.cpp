@@ -31,6 +31,11 @@ TEST_F(Passes, PassLaunchesOnceAndWatchGoesOn) {
     EXPECT_EQ(out.str(),
               "Watching C:\\l.ini: 2 tasks, the next run is 2024-06-03 10:05:00  C:\\later.scvpr\n"
               "2024-06-03 10:05:00  C:\\later.scvpr  Success\n");
+    shell.programs.clear();
+    EXPECT_EQ(Run("run C:\\due.scvpr"), kFindings);
+    EXPECT_EQ(
+        out.str(),
+        "2024-06-03 10:06:40  C:\\due.scvpr  Failure to run '' (no program is registered for .scvpr)\n");
     ticks = 200;
     std::unique_ptr<IFileSystem::IFile> window;
     onTick = [&] { window = Lock(L".window"); };
