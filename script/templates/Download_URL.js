@@ -69,11 +69,10 @@ function Page_Text ( request ) {
 // The text of bytes such as "3c61", null when the character set is unknown. Windows' XML parser decodes them.
 function Page_Decode ( bytes , charset ) {
 	var document = new ActiveXObject("MSXML2.DOMDocument"), element = document.createElement("bytes");
-	var mark = "", before = "", after = "", whole, special, escapes, i;
+	var mark = "", before = "", after = "", repaired;
 
-	charset = charset.toLowerCase();
-	if (/^utf-?8$/.test(charset)) {
-		charset = "utf-8";
+	charset = Page_Charset(charset.toLowerCase());
+	if (charset == "utf-8") {
 		bytes = bytes.replace(/^efbbbf/, "");
 	} else if (/^utf-16/.test(charset)) {
 		mark = charset == "utf-16be" || /^feff/.test(bytes) ? "feff" : "fffe";
@@ -82,33 +81,37 @@ function Page_Decode ( bytes , charset ) {
 		charset = "utf-16";
 		bytes = bytes.replace(/^(feff|fffe)/, "");
 		bytes = bytes.substr(0, bytes.length - bytes.length % 4);
-	} else if (/^(us-ascii|ascii|latin1|iso-?8859-?1)$/.test(charset)) {
-		charset = "windows-1252";
-	} else if (charset == "gb2312") {
-		charset = "gbk";
-	} else if (/^iso-2022/.test(charset)) {
-		throw charset; // Its characters are made of bytes of markup.
 	}
-
-	// Markup and carriage returns become references, other control characters spaces. Brackets mark them, runs of others are short.
-	whole = bytes;
-	special = before + "(?:26|3c|0[0-8bcdef]|1.)" + after + "|" + Page_Bytes("]]>", before, after);
-	bytes = bytes.replace(new RegExp("((?:(?!" + special + ")" + (mark && "..") + "..){1,500})(" + special + ")?|(" + special + ")", "g"), "$1[$2$3]").split("[]").join("");
-	escapes = ["&", "&amp;", "<", "&lt;", "]]>", "]]&gt;", "\r", "&#13;"];
-	for (i = 0; i < escapes.length; i += 2) {
-		bytes = bytes.split("[" + Page_Bytes(escapes[i], before, after) + "]").join(Page_Bytes(escapes[i + 1], before, after));
-	}
-	bytes = bytes.replace(/\[[^\]]*\]/g, Page_Bytes(" ", before, after));
 
 	element.dataType = "bin.hex";
-	element.text = mark + Page_Bytes('<?xml version="1.0" encoding="' + charset + '"?><a>', before, after) + bytes + Page_Bytes("</a>", before, after);
+	element.text = mark + Page_Bytes('<?xml version="1.0" encoding="' + charset + '"?><a>', before, after) + Page_Escape(bytes, mark, before, after) + Page_Bytes("</a>", before, after);
 	document.async = false;
 	document.preserveWhiteSpace = true;
 	if (document.load(element.nodeTypedValue)) {
 		return document.documentElement.text;
 	}
-	bytes = Page_Utf8(whole);
-	return charset == "utf-8" && bytes != whole ? Page_Decode(bytes, charset) : null;
+	repaired = Page_Utf8(bytes);
+	return charset == "utf-8" && repaired != bytes ? Page_Decode(repaired, charset) : null;
+}
+
+// The name under which the XML parser knows a character set, as pages mean it.
+function Page_Charset ( charset ) {
+	if (/^iso-2022/.test(charset)) {
+		throw charset; // Its characters are made of bytes of markup.
+	}
+	return charset.replace(/^utf8$/, "utf-8").replace(/^gb2312$/, "gbk").replace(/^(us-ascii|ascii|latin1|iso-?8859-?1)$/, "windows-1252");
+}
+
+// The bytes with references for markup and carriage returns, spaces for other control characters. Brackets mark them, runs of others are short.
+function Page_Escape ( bytes , mark , before , after ) {
+	var special = before + "(?:26|3c|0[0-8bcdef]|1.)" + after + "|" + Page_Bytes("]]>", before, after);
+	var escapes = ["&", "&amp;", "<", "&lt;", "]]>", "]]&gt;", "\r", "&#13;"], i;
+
+	bytes = bytes.replace(new RegExp("((?:(?!" + special + ")" + (mark && "..") + "..){1,500})(" + special + ")?|(" + special + ")", "g"), "$1[$2$3]").split("[]").join("");
+	for (i = 0; i < escapes.length; i += 2) {
+		bytes = bytes.split("[" + Page_Bytes(escapes[i], before, after) + "]").join(Page_Bytes(escapes[i + 1], before, after));
+	}
+	return bytes.replace(/\[[^\]]*\]/g, Page_Bytes(" ", before, after));
 }
 
 // ASCII as such bytes, each between zeros as UTF-16 has it.

@@ -70,54 +70,59 @@ End Function
 ' The text of bytes such as "3c61", Null when the character set is unknown. Windows' XML parser decodes them.
 Function Page_Decode ( ByVal bytes , ByVal charset )
 
-	Dim document, element, mark, before, after, whole, special, escapes, i
+	Dim document, element, mark, before, after, repaired
 
 	Page_Decode = Null
 	If charset = "" Then Exit Function
-	charset = LCase(charset)
-	Select Case charset
-		Case "utf8", "utf-8"
-			charset = "utf-8"
-			bytes = Page_Replace(bytes, "^efbbbf", "")
-		Case "utf-16", "utf-16le", "utf-16be"
-			mark = "fffe"
-			If charset = "utf-16be" Or Left(bytes, 4) = "feff" Then mark = "feff"
-			If mark = "feff" Then before = "00"
-			If mark = "fffe" Then after = "00"
-			charset = "utf-16"
-			bytes = Page_Replace(bytes, "^(feff|fffe)", "")
-			bytes = Left(bytes, Len(bytes) - Len(bytes) Mod 4)
-		Case "us-ascii", "ascii", "latin1", "iso8859-1", "iso-8859-1"
-			charset = "windows-1252"
-		Case "gb2312"
-			charset = "gbk"
-		Case "iso-2022-jp", "iso-2022-kr" ' Their characters are made of bytes of markup.
-			Err.Raise 5
-	End Select
-
-	' Markup and carriage returns become references, other control characters spaces. Brackets mark them, runs of others are short.
-	whole = bytes
-	special = before & "(?:26|3c|0[0-8bcdef]|1.)" & after & "|" & Page_Bytes("]]>", before, after)
-	bytes = Page_Replace(bytes, "((?:(?!" & special & ")" & Left("..", Len(mark)) & "..){1,500})(" & special & ")?|(" & special & ")", "$1[$2$3]")
-	bytes = Replace(bytes, "[]", "")
-	escapes = Array("&", "&amp;", "<", "&lt;", "]]>", "]]&gt;", vbCr, "&#13;")
-	For i = 0 To 6 Step 2
-		bytes = Replace(bytes, "[" & Page_Bytes(escapes(i), before, after) & "]", Page_Bytes(escapes(i + 1), before, after))
-	Next
-	bytes = Page_Replace(bytes, "\[[^\]]*\]", Page_Bytes(" ", before, after))
+	charset = Page_Charset(LCase(charset))
+	If charset = "utf-8" Then bytes = Page_Replace(bytes, "^efbbbf", "")
+	If Left(charset, 6) = "utf-16" Then
+		mark = "fffe"
+		If charset = "utf-16be" Or Left(bytes, 4) = "feff" Then mark = "feff"
+		If mark = "feff" Then before = "00"
+		If mark = "fffe" Then after = "00"
+		charset = "utf-16"
+		bytes = Page_Replace(bytes, "^(feff|fffe)", "")
+		bytes = Left(bytes, Len(bytes) - Len(bytes) Mod 4)
+	End If
 
 	Set document = Page_Document()
 	Set element = document.createElement("bytes")
 	element.dataType = "bin.hex"
-	element.text = mark & Page_Bytes("<?xml version=""1.0"" encoding=""" & charset & """?><a>", before, after) & bytes & Page_Bytes("</a>", before, after)
+	element.text = mark & Page_Bytes("<?xml version=""1.0"" encoding=""" & charset & """?><a>", before, after) & Page_Escape(bytes, mark, before, after) & Page_Bytes("</a>", before, after)
 	document.async = False
 	document.preserveWhiteSpace = True
 	If document.load(element.nodeTypedValue) Then
 		Page_Decode = document.documentElement.text
 	ElseIf charset = "utf-8" Then
-		bytes = Page_Utf8(whole)
-		If bytes <> whole Then Page_Decode = Page_Decode(bytes, charset)
+		repaired = Page_Utf8(bytes)
+		If repaired <> bytes Then Page_Decode = Page_Decode(repaired, charset)
 	End If
+
+End Function
+
+' The name under which the XML parser knows a character set, as pages mean it.
+Function Page_Charset ( charset )
+
+	If Left(charset, 8) = "iso-2022" Then Err.Raise 5 ' Its characters are made of bytes of markup.
+	Page_Charset = Page_Replace(Page_Replace(charset, "^utf8$", "utf-8"), "^gb2312$", "gbk")
+	Page_Charset = Page_Replace(Page_Charset, "^(us-ascii|ascii|latin1|iso-?8859-?1)$", "windows-1252")
+
+End Function
+
+' The bytes with references for markup and carriage returns, spaces for other control characters. Brackets mark them, runs of others are short.
+Function Page_Escape ( bytes , mark , before , after )
+
+	Dim special, escapes, i
+
+	special = before & "(?:26|3c|0[0-8bcdef]|1.)" & after & "|" & Page_Bytes("]]>", before, after)
+	Page_Escape = Page_Replace(bytes, "((?:(?!" & special & ")" & Left("..", Len(mark)) & "..){1,500})(" & special & ")?|(" & special & ")", "$1[$2$3]")
+	Page_Escape = Replace(Page_Escape, "[]", "")
+	escapes = Array("&", "&amp;", "<", "&lt;", "]]>", "]]&gt;", vbCr, "&#13;")
+	For i = 0 To 6 Step 2
+		Page_Escape = Replace(Page_Escape, "[" & Page_Bytes(escapes(i), before, after) & "]", Page_Bytes(escapes(i + 1), before, after))
+	Next
+	Page_Escape = Page_Replace(Page_Escape, "\[[^\]]*\]", Page_Bytes(" ", before, after))
 
 End Function
 
