@@ -31,10 +31,7 @@ Function Strip_Html_Tags_2 ( text )
 			parts(i) = Replace(tags.Replace(breaks.Replace(parts(i), vbLf), ""), " ", Chr(1))
 			chunk = chunk & vbLf & Replace(Replace(parts(i), vbTab, Chr(2)), vbLf, Chr(3)) & vbLf
 		End If
-		If Len(chunk) > 4000 Then
-			plain = plain & chunk
-			chunk = ""
-		End If
+		If Len(chunk) > 4000 Then plain = plain & chunk : chunk = ""
 	Next
 
 	' Table cells and single spaces, no blank lines.

@@ -13,8 +13,7 @@ Function Html_Decode ( text , others , known )
 			code = CLng("&H1" & Right("00000" & part(1), 6)) - 16777216
 			If part(0) <> "" Then code = CLng(part(0))
 			' Pages mean Windows-1252 by these.
-			If code > 127 And code < 160 Then code = CLng(Mid("8364012982180402822282308224822507108240035282490338014103810143" & _
-				"0144821682178220822182268211821207328482035382500339015703820376", code * 4 - 511, 4))
+			If code > 127 And code < 160 Then code = CLng(Mid("83640129821804020822823082248225071082400352824903380141038101430144821682178220822182268211821207328482035382500339015703820376", code * 4 - 511, 4))
 			If code = 0 Or code > 1114111 Or code > 55295 And code < 57344 Then code = 65533
 		End If
 		If code = 160 Then character = " "
@@ -28,11 +27,8 @@ Function Html_Decode ( text , others , known )
 		End If
 		chunk = chunk & Mid(text, position, match.FirstIndex + 1 - position) & character
 		position = match.FirstIndex + match.Length + 1
-		' Long texts are put together from chunks, for each addition copies what is there.
-		If Len(chunk) > 4000 Then
-			Html_Decode = Html_Decode & chunk
-			chunk = ""
-		End If
+		' Each addition to a long text copies it, so it gets few.
+		If Len(chunk) > 4000 Then Html_Decode = Html_Decode & chunk : chunk = ""
 	Next
 	Html_Decode = Html_Decode & chunk & Mid(text, position)
 

@@ -2,11 +2,14 @@
 ' tag name (* - any), "tests" the tests of attributes; "first", "child" and "last" are those that begin it, follow a > and end it.
 Function Html_Select ( text , names , tests , first , child , last )
 
-	Dim known, open, tags, stack, pieces, name, i, possible
+	Dim known, open, kinds, tags, possible, name, test, i, levels, pieces, ends, count
 
 	Html_Select = ""
 	For Each name In names
 		If name = "*" Or InStr(1, text, "<" & name, 1) > 0 Then possible = possible Or names(name)
+	Next
+	For Each test In tests
+		If InStr(1, text, test(2), 1) = 0 Then possible = possible And Not test(0)
 	Next
 	' A step is in vain without the one before it.
 	For i = 1 To 30
@@ -16,85 +19,100 @@ Function Html_Select ( text , names , tests , first , child , last )
 	Set known = Html_Entities()
 	Set open = CreateObject("Scripting.Dictionary")
 	open.CompareMode = 1
+	Set kinds = Html_Kinds(open)
 	Set tags = Html_Tags(text, known)
-	ReDim stack(tags.Count), pieces(tags.Count)
-	pieces(0) = 0
-	Html_Scan Html_Kinds(), names, open, stack, last, tests, known, pieces, child, first, tags, text
-	If pieces(0) > 0 Then Html_Select = Mid(Html_Join(pieces, 1, pieces(0)), 3)
+	ReDim levels(tags.Count + 1, 4), pieces(tags.Count + 1), ends(tags.Count)
+	levels(1, 2) = first
+	levels(1, 3) = first
+	Html_Scan levels, open, names, last, kinds, child, tests, known, count, pieces, ends, tags
+	For i = 1 To count
+		If ends(i) = 0 Then ends(i) = Len(text)
+		pieces(i) = vbNewLine & Mid(text, pieces(i) + 1, ends(i) - pieces(i))
+	Next
+	If count > 0 Then Html_Select = Mid(Html_Join(pieces, count), 3)
 
 End Function
 
-' Looks at each tag. "now" is the innermost open element: its name, the depth of the one of this name around it, start, piece, depth,
-' steps for its children and for all in it. Few variables, for some engines look through them at each use.
-Sub Html_Scan ( kinds , names , open , stack , last , tests , known , pieces , child , first , tags , text )
+' Where the selected elements start and end. "levels" has of each open element the name, the level of the one of this name around it,
+' the steps for its children and for all in it, its number among the selected. Few variables, for some engines search them at each use.
+Sub Html_Scan ( levels , open , names , last , kinds , child , tests , known , count , starts , ends , tags )
 
-	Dim name, now, own, part, kind, tag, any
+	Dim depth, part, name, own, number, ended, target, any, tag
 
 	any = names("*")
-	now = Array("", 0, 0, 0, 0, first, first)
+	depth = 1
 	For Each tag In tags
 		Set part = tag.SubMatches
-		name = part(3)
-		If name = "" Then name = part(0)
+		name = part(0)
+		If name = "" Then ended = part(4) Else ended = kinds(name)
+		target = open(ended)
+		If target <> depth And target <> 0 Then target = Html_Outermost(ended, kinds("/" & name & part(4)), open)
+		If target > 0 Then Html_Close target, tag, depth, levels, open, ends
 		If name <> "" Then
-			kind = kinds(name)
-			If kind <> "" Then
-				If Len(kind) > 1 Or open(kind) Then Html_End kind, kinds("/" & kind), tag.FirstIndex + 1, 0, now, open, stack, pieces, text
-			End If
-			own = (names(name) Or any) And now(5)
-			If own Then own = Html_Passed(own, tests, part(1) & part(4), known)
+			number = 0
+			own = (names(name) Or any) And levels(depth, 2)
+			If own Then own = Html_Passed(own, tests, part(1) & part(2), known)
 			If own And last Then
-				pieces(0) = pieces(0) + 1
-				pieces(pieces(0)) = vbNewLine & tag
+				count = count + 1
+				number = count
+				starts(count) = tag.FirstIndex
 			End If
-			If part(5) = "" And kind <> "-" And kind <> "- p" Then
-				stack(now(4)) = now
-				now = Array(name, open(name), 0, pieces(0), now(4) + 1, now(6) Or own * 2, now(6) Or (own * 2 And Not child))
-				If own And last Then now(2) = tag.FirstIndex + 1
-				open(name) = now(4)
+			If part(3) = "" And ended <> "-" And ended <> "- p" Then
+				depth = depth + 1
+				levels(depth, 0) = name
+				levels(depth, 1) = open(name)
+				open(name) = depth
+				own = own * 2
+				levels(depth, 2) = levels(depth - 1, 3) Or own
+				If own Then own = own And Not child
+				levels(depth, 3) = levels(depth - 1, 3) Or own
+				levels(depth, 4) = number
+			ElseIf number > 0 Then
+				ends(number) = tag.FirstIndex + tag.Length
 			End If
-		ElseIf open(part(2)) Then
-			Html_End part(2), kinds("/" & kinds(part(2))), tag.FirstIndex + 1, tag.Length, now, open, stack, pieces, text
 		End If
 	Next
-	Html_End "", "", Len(text) + 1, 0, now, open, stack, pieces, text
 
 End Sub
 
-' Ends the outermost of those open elements which is not beyond the innermost of the others, and what is open in it.
-Sub Html_End ( ended , limits , position , length , now , open , stack , pieces , text )
+' Closes the open elements from this level on where the tag starts, or the outermost where its end tag ends.
+Sub Html_Close ( target , tag , depth , levels , open , ends )
 
-	Dim target, name, limit
+	Do While depth >= target
+		ends(levels(depth, 4)) = tag.FirstIndex
+		open(levels(depth, 0)) = levels(depth, 1)
+		depth = depth - 1
+	Loop
+	If tag.SubMatches(4) <> "" Then ends(levels(target, 4)) = tag.FirstIndex + tag.Length
 
-	target = now(4) + 1
-	If ended = "" Then target = 1
-	For Each name In Split(limits)
+End Sub
+
+' The outermost of those open elements that is not beyond the innermost table or other limit, 0 for none.
+Function Html_Outermost ( ended , limits , open )
+
+	Dim name, limit
+
+	For Each name In Split("table " & limits)
 		If open(name) > limit Then limit = open(name)
 	Next
 	For Each name In Split(ended)
-		If open(name) > 0 And open(name) >= limit And open(name) < target Then target = open(name)
+		If open(name) > 0 And open(name) >= limit And (Html_Outermost = 0 Or open(name) < Html_Outermost) Then Html_Outermost = open(name)
 	Next
-	Do While now(4) >= target
-		open(now(0)) = now(1)
-		If now(4) = target Then position = position + length
-		If now(2) > 0 Then pieces(now(3)) = vbNewLine & Mid(text, now(2), position - now(2))
-		now = stack(now(4) - 1)
-	Loop
 
-End Sub
+End Function
 
-' The texts one after the other; each addition copies both, so only texts of like length are added.
-Function Html_Join ( texts , first , last )
+' The texts from 0 to the last one after the other. Each addition copies both, so only texts of like length are added.
+Function Html_Join ( texts , last )
 
 	Dim i
 
-	If last - first > 16 Then
-		i = (first + last) \ 2
-		Html_Join = Html_Join(texts, first, i) & Html_Join(texts, i + 1, last)
-	Else
-		For i = first To last
-			Html_Join = Html_Join & texts(i)
+	Do While last > 0
+		texts(last + 1) = ""
+		For i = 0 To last \ 2
+			texts(i) = texts(2 * i) & texts(2 * i + 1)
 		Next
-	End If
+		last = last \ 2
+	Loop
+	Html_Join = texts(0)
 
 End Function

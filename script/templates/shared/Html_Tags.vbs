@@ -1,8 +1,8 @@
-' The tags of a page. Groups: name and attributes of an element without markup; name of an end tag; name and attributes of a
-' start tag; end tag of an element that holds only text.
+' The tags of a page. Groups: name of an element; attributes of one without markup, or other attributes; end tag of one that holds
+' only text; name of an end tag.
 Function Html_Tags ( text , known )
 
-	Set Html_Tags = Html_Expression("<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<[!?][^>]*>|<(script|style|textarea|title|iframe)@" & _
-		"[\s\S]*?(?:<\/\1(?=[\s\/>])[^>]*>|$)|<\/([a-z][^\s\/<>]*)[^<>]*>|<([a-z][^\s\/<>]*)@(?:[^<]*(<\/\4\s*>))?", known).Execute(text)
+	Set Html_Tags = Html_Expression("<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<[!?][^>]*>|<(?=([a-z][^\s\/<>]*))(?:(?:script|style|textarea|title|iframe)@" & _
+		"[\s\S]*?(?:<\/\1(?=[\s\/>])[^>]*>|$)|\1@(?:[^<]*(<\/\1\s*>))?)|<\/([a-z][^\s\/<>]*)[^<>]*>", known).Execute(text)
 
 End Function

@@ -1,15 +1,15 @@
 ' Tests the attributes of elements; a step of a selector has it.
 Function Html_Test ( stp , name , operator , value )
 
-	Dim expression, pattern, i, forms, form
+	Dim expression, pattern, i, form
 
 	Set expression = New RegExp
 	expression.Global = True
 	expression.Pattern = "[^\w\u0080-\uffff]"
-	' For none, =, ^=, $=, *=, ~= and |=, with v for the value.
-	forms = Split("= =v\x01 =v =[^\x01]*v\x01 =[^\x01]*v =(?:[^\x01]*\s)?v[\s\x01] =v[-\x01]")
 	form = InStr(" =^$*~|", Left(operator & " ", 1)) - 1
-	pattern = Replace(forms(form), "v", expression.Replace(value, "\$&"))
+	' Of each operator, with v for the value.
+	pattern = Split("= =v\x01 =v =[^\x01]*v\x01 =[^\x01]*v =(?:[^\x01]*\s)?v[\s\x01] =v[-\x01]")
+	pattern = Replace(pattern(form), "v", expression.Replace(value, "\$&"))
 	' Of an empty value, and of two words, four of them find nothing.
 	If form > 1 And form < 6 And (value = "" Or form = 5 And InStr(value, " ") > 0) Then pattern = "[^\s\S]"
 	' Names in any letter case.
@@ -17,7 +17,7 @@ Function Html_Test ( stp , name , operator , value )
 		pattern = "[" & LCase(Mid(name, i, 1)) & UCase(Mid(name, i, 1)) & "]" & pattern
 	Next
 	expression.Pattern = "\x01" & pattern
-	Html_Test = Array(stp, expression)
+	Html_Test = Array(stp, expression, name)
 
 End Function
 
@@ -29,7 +29,7 @@ Function Html_Passed ( steps , tests , attributes , known )
 	Html_Passed = steps
 	For Each test In tests
 		If Html_Passed And test(0) Then
-			If attributes <> "" And values = "" Then values = Html_Attributes(attributes, known)
+			If values = "" And InStr(1, attributes, test(2), 1) > 0 Then values = Html_Attributes(attributes, known)
 			If Not test(1).Test(values) Then Html_Passed = Html_Passed And Not test(0)
 		End If
 	Next
