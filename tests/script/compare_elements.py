@@ -81,7 +81,9 @@ class Page:
                     self.start("option") + self.words() + self.end("option", True)
                     for _ in range(self.random.randint(1, 3))) + "</select>"
             else:
-                name = self.random.choice([each for each in PHRASING if each not in without])
+                # An <a> in an element ends one that was opened again around it, and a browser then moves texts.
+                no_more = ("a",) if self.has_unclosed and depth > 0 else ()
+                name = self.random.choice([each for each in PHRASING if each not in (*without, *no_more)])
                 result += self.start(name) + self.phrasing(depth + 1, (*without, name) if name in ("a", "b") else without)
                 if name in ("a", "b") and self.unclosed and self.random.random() < 0.3:
                     self.has_unclosed = True
