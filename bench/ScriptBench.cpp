@@ -152,55 +152,60 @@ const LongTexts kMarkup{{L"", kUnit, L""},
                         {L"", L"<td><b></td></i>", L"</b></td></table>"},
                         {L"", L"<div class='item n1'><a href='b='>A line of some length</a>", L"</div>"}};
 
+struct Helper {
+    std::vector<std::int32_t> numbers;
+    std::vector<const wchar_t*> params;
+    const LongTexts& texts;
+};
+// All but Download_URL, whose time is that of the network.
+const Helper kHelpers[] = {{{61319, 62002}, {L"zz", L"1"}, kPlain},
+                           {{61320, 62003}, {L"a", L"zz", L"1"}, kPlain},
+                           {{61321, 62004}, {L"zz", L"0"}, kPlain},
+                           {{61323, 62005}, {L"a", L"bb"}, kPlain},
+                           {{61325, 62006}, {L"a", L"", L"1"}, kPlain},
+                           {{61328, 62008}, {L"\\w\\w", L"0"}, kPlain},
+                           {{61329}, {L"a"}, kPlain},
+                           {{61329, 62007}, {}, kPlain},
+                           {{61332, 62009}, {L"a", L"bb"}, kPlain},
+                           {{61326, 62011}, {}, kPlain},
+                           {{61324, 62010}, {}, kAddresses},
+                           {{61333}, {}, kEscapes},
+                           {{62101, 62102}, {}, kEscapes},
+                           {{61322, 62013}, {}, kMarkup},
+                           {{61334}, {}, kMarkup},
+                           {{61330}, {}, kMarkup},
+                           {{61327}, {L"href", L"0"}, kMarkup},
+                           {{61335}, {L"div", L"class", L"item n1"}, kMarkup},
+                           {{61336}, {L"div.item > a[href*='b='], p b"}, kMarkup}};
+
+// By how much the time grows from a text to one of four times its length, divided by the growth of the
+// text and of what comes out. Prints what is too much.
+double Growth(std::int32_t number, const std::vector<const wchar_t*>& params, const LongText& text) {
+    double times[2];
+    double sizes[2];
+    for (const std::size_t i : {0U, 1U}) {
+        const std::wstring given = text.OfLength(i == 0 ? 12'500 : 50'000);
+        const auto run = [&] { sizes[i] = static_cast<double>(RunTemplate(number, params, given).size()); };
+        times[i] = Best(run, 2);
+        sizes[i] += static_cast<double>(given.size());
+    }
+    // What takes less than a tenth of a second says nothing.
+    const double growth = times[1] / std::max(times[0], 100.0) * sizes[0] / sizes[1];
+    if (growth > 2) {
+        std::printf("       template %d, \"%ls\": %.1f times\n", number, text.repeated, growth);
+    }
+    return growth;
+}
+
 // Runs every helper on a text and on one four times as long. Its time may grow linearly with the sizes of
 // text and result, not quadratically. The worst growth is compared with the bound.
 bool JudgeGrowth() {
     const CComApartment apartment;
-    const struct {
-        std::vector<std::int32_t> numbers;
-        std::vector<const wchar_t*> params;
-        const LongTexts& texts;
-    } helpers[] = {{{61319, 62002}, {L"zz", L"1"}, kPlain},
-                   {{61320, 62003}, {L"a", L"zz", L"1"}, kPlain},
-                   {{61321, 62004}, {L"zz", L"0"}, kPlain},
-                   {{61323, 62005}, {L"a", L"bb"}, kPlain},
-                   {{61325, 62006}, {L"a", L"", L"1"}, kPlain},
-                   {{61328, 62008}, {L"\\w\\w", L"0"}, kPlain},
-                   {{61329}, {L"a"}, kPlain},
-                   {{61329, 62007}, {}, kPlain},
-                   {{61332, 62009}, {L"a", L"bb"}, kPlain},
-                   {{61326, 62011}, {}, kPlain},
-                   {{61324, 62010}, {}, kAddresses},
-                   {{61333}, {}, kEscapes},
-                   {{62101, 62102}, {}, kEscapes},
-                   {{61322, 62013}, {}, kMarkup},
-                   {{61334}, {}, kMarkup},
-                   {{61330}, {}, kMarkup},
-                   {{61327}, {L"href", L"0"}, kMarkup},
-                   {{61335}, {L"div", L"class", L"item n1"}, kMarkup},
-                   {{61336}, {L"div.item > a[href*='b='], p b"}, kMarkup}};
     double worst = 0;
-    for (const auto& helper : helpers) {
+    for (const Helper& helper : kHelpers) {
         for (const std::int32_t number : helper.numbers) {
             for (const LongText& text : helper.texts) {
-                double times[2];
-                double sizes[2];
-                for (const std::size_t i : {0U, 1U}) {
-                    const std::wstring given = text.OfLength(i == 0 ? 12'500 : 50'000);
-                    times[i] = Best(
-                        [&] {
-                            sizes[i] = static_cast<double>(RunTemplate(number, helper.params, given).size());
-                        },
-                        2);
-                    sizes[i] += static_cast<double>(given.size());
-                }
-                // Less than a tenth of a second is too short to compare.
-                const double growth = times[1] / std::max(times[0], 100.0) * sizes[0] / sizes[1];
-                if (growth > 2) {
-                    std::printf("       template %d, \"%ls\": %.1f times\n", static_cast<int>(number),
-                                text.repeated, growth);
-                }
-                worst = std::max(worst, growth);
+                worst = std::max(worst, Growth(number, helper.params, text));
             }
         }
     }
