@@ -4,7 +4,7 @@
 #include <chrono>
 #include <cstdio>
 
-// Time and bounds of the benchmarks that have no library to run them.
+// Times and bounds of the benchmarks that do not use Google Benchmark.
 
 template <typename Work>
 double Milliseconds(Work work) {
@@ -13,7 +13,7 @@ double Milliseconds(Work work) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
 }
 
-// The shortest time of some rounds: other programs on the machine only ever add time.
+// The shortest time of some rounds, because other programs on the machine can only add time.
 template <typename Work>
 double Best(Work work, int rounds = 5) {
     double best = 1e9;
@@ -23,7 +23,7 @@ double Best(Work work, int rounds = 5) {
     return best;
 }
 
-// Prints the figure and whether it is within its limit.
+// Prints the figure and whether it is within the limit; returns the latter.
 inline bool Judge(const char* what, double figure, double limit) {
     const bool isMet = figure <= limit;
     std::printf("%-6s %-58s %10.3f (at most %.3f)\n", isMet ? "passed" : "MISSED", what, figure, limit);

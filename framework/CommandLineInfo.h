@@ -2,11 +2,11 @@
 
 #include <string>
 
-// What CWinApp::ParseCommandLine finds on a command line.
+// The result of CWinApp::ParseCommandLine.
 class CCommandLineInfo {
 public:
     virtual ~CCommandLineInfo() = default;
-    // Called for each argument in turn; a leading '/' or '-' makes it a switch and has been removed.
+    // Called for each argument in turn. One with a leading '/' or '-', which has been removed, is a switch.
     virtual void ParseParam(const std::wstring& param, bool isSwitch) {
         if (!isSwitch && m_strFileName.empty()) {
             m_strFileName = param;

@@ -27,8 +27,8 @@ public:
         return SendMessage(LB_GETITEMDATA, static_cast<WPARAM>(index));
     }
     [[nodiscard]] int GetCount() const { return static_cast<int>(SendMessage(LB_GETCOUNT)); }
-    // Lets a list with a horizontal scroll bar scroll as far as its longest item reaches, and shows the bar
-    // only when there is one too long. To be called after the list was filled.
+    // Sets the scroll range of a list with a horizontal scroll bar to its longest item; the bar is shown only
+    // when an item is too long. Call it after filling the list.
     void FitHorizontalExtent() const;
     // Empty for no item.
     [[nodiscard]] std::wstring GetText(int index) const {
@@ -64,7 +64,7 @@ public:
 class CEdit : public CWnd {
 public:
     using CWnd::CWnd;
-    // Start and end; the caret may be at either.
+    // Start and end of the selection. The caret may be at either.
     [[nodiscard]] std::pair<DWORD, DWORD> GetSel() const {
         std::pair<DWORD, DWORD> selection{};
         SendMessage(EM_GETSEL, reinterpret_cast<WPARAM>(&selection.first),

@@ -8,8 +8,8 @@
 
 #include "framework/Wnd.h"
 
-// Thrown to end the current action after a message box has shown the reason. Not an error: nothing more is
-// shown.
+// Thrown to end the current action after a message box has shown the reason. Whoever catches it shows nothing
+// more.
 class CUserException {};
 
 // The wrappers that are bound to the controls of a window.
@@ -17,18 +17,18 @@ class CBoundControls {
 public:
     // Does nothing for a wrapper that is bound already.
     void Bind(CWnd& control, HWND window);
-    // To be called when the window is gone, so that no wrapper outlives its control.
+    // Call it when the window is destroyed: no wrapper then keeps the handle of a destroyed control.
     void Unbind() noexcept;
-    // To be called when the wrappers are gone.
+    // Call it when the wrappers are destroyed.
     void Forget() noexcept { m_controls.clear(); }
 
 private:
     std::vector<CWnd*> m_controls;
 };
 
-// One exchange between a dialog's controls and its members. The DDX_ functions move one value each: from the
-// control when m_bSaveAndValidate is set, else to it. A control that the dialog does not have throws
-// std::invalid_argument.
+// One exchange between a dialog's controls and its members. Each DDX_ function transfers one value: from the
+// control when m_bSaveAndValidate is set, otherwise to it. They throw std::invalid_argument when the dialog
+// has no such control.
 class CDataExchange {
 public:
     // Without `bound`, DDX_Control may not be used.
@@ -45,13 +45,13 @@ public:
     bool m_bSaveAndValidate;
 };
 
-// Binds the wrapper to the control, once, in whichever direction.
+// Binds the wrapper to the control, in both directions; does nothing when it is bound already.
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
 // A check box; any value but 0 ticks it, and reading gives 0 or 1.
 void DDX_Check(CDataExchange* exchange, int id, std::int32_t& value);
 void DDX_Text(CDataExchange* exchange, int id, std::wstring& value);
-// Limits the characters that can be typed into an edit box, and reports a longer text in a message box. Call
-// it right after the DDX_Text of the same control and value.
+// Limits the number of characters that can be typed into an edit box. A longer text is reported in a message
+// box and ends the exchange. Call it directly after the DDX_Text of the same control and value.
 void DDV_MaxChars(CDataExchange* exchange, int id, const std::wstring& value, int maximum);
 // A decimal number. Reading skips blanks and stops at the first character that is no digit; without digits
 // the number is 0, and one out of range the nearest in range.

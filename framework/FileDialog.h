@@ -13,15 +13,16 @@
 // The system's dialog for choosing files. It only returns paths; it opens and writes nothing.
 class CFileDialog {
 public:
-    // `open` chooses between the open and the save form; `fileName` is what the name box starts with;
-    // `filter` holds pairs of a description and its patterns, each followed by '|', and one more '|' at the
+    // `open` chooses between the open and the save dialog; `fileName` is the first content of the name box;
+    // `filter` has pairs of a description and its patterns, each followed by '|', and one more '|' at the
     // end; `flags` are OFN_ flags.
     CFileDialog(bool open, const wchar_t* defaultExtension, std::wstring fileName, DWORD flags,
                 std::wstring filter, const CWnd* parent);
 
-    // The folder that is shown first, unless the file name brings its own.
+    // The folder that is shown first, unless the file name contains a folder.
     void SetInitialFolder(const std::wstring& folder) { m_folder = folder; }
-    // Size of the result's buffer in characters, for the folder and all names together; 32,768 unless set.
+    // The size of the result's buffer in characters, for the folder and all names together; 32,768 by
+    // default.
     void SetBufferSize(DWORD characters) { m_bufferSize = characters; }
 
     // IDOK or IDCANCEL; IDCANCEL also when the result does not fit.

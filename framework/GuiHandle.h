@@ -26,7 +26,7 @@ struct DeviceContextPolicy {
     static HDC None() noexcept { return nullptr; }
     static bool Close(HDC context) noexcept { return DeleteDC(context) != 0; }
 };
-// One that was created, not one of a window.
+// A device context that was created, not one of a window.
 using CDeviceContext = CUniqueHandle<DeviceContextPolicy>;
 
 struct FontPolicy {

@@ -4,8 +4,8 @@
 
 #include "framework/GuiHandle.h"
 
-// Icons of the program's resources at the sizes that a window needs, which grow with the screen's resolution.
-// Empty when there is no such icon or no room for one.
+// Loads icons of the program's resources in the sizes that a window needs, which depend on the screen's
+// resolution. Empty when there is no such icon or no memory for it.
 
 // Pixels.
 [[nodiscard]] CIconHandle LoadIconOfSize(int id, int width, int height);

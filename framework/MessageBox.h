@@ -5,8 +5,9 @@
 #include <functional>
 #include <string>
 
-// Shows a message box titled with the application's name above the main window; while that is hidden, the box
-// has no owner and has its own task bar button. Returns the button's id.
+// Shows a message box whose title is the application's name. Its owner window is the main window or its
+// dialog. While that is hidden, the box has no owner and has a task bar button of its own. Returns the
+// button's id.
 int AfxMessageBox(const std::wstring& text, UINT style = MB_OK);
 
 // Replaces the system's message box, so that a test can read the text instead of waiting for a click. An

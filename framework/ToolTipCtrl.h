@@ -14,20 +14,19 @@ public:
     CToolTipCtrl& operator=(const CToolTipCtrl&) = delete;
     ~CToolTipCtrl() override { Destroy(); }
 
-    // FALSE when the system cannot make it.
+    // FALSE when the system cannot create it.
     BOOL Create(const CWnd& parent);
     BOOL AddTool(HWND control, const std::wstring& text) const;
-    // A tool whose text the parent gives each time, on TTN_GETDISPINFO; DelTool takes it and its tooltip
-    // away.
+    // Adds a tool whose text the parent provides each time, on TTN_GETDISPINFO. DelTool removes the tool and
+    // hides its tooltip.
     BOOL AddTool(HWND control) const;
     void DelTool(HWND control) const;
-    // Lets texts have several lines, and breaks those that are wider than so many pixels where they have
-    // blanks.
+    // Allows texts with several lines. Breaks lines wider than so many pixels at blanks.
     void SetMaxTipWidth(int width) const;
-    // For how many milliseconds a tooltip stays, at most 32767.
+    // How many milliseconds a tooltip stays, at most 32,767.
     void SetAutoPopTime(int milliseconds) const;
     void Activate(bool activate) const;
-    // To be given every message of the thread before it is dispatched; nothing happens before Create.
+    // Pass every message of the thread before it is dispatched. Does nothing before Create.
     void RelayEvent(MSG* message) const;
     void Destroy() noexcept;
 };

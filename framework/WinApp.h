@@ -7,8 +7,8 @@
 #include "framework/CommandLineInfo.h"
 #include "framework/Wnd.h"
 
-// The application: its names, its settings in the registry and its message loop. One object exists at a time,
-// which AfxGetApp returns; a further one takes its place until it is destroyed.
+// The application: its names, its settings in the registry and its message loop. AfxGetApp returns the object
+// that was created last and still exists.
 class CWinApp {
 public:
     CWinApp();
@@ -16,7 +16,7 @@ public:
     CWinApp& operator=(const CWinApp&) = delete;
     virtual ~CWinApp();
 
-    // Prepares the program; FALSE ends it without a message loop.
+    // Prepares the program. FALSE ends the program without a message loop.
     virtual BOOL InitInstance() { return TRUE; }
     // Dispatches messages until the main window is destroyed; returns what ExitInstance returns.
     // (framework/MessageLoop.cpp)
@@ -24,15 +24,14 @@ public:
     // Cleans up; the result is the process's exit code.
     virtual int ExitInstance() { return m_nExitCode; }
 
-    // Settings are kept from here on under HKEY_CURRENT_USER\Software\<key>\<application name>\<section>.
+    // Sets where settings are: HKEY_CURRENT_USER\Software\<key>\<application name>\<section>.
     void SetRegistryKey(const wchar_t* key) { m_strRegistryKey = key; }
-    // The default also when the stored value is not a number. Values are stored as 32 bits, negative ones
-    // too.
+    // The default also when the stored value is not a number. Values have 32 bits and may be negative.
     [[nodiscard]] UINT GetProfileInt(const wchar_t* section, const wchar_t* entry, int defaultValue) const;
     // FALSE also when no registry key was set.
     BOOL WriteProfileInt(const wchar_t* section, const wchar_t* entry, int value) const;
 
-    // Hands each argument of m_lpCmdLine to `info`.
+    // Passes each argument of m_lpCmdLine to `info`.
     void ParseCommandLine(CCommandLineInfo& info) const;
 
     // Not owned. Destroying this window ends the message loop.

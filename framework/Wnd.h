@@ -4,9 +4,8 @@
 
 #include <string>
 
-// A window's handle with the calls that the program makes on it. It does not own the window: a dialog's
-// window belongs to CDialog, and a control's wrapper is bound by DDX_Control and unbound when the dialog is
-// destroyed.
+// A window's handle with the calls that the program makes on it. It does not own the window: CDialog owns a
+// dialog's window, and DDX_Control binds a control's wrapper, which is unbound when the dialog is destroyed.
 class CWnd {
 public:
     CWnd() noexcept = default;
@@ -15,10 +14,10 @@ public:
 
     void Attach(HWND window) noexcept { m_hWnd = window; }
     HWND Detach() noexcept;
-    // The object that owns a window of this thread; null for every other window, a bound control's too.
+    // The object that owns a window of this thread; null for every other window, also for a bound control.
     [[nodiscard]] static CWnd* FromHandle(HWND window) noexcept;
-    // Of an object that owns its window: sees every message before it is dispatched to this window or one
-    // below it; TRUE takes it.
+    // Called, if the object owns its window, with every message before it is dispatched to this window or a
+    // child. TRUE means handled: the message is not dispatched.
     virtual BOOL PreTranslateMessage(MSG*) { return FALSE; }
 
     [[nodiscard]] HWND GetDlgItem(int id) const { return ::GetDlgItem(m_hWnd, id); }
@@ -42,12 +41,12 @@ public:
     BOOL ShowWindow(int command) { return ::ShowWindow(m_hWnd, command); }
     HWND SetFocus() { return ::SetFocus(m_hWnd); }
     BOOL SetForegroundWindow() { return ::SetForegroundWindow(m_hWnd); }
-    // The period is in milliseconds. The timer dies with the window.
+    // The period is in milliseconds. The timer ends with the window.
     UINT_PTR SetTimer(UINT_PTR id, UINT period) { return ::SetTimer(m_hWnd, id, period, nullptr); }
     BOOL DestroyWindow() { return ::DestroyWindow(m_hWnd); }
     // NOLINTEND(readability-make-member-function-const)
 
-    // The large icon or the small one; the caller keeps it alive as long as the window.
+    // The caller keeps the icon alive as long as the window.
     void SetIcon(HICON icon, bool large) const;
 
     [[nodiscard]] RECT GetClientRect() const;
@@ -67,13 +66,13 @@ public:
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return ::PostMessageW(m_hWnd, message, wParam, lParam);
     }
-    // Null when there is no window (any more).
+    // Null when there is no window.
     HWND m_hWnd = nullptr;
 
 protected:
     CWnd(const CWnd&) = default;
     CWnd& operator=(const CWnd&) = default;
 
-    // Makes this object, or none, the one that FromHandle returns for its window.
+    // Sets the object that FromHandle returns for this window; null for none.
     void SetOwner(CWnd* owner) const;
 };

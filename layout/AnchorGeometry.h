@@ -4,8 +4,8 @@
 
 // The geometry of resizable dialogs, in pixels.
 
-// The edges of the dialog from which a control keeps its distance. Without ANCHOR_LEFT a control follows the
-// right edge whether or not ANCHOR_RIGHT is set, and without ANCHOR_TOP the bottom edge. ANCHOR_ALL stands
+// The edges of the dialog to which a control keeps its distance. Without ANCHOR_LEFT a control follows the
+// right edge whether or not ANCHOR_RIGHT is set, and without ANCHOR_TOP the bottom edge. ANCHOR_ALL is used
 // alone.
 enum : std::uint32_t {
     ANCHOR_LEFT = 1,
@@ -15,7 +15,7 @@ enum : std::uint32_t {
     ANCHOR_ALL = 16,
 };
 
-// A rectangle, or the distances of one rectangle's edges from those of another around it.
+// A rectangle, or the distances of its edges from those of a surrounding rectangle.
 struct Edges {
     std::int32_t left = 0;
     std::int32_t top = 0;
@@ -32,12 +32,13 @@ struct Placement {
     bool operator==(const Placement&) const = default;
 };
 
-// Only flags from 1 to 16 move a control: 0 and ANCHOR_ALL with anything else leave it where it is.
+// Whether these flags move a control: only 1 to 16 do. 0, and ANCHOR_ALL with another flag, leave it in
+// place.
 [[nodiscard]] constexpr bool IsAnchored(std::uint32_t flags) {
     return flags >= 1 && flags <= ANCHOR_ALL;
 }
 
-// How far a control's edges lie inside the client area's.
+// The distances of a control's edges from those of the client area.
 [[nodiscard]] Edges MeasureDistances(const Edges& client, const Edges& control);
 
 // A control's rectangle in a client area of another size: anchored edges keep their distances, and a control
@@ -46,11 +47,10 @@ struct Placement {
 [[nodiscard]] Placement Arrange(std::uint32_t flags, const Edges& distances, const Edges& client,
                                 const Edges& current);
 
-// The smallest width or height to which a window may be dragged: 80 % of the client area's first one, rounded
-// down.
+// The smallest width or height to which a window can be resized: 80 % of the first client size, rounded down.
 [[nodiscard]] std::int32_t MinTrackSize(std::int32_t clientSize);
 
-// The window's rectangle moved into this part of the screen, and made smaller where it does not fit.
+// The window's rectangle, moved into this area of the screen and made smaller if it does not fit.
 [[nodiscard]] Placement FitInto(const Edges& area, const Placement& window);
 
 // A stored window rectangle, corrected for a screen of this size: edges off the screen are replaced. A right

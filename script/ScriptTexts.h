@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-// Where the texts of the script library come from: the program's resources, or in tests the files that those
-// are made of. Lines end with CR LF.
+// Provides the texts of templates and catalogues: from the program's resources, or in tests from the files of
+// which the resources are made. Lines end with CR LF.
 class IScriptTexts {
 public:
     IScriptTexts() = default;
@@ -15,7 +15,7 @@ public:
 
     // The template of that number (see ScriptTexts.def); empty when there is none.
     [[nodiscard]] virtual std::wstring GetTemplate(std::int32_t number) const = 0;
-    // What the language has built in, one entry a line; case does not count in the language's name, and an
-    // unknown one has nothing.
+    // The built-in functions of the language, one per line; empty for an unknown language. Case does not
+    // count in its name.
     [[nodiscard]] virtual std::wstring GetCatalogue(std::wstring_view language) const = 0;
 };

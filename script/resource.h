@@ -1,13 +1,13 @@
 #pragma once
 
-// Ids of the script editor's dialogs, their controls and its icon. Read by the resource compiler too, so
-// nothing but #defines stands here. OK and Cancel are the system's own IDOK and IDCANCEL.
+// Ids of the script editor's dialogs, their controls and its icon. The resource compiler reads this file too,
+// so it contains only #defines. OK and Cancel have the system's ids IDOK and IDCANCEL.
 
 #define IDD_SCRIPT 293
 #define IDD_SCRIPT_FUNCTION 322
 #define IDI_SCRIPT 512
 
-// Script Editor: what scripts are made of
+// Script Editor: templates and functions
 #define IDC_SCRIPT_LANGUAGE 2113
 #define IDC_SCRIPT_TEMPLATES 2103
 #define IDC_SCRIPT_NEW_FROM_TEMPLATE 2100
@@ -32,7 +32,7 @@
 #define IDC_SCRIPT_TEST_RESULT 2112
 #define IDC_SCRIPT_SEPARATOR 2106
 
-// The command of the Enter key in the list of templates. Nobody handles it.
+// The command of the Enter key in the list of templates. It has no handler.
 #define ID_SCRIPT_TEMPLATE_ENTER 2101
 
 // Script Function

@@ -1,7 +1,7 @@
 #pragma once
 
-// Ids of the program's resources, of the main dialog's controls and of its commands. Read by the resource
-// compiler too, so nothing but #defines stands here. OK and Cancel are the system's own IDOK and IDCANCEL.
+// Ids of the program's resources, of the main dialog's controls and of its commands. The resource compiler
+// reads this file too, so it contains only #defines. OK and Cancel have the system's ids IDOK and IDCANCEL.
 
 // Dialogs and menus
 #define IDD_MAIN 102
@@ -17,7 +17,7 @@
 #define IDI_RUN 145
 #define IDI_DELETE_PROJECT 241
 
-// Commands of the tray menu; the dialog's Exit button sends the second as well.
+// Commands of the tray menu. The dialog's Exit button sends the second one, too.
 #define ID_SHOW_WINDOW 32771
 #define ID_EXIT_PROGRAM 32772
 

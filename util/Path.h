@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-// Path texts. Nothing here touches the file system. Folders end at a backslash; only GetFileExtension takes a
-// forward slash as well.
+// Functions on path texts; none accesses the file system. Backslashes separate folders; only GetFileExtension
+// also accepts a forward slash.
 
 // What follows the last backslash; the whole path when there is none.
 [[nodiscard]] std::wstring GetFileName(std::wstring_view path);

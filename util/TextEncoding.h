@@ -7,7 +7,7 @@
 // The encodings of a text file. All but Ansi (the system's code page) begin with a byte-order mark.
 enum class TextEncoding { Ansi, Utf8, Utf16LE, Utf16BE };
 
-// By the byte-order mark that `bytes` start with.
+// The encoding by the byte-order mark at the start of `bytes`; Ansi without one.
 [[nodiscard]] TextEncoding DetectEncoding(std::string_view bytes) noexcept;
 
 // Empty for Ansi.
@@ -24,5 +24,5 @@ enum class TextEncoding { Ansi, Utf8, Utf16LE, Utf16BE };
 void AppendDecoded(TextEncoding encoding, std::string_view bytes, std::wstring& text);
 
 // Appends `text` in the encoding. False, with the end of `bytes` unspecified, when the encoding cannot hold
-// every character exactly; UTF-16 holds whatever there is.
+// every character exactly. UTF-16 can hold every text.
 [[nodiscard]] bool AppendEncoded(TextEncoding encoding, std::wstring_view text, std::string& bytes);

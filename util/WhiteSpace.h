@@ -2,8 +2,9 @@
 
 #include <string_view>
 
-// What trimming removes everywhere in the program: the characters that the Windows run-time's iswspace
-// answers to in the C locale, the same on every platform. These are U+0009 to U+000D, U+0020, U+00A0, U+1680,
+// Whether the character is white space, which trimming removes everywhere in the program. These are the
+// characters for which iswspace of the Windows run-time is true in the C locale, on every platform: U+0009 to
+// U+000D, U+0020, U+00A0, U+1680,
 // U+2000 to U+200A, U+2028, U+2029, U+202F, U+205F and U+3000.
 [[nodiscard]] constexpr bool IsWhiteSpace(wchar_t unit) noexcept {
     return (unit >= 0x09 && unit <= 0x0D) || unit == 0x20 || unit == 0xA0 || unit == 0x1680 ||

@@ -4,7 +4,7 @@
 
 struct Context;
 
-// Throws CRefusal, with the remedy, when a program of that kind keeps the list.
+// Throws CRefusal, with what the user can do, when a program of this kind keeps the list.
 void RequireUnkept(const Context& context, CListKeeper::Kind kind);
-// The same where that is known already.
+// Throws the same CRefusal without looking whether the list is kept.
 [[noreturn]] void RefuseKept(const Context& context, CListKeeper::Kind kind);

@@ -2,10 +2,10 @@
 
 #include "cli/commands/Context.h"
 
-// The subcommands that only show. Each returns the exit code and throws CRefusal for a path that names no
-// task.
+// The subcommands that only show the list. Each returns the exit code and throws CRefusal for a path of which
+// the list has no task.
 
 [[nodiscard]] int ListTasks(const Job& job);
 [[nodiscard]] int ListNextRuns(const Job& job);
-// kFindings when there are any.
+// Returns kFindings when there are findings.
 [[nodiscard]] int CheckList(const Job& job);

@@ -4,9 +4,8 @@
 
 #include "cli/commands/Context.h"
 
-// Every subcommand, in the order in which help shows them.
+// All subcommands, in the order of the help.
 [[nodiscard]] std::span<const Subcommand> Subcommands();
 
-// Carries out the subcommand and returns the process's exit code (Refusal.h). An error is one line on
-// context.err.
+// Runs the subcommand and returns the process's exit code (Refusal.h). An error is one line on context.err.
 [[nodiscard]] int RunSubcommand(const Arguments& arguments, const Context& context);

@@ -14,17 +14,17 @@ class App;
 // Makes the full path of a file as the user names it, in UTF-8; empty for an empty name.
 using FullPath = std::function<std::wstring(const std::string& file)>;
 
-// The options by which add and set say what a task is to be. Has to outlive the parsing.
+// The options of add and set for the properties of a task. The object has to outlive the parsing.
 class CEditOptions {
 public:
-    // Adds the options that both have.
+    // Adds the options of both subcommands.
     void AddTo(CLI::App& command);
-    // Those of one alone.
+    // Add an option of one subcommand.
     void AddDisabled(CLI::App& command);
     void AddResetLastRun(CLI::App& command);
 
-    // What was given; throws the parser's error when it contradicts itself. `fullPath` makes the full path of
-    // a file as the user names it.
+    // The changes by the options given. Throws the parser's error when options contradict each other.
+    // `fullPath` makes a path from the user a full path.
     [[nodiscard]] TaskChanges Changes(const FullPath& fullPath) const;
 
 private:

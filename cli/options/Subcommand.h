@@ -4,11 +4,11 @@
 
 struct Job;
 
-// What a subcommand claims for as long as it works.
+// What a subcommand claims while it runs.
 enum class Claim : std::uint8_t {
     None,   // it only reads
-    List,   // nobody else launches or edits the list's tasks until it ends
-    Watch,  // the same, taken from one pass to the next by the handler
+    List,   // no other program launches or edits the list's tasks until it ends
+    Watch,  // the handler takes the claim in each pass that launches
 };
 
 // A group of options that a subcommand takes.
@@ -18,7 +18,7 @@ enum class Takes : std::uint8_t {
     NextRuns,  // which runs to show
     Time,      // --at
     Command,   // what to start on a failure
-    NewTask,   // projects and what the new tasks are to be
+    NewTask,   // projects and the properties of the new tasks
     Changes,   // projects and what to change
     Projects,  // projects
     OutFile,   // a file to write
@@ -33,7 +33,7 @@ struct Subcommand {
     Takes takes = Takes::Nothing;
     Claim claim = Claim::None;
     bool makesList = false;  // a list that does not exist counts as an empty one
-    bool canTry = false;     // --dry-run: shows what it would change, claims and changes nothing
+    bool canTry = false;     // has --dry-run, which shows the changes but claims and changes nothing
     // Returns the exit code (Refusal.h); throws CRefusal.
     int (*handler)(const Job& job) = nullptr;
 };

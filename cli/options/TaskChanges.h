@@ -9,7 +9,7 @@
 #include "core/task/TaskDays.h"
 #include "core/task/TaskSwitches.h"
 
-// What the options of add and set ask for. What is not given stays as it is.
+// The changes by the options of add and set. A field without a value changes nothing.
 struct TaskChanges {
     struct Every {
         std::int32_t value = 0;  // 0 switches the rule off
@@ -18,7 +18,7 @@ struct TaskChanges {
     struct Command {
         const TaskSwitch* command;
         bool isOn;
-        std::wstring argument;  // with isOn: the file, empty for the one that the task has
+        std::wstring argument;  // with isOn: the file; empty keeps the file of the task
     };
 
     std::optional<std::int64_t> start;  // seconds since 1970
@@ -38,7 +38,7 @@ struct TaskChanges {
     [[nodiscard]] bool ChangesSchedule() const;
     [[nodiscard]] bool SwitchesACommandOn() const;
 
-    // Throws CRefusal, with the task half changed, when the task would not do what is asked for.
+    // Throws CRefusal, with the task partly changed, when the task could not do what the options say.
     void ApplyTo(CSCVShchedulerTask& task, std::int64_t now) const;
 
 private:

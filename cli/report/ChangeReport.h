@@ -10,18 +10,18 @@
 
 class CSCVShchedulerTask;
 
-// Names of changes: a launch, and those that make a schedule, which the report shows in words.
+// Names of changes: a launch, and the changes for which the report shows the schedule in words.
 inline constexpr std::string_view kLaunched = "run";
 inline constexpr std::string_view kAdded = "added";
 inline constexpr std::string_view kReplaced = "replaced";
 inline constexpr std::string_view kSet = "set";
 
-// One launch as a line for people: when, what and with which result.
+// One launch as a line of text: time, project and result.
 [[nodiscard]] std::string LaunchAsText(const CSCVShchedulerTask& task);
 // {"change": ..., "task": {...}}
 [[nodiscard]] Json ChangeAsJson(std::string_view change, const CSCVShchedulerTask& task, std::int64_t now);
 
-// What a subcommand has done to tasks, one entry a task.
+// The changes of tasks by a subcommand, with one entry for each task.
 class CChangeReport {
 public:
     // Keeps a pointer: Write() shows the task's state then, so it must still exist.
@@ -31,14 +31,14 @@ public:
     // For a task that is deleted before Write().
     void AddRemoved(CSCVShchedulerTask& task, std::int64_t now);
 
-    // For a task that already is what was asked for.
+    // For a task that is already as the command line says.
     void AddUnchanged(const CSCVShchedulerTask& task) { m_unchanged.push_back(&task); }
 
     [[nodiscard]] bool HasLaunches() const;
-    // The tasks that Add got, in that order.
+    // The tasks that were passed to Add, in this order.
     [[nodiscard]] std::vector<CSCVShchedulerTask*> ChangedTasks() const;
-    // One object with all changes, or a line for each. With `isTry` nothing has been changed: the report says
-    // what would be.
+    // One JSON object with all changes, or a line for each. With `isTry` nothing has been changed: the report
+    // shows what would change.
     [[nodiscard]] std::string Write(const std::wstring& list, std::int64_t now, bool json,
                                     bool isTry = false) const;
 

@@ -6,8 +6,8 @@
 
 #include "util/Utf8.h"
 
-// CSV for spreadsheets (RFC 4180): commas, CR LF, quotes where needed, UTF-8 with the byte-order mark by
-// which they know it.
+// CSV for spreadsheets (RFC 4180): commas, CR LF, quotes where needed, UTF-8. Start the text with kCsvStart,
+// the byte-order mark by which spreadsheets recognise UTF-8.
 
 inline constexpr std::string_view kCsvStart = "\xEF\xBB\xBF";
 

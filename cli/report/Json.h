@@ -9,8 +9,8 @@
 // Keys keep the order in which they are set.
 using Json = nlohmann::ordered_json;
 
-// Where texts enter and leave JSON: UTF-16 outside, UTF-8 inside. Every source that puts one in includes
-// this, for without it the library takes a std::wstring for an array of numbers.
+// Converts texts between UTF-16 and JSON's UTF-8. Include this in every source that puts a std::wstring into
+// JSON: without it the library would make an array of numbers.
 template <>
 struct nlohmann::adl_serializer<std::wstring> {
     template <typename AnyJson>
@@ -23,14 +23,14 @@ struct nlohmann::adl_serializer<std::wstring> {
     }
 };
 
-// Counts up when a key changes its meaning or is removed, not for a new key.
+// Increase it when a key changes its meaning or is removed, not for a new key.
 inline constexpr int kJsonVersion = 1;
 
-// A report's first fields: version, which list, and seen from when.
+// The first fields of a report: version, path of the list, and `now`.
 [[nodiscard]] Json ReportHead(const std::wstring& list, std::int64_t now);
 // Sets `key` to the seconds since 1970 and key + "Local" to the ISO local time, null for 0 and for an instant
 // that has no local time.
 void AddTime(Json& json, const std::string& key, std::int64_t instant);
-// A whole report as text in UTF-8, without a line feed at its end. A lone surrogate, which UTF-8 cannot hold,
-// has become U+FFFD.
+// A whole report as UTF-8 text, without a line feed at its end. A lone surrogate, which UTF-8 cannot hold,
+// becomes U+FFFD.
 [[nodiscard]] std::string DumpJson(const Json& json);

@@ -10,12 +10,12 @@
 
 // Reports for programs: one JSON object in UTF-8, times as seconds since 1970 and as local times.
 
-// Throughout the reports a task looks like this. With `runs`, it carries the array of its next runs.
+// A task as it looks in all reports. With `runs` it has the array of its next runs.
 [[nodiscard]] Json TaskAsJson(const TaskReport& report, bool runs);
-// The rule of repetition but for "every.unit", which is a number in reports and a word in exports.
+// The repeat rules without "every.unit", which is a number in reports and a word in exports.
 [[nodiscard]] Json RepeatAsJson(const CSCVShchedulerTask& task);
 
-// With `runs`, each task carries the array of its next runs.
+// With `runs`, each task has the array of its next runs.
 [[nodiscard]] std::string TasksAsJson(const std::wstring& list, std::int64_t now,
                                       const std::vector<TaskReport>& reports, bool runs);
 [[nodiscard]] std::string FindingsAsJson(const std::wstring& list, std::int64_t now,

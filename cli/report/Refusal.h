@@ -11,7 +11,7 @@ enum ExitCode : int {
     kNoList = 3,  // the list file is missing or unreadable
 };
 
-// Why a subcommand changes nothing: one sentence in UTF-8, and the exit code to end with.
+// Thrown to refuse a subcommand: the reason as one sentence in UTF-8, and the exit code.
 class CRefusal final : public std::runtime_error {
 public:
     explicit CRefusal(const std::string& sentence, ExitCode exitCode = kUsage)

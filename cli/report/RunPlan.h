@@ -12,9 +12,9 @@ struct PlannedRun {
     const CSCVShchedulerTask* task;
 };
 
-// The runs of all tasks from `from` to `to`, both included, in order of time, at most `count`. Runs before
-// `from` count as having happened on time. Tasks whose runs cannot be computed are left out; `unplanned` gets
-// them.
+// The runs of all tasks from `from` to `to`, both included, in order of time, at most `count`. Assumes that
+// runs before `from` happen on time. Tasks whose runs cannot be computed are left out and appended to
+// `unplanned`.
 [[nodiscard]] std::vector<PlannedRun> PlanRuns(const std::vector<CSCVShchedulerTask*>& tasks,
                                                std::int64_t now, std::int64_t from, std::int64_t to,
                                                std::size_t count,
@@ -26,7 +26,7 @@ struct PlannedRun {
 [[nodiscard]] std::string RunsAsJson(const std::wstring& list, std::int64_t now,
                                      const std::vector<PlannedRun>& runs);
 
-// How many projects start in each hour of the seven days that begin with `now`'s.
+// How many projects start in each hour of seven days, of which the first is that of `now`.
 struct WeekGrid {
     struct Day {
         std::wstring name;  // "Mon 03 Jun"
@@ -40,7 +40,7 @@ struct WeekGrid {
 
 // The last second of the seven days.
 [[nodiscard]] std::int64_t EndOfWeek(std::int64_t now);
-// `runs` are those from now to EndOfWeek(now).
+// Counts `runs`, which are those from now to EndOfWeek(now).
 [[nodiscard]] WeekGrid CountStarts(const std::vector<PlannedRun>& runs, std::int64_t now);
 // At most 80 columns as long as no hour has more than 99 starts.
 [[nodiscard]] std::string WeekAsText(const WeekGrid& week);

@@ -6,12 +6,12 @@
 
 class CSCVShchedulerTask;
 
-// A task and its next runs. The task stays the array's.
+// A task and its next runs. Does not own the task.
 struct TaskReport {
     const CSCVShchedulerTask* task;
     std::vector<std::int64_t> runs;  // empty when there is none or the task is disabled
     std::wstring schedule;           // in words; empty when it cannot be computed
-    std::wstring error;              // why it cannot be computed, and the runs neither
+    std::wstring error;              // why schedule and runs cannot be computed; empty when they can
 
     [[nodiscard]] std::int64_t NextRun() const { return runs.empty() ? 0 : runs.front(); }
 };

@@ -5,7 +5,7 @@
 
 #include "util/Utf8.h"
 
-// Where the console's texts become UTF-8: core keeps UTF-16, the streams, JSON and the parser take UTF-8.
+// Converts texts to UTF-8: core has UTF-16; streams, JSON and the parser have UTF-8.
 
 inline void AppendUtf8(std::string& text, std::string_view part) {
     text += part;
@@ -14,7 +14,7 @@ inline void AppendUtf8(std::string& text, std::wstring_view part) {
     text += ToUtf8(part);
 }
 
-// The parts, in UTF-8 or UTF-16, one behind the other in UTF-8: Join("the project ", path, " is missing").
+// Concatenates the parts, in UTF-8 or UTF-16, as UTF-8: Join("the project ", path, " is missing").
 template <typename... Parts>
 [[nodiscard]] std::string Join(const Parts&... parts) {
     std::string text;

@@ -8,7 +8,7 @@
 #include "cli/report/TaskReport.h"
 #include "core/check/Check.h"
 
-// Reports for people, in UTF-8. Nothing is cut off: what is wider than its column goes on in the next line.
+// Reports for people, in UTF-8. No text is cut off: one wider than its column continues on the next line.
 
 // The tasks as a table that is at most `width` columns wide.
 [[nodiscard]] std::string TasksAsText(const std::vector<TaskReport>& reports, std::size_t width);
@@ -20,7 +20,8 @@
 [[nodiscard]] std::string TasksAsCsv(const std::vector<TaskReport>& reports);
 // With a header: the runs of each task, of which there may be none.
 [[nodiscard]] std::string NextRunsAsCsv(const std::vector<TaskReport>& reports);
-// A line for each run, earliest first within its task; the first has the schedule in words behind it.
+// A line for each run, earliest first within its task. The first line of a task ends with the schedule in
+// words.
 [[nodiscard]] std::string NextRunsAsText(const std::vector<TaskReport>& reports);
 // A line for each finding.
 [[nodiscard]] std::string FindingsAsText(const std::wstring& list, const std::vector<Finding>& findings);

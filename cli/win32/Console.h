@@ -2,21 +2,21 @@
 
 #include <cstddef>
 
-// The console of this process: UTF-8 output for its lifetime, input byte by byte, and Ctrl+C as a wish to
-// end. One object a process.
+// The console of this process: UTF-8 output during its lifetime, binary input, and Ctrl+C as a request to
+// end. A process has one object.
 class CConsole {
 public:
     CConsole();
     CConsole(const CConsole&) = delete;
     CConsole& operator=(const CConsole&) = delete;
-    ~CConsole();  // gives the code page back
+    ~CConsole();  // restores the code page
 
-    // Columns of the window; 80 when the output goes elsewhere.
+    // Columns of the window; 80 when the output is not a console.
     [[nodiscard]] static std::size_t Width();
-    // From here on Ctrl+C, Ctrl+Break and closing the console no longer end the process but WaitForStop's
-    // wait.
+    // After this call Ctrl+C, Ctrl+Break and closing the console do not end the process; they end the wait of
+    // WaitForStop.
     static void CatchStop();
-    // True as soon as the user wants to end, false after the time.
+    // Waits. True as soon as the user wants to end, false after the time.
     [[nodiscard]] static bool WaitForStop(unsigned milliseconds);
 
 private:

@@ -5,7 +5,7 @@
 #include "cli/commands/Context.h"
 #include "util/win32/Handle.h"
 
-// Starts the command without a window of its own. Commands that run when the object is destroyed go on.
+// Starts the command without a window. Commands that are still running when the object is destroyed continue.
 class CFailureCommand final : public IFailureCommand {
 public:
     [[nodiscard]] std::wstring Start(const std::wstring& command, const std::wstring& project,

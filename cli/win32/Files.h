@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-// The path as it is when it cannot be made full.
+// The full path; `path` itself when there is none.
 [[nodiscard]] std::wstring FullPath(const std::wstring& path);
-// As Context::findFiles has to be.
+// Implements Context::findFiles.
 [[nodiscard]] std::vector<std::wstring> FindFiles(const std::wstring& pattern);

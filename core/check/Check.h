@@ -9,21 +9,21 @@ class CSCVShchedulerTask;
 class CSCVShchedulerTaskArray;
 class IShell;
 
-// Something that will not work, or will not survive in the file.
+// A problem: something that will not work or will not survive in the file.
 struct Finding {
     std::wstring project;  // empty for a finding about the list itself
     std::wstring section;
     std::wstring message;  // a sentence without a full stop
 };
 
-// All findings about a list seen from `now`: `profile` is its text and `tasks` what was loaded from it. Looks
-// for the projects' and the program's files.
+// All findings about a list seen from `now`. `profile` is its text, `tasks` what was loaded from it. Checks
+// whether the files of projects and programs exist.
 [[nodiscard]] std::vector<Finding> FindProblems(const CPrivateProfile& profile,
                                                 const CSCVShchedulerTaskArray& tasks, IShell& shell,
                                                 std::int64_t now);
 
-// The findings about one task, without the list file: it does not see that loading has cut the stored command
-// line or shifted its fields.
+// The findings about one task. Without the list file, it does not detect that loading has cut the stored
+// command line or shifted its fields.
 [[nodiscard]] std::vector<Finding> FindProblemsOf(const CSCVShchedulerTask& task,
                                                   const CSCVShchedulerTaskArray& tasks, IShell& shell,
                                                   std::int64_t now);

@@ -6,10 +6,10 @@
 
 #include "core/platform/FileSystem.h"
 
-// Who has a list's tasks in memory for as long as it runs. The window saves them over what others have
-// changed in the file, a watch launches them; nobody else is to edit or launch them meanwhile. Each holds a
-// lock file beside the list (path + ".window" or ".watch", see LockPath), so that it counts for that list
-// only and is released when its process dies.
+// Marks a list whose tasks a program keeps in memory while it runs. A window would overwrite changes of
+// others in the file, and a watch launches the tasks; so no other program may edit or launch them meanwhile.
+// The mark is a lock file beside the list (path + ".window" or ".watch", see LockPath): it applies to that
+// list only, and the system releases it when the process dies.
 class CListKeeper {
 public:
     enum class Kind : std::uint8_t { Window, Watch };
@@ -17,10 +17,11 @@ public:
     // `files` outlives the object. `list` is the path of the task list file.
     CListKeeper(IFileSystem& files, std::wstring list, Kind kind);
 
-    // One try, which succeeds when this object keeps the list already. False when another program of that
-    // kind keeps it. True also where nobody can, because the list's folder takes no files or is missing.
+    // Tries once to keep the list. True when this object keeps it already. False when another program of this
+    // kind keeps it. True also when no lock can be created because the list's folder is missing or not
+    // writable.
     [[nodiscard]] bool TryKeep();
-    // Whether some program of that kind keeps the list. Takes nothing.
+    // Whether a program of this kind keeps the list. Does not take the lock.
     [[nodiscard]] static bool IsKept(IFileSystem& files, const std::wstring& list, Kind kind);
 
 private:

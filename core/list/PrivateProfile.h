@@ -19,22 +19,22 @@
 // The text is ANSI unless it starts with a UTF-16 or UTF-8 byte-order mark, and becomes UTF-16LE with a
 // byte-order mark when something is set that its encoding cannot hold. Texts passed in and out are UTF-16.
 //
-// Looking a section up costs the same whatever the size of the text; a key is searched in its section.
-// Memory: the text, a few bytes for each section, and the texts of the sections that were edited.
+// Finding a section takes constant time; a key is searched in its section. Memory: the text, a few bytes for
+// each section, and the texts of the edited sections.
 class CPrivateProfile {
 public:
     using Entry = ProfileEntry;
 
-    // The whole file as read; empty for a file to be made. Throws std::length_error from 2 GB on.
+    // `bytes` is the whole file, empty for a new one. Throws std::length_error for 2 GB or more.
     explicit CPrivateProfile(std::string bytes);
 
-    // The value as GetPrivateProfileStringW copies it into an unlimited buffer: blanks round it are dropped,
-    // it ends at a NUL, and one pair of enclosing quotes is removed: key = "a b"  is read as a b. Nothing
-    // when the key is missing or has no "=".
+    // The value as GetPrivateProfileStringW would return it with an unlimited buffer: without the blanks
+    // around it, cut at a NUL, without one pair of enclosing quotes. For instance, key = "a b"  has the value
+    // a b. Nothing when the key is missing or has no "=".
     [[nodiscard]] std::optional<std::wstring> GetString(std::wstring_view section,
                                                         std::wstring_view key) const;
-    // GetString for each key, in one pass over the section, which is quickest when the section has the keys
-    // in this order. Returns one value per key; no key may be given twice.
+    // GetString for each key, in one pass over the section. Fastest when the section has the keys in this
+    // order. Returns one value per key; no key may be given twice.
     [[nodiscard]] std::vector<std::optional<std::wstring>> GetStrings(
         std::wstring_view section, std::span<const std::wstring_view> keys) const;
     // By the rules of GetPrivateProfileIntW (ParseProfileInt); `missing` for a key that is missing or empty.
@@ -49,12 +49,12 @@ public:
     // may not change the text.
     void ForEachSection(const std::function<void(std::wstring_view name)>& visit) const;
 
-    // Sets the keys, none of which may be given twice. A key that exists keeps its place, a new one goes
-    // behind the last line of its section that is not blank, a new section to the end of the text. Values are
-    // written as they are given, line breaks and NUL as blanks; a line that holds its value already stays as
-    // it is, and so does a section whose lines all do. Names must be such as can be read back: without line
-    // breaks or blanks round them, without "]" in a section or "=" in a key, a key not starting with ";" or
-    // "[".
+    // Sets the keys; no key may be given twice. An existing key keeps its place. A new key is added behind
+    // the last line of its section that is not blank, a new section at the end of the text. Values are
+    // written as given, but line breaks and NUL become blanks. A line that holds its value already stays
+    // unchanged. Names must be readable again: without line breaks, without blanks around them, no "]" in a
+    // section, no
+    // "=" in a key, no ";" or "[" at the start of a key.
     void SetStrings(std::wstring_view section, std::span<const Entry> entries);
     // Removes header and keys of the first section of that name; comments and blank lines stay. False when
     // there is none.

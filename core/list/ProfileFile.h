@@ -21,16 +21,17 @@ struct ProfileRead {
 
 [[nodiscard]] ProfileRead ReadProfile(IFileSystem& files, const std::wstring& path);
 
-// Takes the lock of the file (path + ".lock"; where waiting is allowed, for some seconds) and holds it while
-// it reads the file afresh (a missing one is empty), lets `edit` change it and puts the result into its
-// place. All processes of the program respect the lock. Whatever fails, at any moment, the file holds the
-// whole old or the whole new text.
+// Takes the lock of the file (path + ".lock"; waits for it for up to ten seconds where waiting is allowed).
+// Under the lock it reads the file again (a missing one is empty), lets `edit` change the text and replaces
+// the file atomically. All processes of the program respect the lock. Whatever fails, at any moment the file
+// holds the whole old or the whole new text.
 //
-// A symbolic link stays one: all this happens to the file that it points to, whose lock is beside that file.
+// For a symbolic link all this applies to its target: the link stays, and the lock is beside the target.
 //
-// When the result is not Ok the old file stays: the path is empty or a link without a target, somebody has
-// the lock, the file is there and cannot be read, is read-only or cannot be replaced. A text that `edit`
-// leaves as it was counts as saved, and a missing file then stays missing. What `edit` throws passes through.
+// When the result is not Ok, the old file stays: the path is empty or a link without a target, another
+// process has the lock, or the file cannot be read, is read-only or cannot be replaced. If `edit` changes
+// nothing, the file is not written (a missing one stays missing) and the result is Ok. Exceptions of `edit`
+// pass through.
 //
 // `stamp` receives the stamp of the saved file, taken under the lock.
 [[nodiscard]] FileResult LockAndEditProfile(IFileSystem& files, const std::wstring& path,
@@ -41,10 +42,11 @@ struct ProfileRead {
 // is beside the target, because another program may know the file by its own path or by another link.
 [[nodiscard]] std::wstring LockPath(IFileSystem& files, const std::wstring& path, const wchar_t* ending);
 
-// Takes a lock file, see IFileSystem::CreateLock; where waiting is allowed, for some seconds.
+// Takes a lock file, see IFileSystem::CreateLock. Waits for it for up to ten seconds where waiting is
+// allowed.
 [[nodiscard]] FileResult TakeLock(IFileSystem& files, const std::wstring& path,
                                   std::unique_ptr<IFileSystem::IFile>& lock);
 
-// Creates the file, or replaces it, in one step. A failure changes nothing.
+// Creates the file or replaces it atomically. A failure changes nothing.
 [[nodiscard]] FileResult ReplaceFileBytes(IFileSystem& files, const std::wstring& path,
                                           std::string_view bytes);

@@ -48,9 +48,9 @@ void AppendLines(const ProfileFormat& format, std::string_view lines, std::strin
 // Whether the line's name is `name`, without regard to case.
 [[nodiscard]] bool HasName(const ProfileLine& line, std::wstring_view name);
 
-// Hash of a name: its first slot is `place`, and `step` is the probe distance after a collision. Equal for
-// names that HasName takes for equal. Names that end in consecutive numbers get consecutive places, so that
-// numbered sections are found in the order of the memory.
+// The hash of a name: `place` is its first slot, `step` the probe distance after a collision. Equal for names
+// that HasName treats as equal. Names that end in consecutive numbers have consecutive places, so that
+// visiting numbered sections in order accesses memory in order.
 struct NameHash {
     std::uint32_t place;
     std::uint32_t step;

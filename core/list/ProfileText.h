@@ -9,18 +9,18 @@
 
 #include "core/list/ProfileLine.h"
 
-// The text of a private-profile file as a row of sections: the bytes as they were read, the texts that have
-// taken the place of some sections, and the sections that were added at the end. It knows where sections
-// start and end, not what they are called.
+// The text of a private-profile file as a sequence of sections: the bytes as they were read, the texts that
+// replace some sections, and the sections added at the end. It knows where sections start and end, but not
+// their names.
 //
-// "[a]\nk=1\n;c\n[b]\n" with b removed and a section [d] added: 0 is the position of [a], 12 that of what is
-// left of [b], which is nothing, and 16, the number of bytes read, that of [d].
+// Example: "[a]\nk=1\n;c\n[b]\n" with [b] removed and a section [d] added. [a] has position 0, the (empty)
+// rest of [b] has position 11, and [d] has position 15, the number of bytes read.
 class CProfileText {
 public:
-    // Where a section starts: its offset in the bytes as read. Added sections are numbered on from the end of
-    // these bytes.
+    // Identifies a section: its offset in the bytes as read. Added sections have consecutive numbers from the
+    // size of these bytes on.
     using Position = std::uint32_t;
-    // There are fewer positions than that; as many bytes and added sections can be held together.
+    // Positions are less than this, so this limits the sum of bytes and added sections.
     static constexpr Position kMaxPositions = 0x7fffffff;
 
     // Throws std::length_error for kMaxPositions bytes (2 GB) or more.
@@ -47,17 +47,17 @@ public:
 
     // Adds a section at the end. Throws std::length_error when no position is left for it.
     Position Add(std::string text);
-    // Before a section is rewritten: lines of removed sections behind it belong to it from now on.
+    // Call it before a section is rewritten: lines left of removed sections behind it become part of it.
     void AbsorbRemoved(Position section);
     // Gives the section, header included, another text.
     void Replace(Position section, std::string text);
-    // Leaves `rest`, comments and blank lines, in the place of the section.
+    // Replaces the section by `rest`, its comments and blank lines.
     void Remove(Position section, std::string rest);
 
     [[nodiscard]] std::string Serialise() const;
 
 private:
-    // What has taken the place of a section of the original text, or an added section.
+    // The replacement of a section of the original text, or an added section.
     struct Piece {
         std::string text = {};
         Position end = 0;        // of what it replaces

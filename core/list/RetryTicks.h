@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-// Decides in which ticks of a timer a failed action is tried again. It counts ticks, so that setting the
-// clock back cannot delay a try. After the first failure the next tick tries again, after every further one
-// the second next.
+// Decides in which ticks of a timer a failed action is tried again: in the next tick after the first failure,
+// in the second next after each further one. It counts ticks, so setting the clock back cannot delay a try.
 //
 //     failure, tick (try, failure), tick, tick (try, failure), tick, tick (try, success)
 class CRetryTicks {

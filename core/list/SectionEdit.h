@@ -42,9 +42,10 @@ template <typename Keys, typename KeyOf>
 [[nodiscard]] bool TryWriteSection(const ProfileFormat& format, std::wstring_view name,
                                    std::span<const ProfileEntry> entries, std::string& text);
 
-// Sets the entries, of which no two have the same key, in a section, whose text starts at its header and goes
-// on at least to its end. For Rewrite `rewritten` is the new text of the section. A line keeps its
-// indentation, its key's spelling and its line break; new keys go behind the last line that is not blank:
+// Sets the entries, which must have different keys, in a section. `section` starts at its header and contains
+// at least the whole section. For Rewrite `rewritten` becomes the new text of the section. A line keeps its
+// indentation, its key's spelling and its line break; new keys are added behind the last line that is not
+// blank:
 //
 //     "[s]\n Key = old ; note\n\n[t]\n"  with key=new and more=1 becomes  "[s]\n Key=new\nmore=1\n\n"
 [[nodiscard]] SectionEdit EditSection(const ProfileFormat& format, std::string_view section,

@@ -22,8 +22,8 @@ public:
     [[nodiscard]] std::optional<Position> Find(const CProfileText& text, std::wstring_view name) const;
     // Adds a section of the text whose name the index does not have.
     void Add(const CProfileText& text, Position section);
-    // Before the first section of that name is removed from the text: takes it out and returns it. The next
-    // section of that name takes its place.
+    // Call it before the first section of this name is removed from the text: removes it from the index and
+    // returns it. The index then has the next section of this name, if there is one.
     std::optional<Position> Remove(const CProfileText& text, std::wstring_view name);
 
 private:

@@ -10,11 +10,11 @@ class CSCVShchedulerTask;
 // surviving although the file doubles them; see HoldsApostrophe.
 [[nodiscard]] std::wstring WhyNotStorable(const CSCVShchedulerTask& task);
 
-// Whether the task's command line holds an apostrophe, which the file doubles, so that a project or file of
-// that name would not be found again.
+// Whether the task's command line contains an apostrophe. The file doubles it, so a project or file of that
+// name would not be found again.
 [[nodiscard]] bool HoldsApostrophe(const CSCVShchedulerTask& task);
 
-// A text as the file holds it: each apostrophe twice.
+// The text as the file holds it, with each apostrophe doubled.
 void AppendDoubledApostrophes(std::wstring_view text, std::wstring& doubled);
 [[nodiscard]] std::wstring DoubledApostrophes(std::wstring_view text);
 
@@ -22,5 +22,5 @@ void AppendDoubledApostrophes(std::wstring_view text, std::wstring& doubled);
 // apostrophes as one.
 [[nodiscard]] std::wstring ProjectKey(std::wstring_view path);
 
-// A text without the doubling: each row of apostrophes half as long, rounded up.
+// The text with each sequence of apostrophes half as long, rounded up.
 [[nodiscard]] std::wstring HalvedApostrophes(const std::wstring& text);

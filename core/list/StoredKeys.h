@@ -11,10 +11,10 @@
 #include "core/task/TaskDays.h"
 #include "core/task/TaskFields.h"
 
-// The keys of a task's section in the list file, each with the field that it keeps.
+// The keys of a task's section in the list file, each with the field that it stores.
 struct StoredKey {
     std::wstring_view name;
-    // One of these, or none for the command line, which keeps the project and all commands.
+    // The field: one of these, or none for the command line, which stores the project and all commands.
     std::int32_t TaskFields::*number = nullptr;
     std::int64_t TaskFields::*time = nullptr;
     std::wstring TaskFields::*text = nullptr;

@@ -13,7 +13,7 @@ inline constexpr std::wstring_view kTaskListSection = L"SCVShchedulerTaskList";
 inline constexpr std::wstring_view kTaskCountKey = L"TaskCount";
 [[nodiscard]] std::wstring TaskSectionName(std::int32_t number);
 
-// The numbers from `first` to `last` that have a section, ascending. Costs one pass over the text, however
-// large the range.
+// The numbers from `first` to `last` that have a section, ascending. Takes one pass over the text, whatever
+// the size of the range.
 [[nodiscard]] std::vector<std::int32_t> FindTaskSections(const CPrivateProfile& profile, std::int32_t first,
                                                          std::int32_t last);

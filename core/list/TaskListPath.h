@@ -17,8 +17,8 @@ struct stTaskListNames {
     std::wstring executable;
 };
 
-// Where the task list lives: in the local folder, else beside the executable. If there is no list, one of
-// an earlier version is moved there: the one in the roaming folder or, without that, the one beside the
-// executable. It is deleted only once it has been copied. Failures are not reported: the old list then stays
-// where it is.
+// Returns the path of the task list: in the local folder, or beside the executable when that is unknown. If
+// there is no list, moves one of an earlier version there: the one in the roaming folder or, without that,
+// the one beside the executable. The old list is deleted only after it was copied. Failures are not reported:
+// the old list then stays.
 std::wstring SettleTaskListPath(const stTaskListNames& names, IFileSystem& files);

@@ -32,7 +32,8 @@ using StoredValues = std::array<std::wstring, kStoredKeys.size()>;
 // The values that the task writes, as the file holds them.
 [[nodiscard]] StoredValues ValuesOf(const CSCVShchedulerTask& task);
 
-// The instant that is read back when `instant` was written: 2038-01-19 03:14:07 UTC for any later one.
+// The instant that is read back after `instant` was written. For instance, 2038-01-19 03:14:07 UTC for a
+// later instant up to 2106.
 [[nodiscard]] std::int64_t StoredInstant(std::int64_t instant);
 
 // Writes tasks to their sections. One writer serves many tasks and reuses its memory from one to the next.

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-// The result of a file call: what the caller can do about it, and the system's error code. True for Ok.
+// The result of a file call: a status that the caller can act on, and the system's error code. True for Ok.
 struct FileResult {
     enum class Status {
         Ok,
@@ -33,9 +33,9 @@ struct FileStamp {
     [[nodiscard]] bool operator==(const FileStamp&) const = default;
 };
 
-// The file calls that a task list needs. Each is one virtual function, so that a test can let each of them
-// fail in turn. Paths are full Windows paths. No function throws for a failure of the system, and only Pause
-// waits: the caller decides how often a busy file is tried again.
+// The file calls that a task list needs. Each call is one virtual function, so that a test can make each of
+// them fail in turn. Paths are full Windows paths. No function throws for a failure of the system. Only Pause
+// waits; the caller decides how often a busy file is tried again.
 class IFileSystem {
 public:
     using Status = FileResult::Status;
@@ -68,22 +68,22 @@ public:
     // when there is no file. Replace does not follow links: it would put a file into the place of the link.
     // Failed for a link whose target is missing or cannot be reached.
     [[nodiscard]] virtual FileResult ResolveLink(const std::wstring& path, std::wstring& target) = 0;
-    // Works for a file that another program holds, too; nothing when there is no such file.
+    // The stamp of the file, even while another program has it open; nothing when there is no such file.
     [[nodiscard]] virtual std::optional<FileStamp> Stamp(const std::wstring& path) = 0;
     // Reads the whole file. Failed for a folder and for a file too large for the memory.
     [[nodiscard]] virtual FileResult Read(const std::wstring& path, std::string& bytes) = 0;
-    // Opens a file for this caller alone, creating it when it is missing. The lock ends when the file is
+    // Opens a file without sharing it, and creates it when it is missing. The lock ends when the file is
     // closed or the process dies. Sets `file` when Ok.
     [[nodiscard]] virtual FileResult CreateLock(const std::wstring& path, std::unique_ptr<IFile>& file) = 0;
     // Creates an empty file, or empties an existing one, for writing. Sets `file` when Ok.
     [[nodiscard]] virtual FileResult Create(const std::wstring& path, std::unique_ptr<IFile>& file) = 0;
     // Creates one level only; a failure is not reported.
     virtual void CreateFolder(const std::wstring& folder) = 0;
-    // Renames `from` to `to`, replacing it, in one step. Ok once the change is on the disk.
+    // Renames `from` to `to`, which it replaces atomically. Ok once the change is on the disk.
     [[nodiscard]] virtual FileResult Replace(const std::wstring& from, const std::wstring& to) = 0;
     virtual void Remove(const std::wstring& path) = 0;
-    // Waits before another try. Returns false at once where the calling thread may not wait: then there is no
-    // other try.
+    // Waits before another try. Returns false at once when the calling thread may not wait; the caller then
+    // does not try again.
     [[nodiscard]] virtual bool Pause(unsigned milliseconds) = 0;
     // The system's text for an error code, in the user's language, without a full stop.
     [[nodiscard]] virtual std::wstring ErrorText(std::uint32_t error) = 0;

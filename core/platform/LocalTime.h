@@ -4,8 +4,8 @@
 
 // The system's local time, by the C run-time's 64-bit functions. Nothing else in the program calls these.
 
-// A broken-down local time. A conversion that fails, or leaves the years 1 to 9999, gives the values of this
-// default: -1 for hour, minute and second, 0 for everything else.
+// A broken-down local time. A conversion that fails or is outside the years 1 to 9999 gives these defaults:
+// -1 for hour, minute and second, 0 for everything else.
 struct LocalTime {
     int year = 0;
     int month = 0;    // 1 to 12
@@ -29,7 +29,7 @@ inline constexpr std::int64_t kSecondsPerDay = 86400;
 // convert the date.
 [[nodiscard]] std::int64_t FromLocalTime(int year, int month, int day, int hour, int minute, int second);
 
-// Reads the system's present time zone and clock rules. Call it before the first conversion (it
-// removes TZ from the C run-time's environment, whose readings of that variable are wrong on Windows) and
-// whenever the system reports a change of zone or time.
+// Reads the system's present time zone and daylight saving rules. Call it before the first conversion and
+// whenever the system reports a change of zone or time. On Windows it removes TZ from the C run-time's
+// environment, because the run-time interprets that variable wrongly.
 void RefreshTimeZone();

@@ -4,7 +4,7 @@ class IClock;
 class IFileSystem;
 class IShell;
 
-// The system calls that core makes, passed in by its caller. Owns none of these objects.
+// The interfaces through which core makes system calls. The caller provides them. Owns none of these objects.
 struct CPlatform {
     const IClock& clock;
     IFileSystem& files;

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-// The system calls for launching a project: files, the user's registry and the shell. Paths are full
-// Windows paths.
+// The system calls for launching a project: files, the user's registry and the shell. Paths are full Windows
+// paths.
 class IShell {
 public:
     IShell() = default;
@@ -20,7 +20,7 @@ public:
     [[nodiscard]] virtual std::wstring RegisteredProgram(const std::wstring& key) = 0;
     // The program that the system associates with an extension (without its dot); empty when there is none.
     [[nodiscard]] virtual std::wstring AssociatedProgram(const std::wstring& extension) = 0;
-    // Starts the program with the shell's "open" verb and does not wait for it. Above 32 is success.
+    // Starts the program with the shell's "open" verb and does not wait for it. A result above 32 is success.
     [[nodiscard]] virtual std::intptr_t Open(const std::wstring& program, const std::wstring& parameters) = 0;
 };
 

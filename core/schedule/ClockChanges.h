@@ -16,8 +16,8 @@ struct ClockChange {
     }
 };
 
-// The clock changes of the system's zone in (from, to], earliest first. Of two changes within a day one or
-// both may be missed.
+// The clock changes of the system's zone after `from` up to `to`, earliest first. If two changes are less
+// than a day apart, one or both may be missed.
 [[nodiscard]] std::vector<ClockChange> ClockChanges(std::int64_t from, std::int64_t to);
 
 // The changes of the 366 days after `now`.

@@ -9,22 +9,22 @@
 
 class CSCVShchedulerTask;
 
-// A task's schedule in words. All throw what GetNextRunTime throws.
+// A task's schedule in words. All functions with a task throw what GetNextRunTime throws.
 
 // The last run of an Every rule that ends for good, seen from `now`: without weekdays and months the rule
-// stops for ever with the first run whose successor would be later in the day than the until time. 0 when it
-// has ended already; nothing for a task without such a rule and for a rule that continues after midnight.
-// `changes` are those of ClockChangesOfYear(now); clock changes of later years are not looked at.
+// stops for ever at the first run whose successor would be later in the day than the until time. 0 when it
+// has ended already; nothing for a task without such a rule or with one that never ends.
+// `changes` are those of ClockChangesOfYear(now); clock changes of later years are ignored.
 [[nodiscard]] std::optional<std::int64_t> LastRunForGood(const CSCVShchedulerTask& task, std::int64_t now,
                                                          const std::vector<ClockChange>& changes);
 
 // "ends for good on 2026-11-23 with the run of 18:00" or "has ended for good, as the next run would be later
-// than the until time"; empty when LastRunForGood has nothing.
+// than the until time"; empty when LastRunForGood returns nothing.
 [[nodiscard]] std::wstring EndForGoodText(const CSCVShchedulerTask& task, std::int64_t now,
                                           const std::vector<ClockChange>& changes);
 
-// Warnings for the author of the schedule: that it ends for good, and that it runs from
-// midnight. Sentences without a full stop.
+// Warnings about what may surprise in the schedule: that it ends for good, and that it runs from midnight.
+// Sentences without a full stop.
 [[nodiscard]] std::vector<std::wstring> ScheduleWarnings(const CSCVShchedulerTask& task, std::int64_t now);
 
 // The whole schedule, seen from `now`, whether the task is enabled or not. For instance:

@@ -7,8 +7,8 @@
 
 // Times on the command line and in reports.
 
-// The instant of an ISO local time ("2024-03-31T02:30", seconds optional, a blank for the T allowed, a date
-// alone is its midnight) or of a count of seconds since 1970. Nothing when the text is neither or names an
+// The instant of an ISO local time ("2024-03-31T02:30"; with or without seconds; a blank may replace the T; a
+// date alone means midnight) or of a number of seconds since 1970. Nothing when the text is neither or is an
 // impossible date or time. For a local time that a clock change skips or repeats see FromLocalTime.
 [[nodiscard]] std::optional<std::int64_t> ParseTime(std::string_view text);
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-// The number of values in the comma list of "-aiv", as reading the command line sees it; 0 without that
-// switch. More than three, name, id and file, mean that a comma inside one of them has shifted the rest.
+// The number of values in the comma list of "-aiv" as ParseCommandLine splits it; 0 without this switch.
+// There are three, name, id and file; more mean that one of them contains a comma, which has shifted the
+// rest.
 [[nodiscard]] std::int32_t CountInputValues(std::wstring_view commandLine);

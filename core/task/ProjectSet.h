@@ -6,8 +6,8 @@
 
 class CSCVShchedulerTaskArray;
 
-// The project paths of a list. Looking a project up costs the same however long the list is, so that many
-// projects can be added one after the other. Case does not count, as in the array's FindTask.
+// The project paths of a list. Finding a path takes constant time, so adding many projects is fast. Case does
+// not count, as in the array's FindTask.
 class CProjectSet {
 public:
     explicit CProjectSet(const CSCVShchedulerTaskArray& tasks);

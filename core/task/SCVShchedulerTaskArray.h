@@ -15,14 +15,14 @@
 
 class CPrivateProfile;
 
-// The ordered list of tasks and its file. Owns its tasks: whatever removes a task deletes it. Order is the
-// order of the sections on save.
+// The ordered list of tasks and its file. Owns its tasks: removing a task deletes it. The tasks are saved in
+// this order.
 class CSCVShchedulerTaskArray {
 public:
     [[nodiscard]] std::ptrdiff_t GetSize() const noexcept {
         return static_cast<std::ptrdiff_t>(m_tasks.size());
     }
-    // The task stays the array's. Throws std::invalid_argument for an index outside the array.
+    // The array keeps the ownership. Throws std::invalid_argument for an index outside the array.
     [[nodiscard]] CSCVShchedulerTask* GetAt(std::ptrdiff_t index) const;
     [[nodiscard]] CSCVShchedulerTask* operator[](std::ptrdiff_t index) const { return GetAt(index); }
 
@@ -31,8 +31,8 @@ public:
     std::ptrdiff_t AddTask(const std::wstring& projectPath, std::int64_t now);
     // Appends a task with these fields and returns its index.
     std::ptrdiff_t AddTask(const TaskFields& fields);
-    // As AddTask, at `index`, and returns it; -1 when index > GetSize(). Throws std::invalid_argument when
-    // index < 0.
+    // As AddTask, but inserts the task at `index`. Returns -1, with nothing inserted, when index > GetSize().
+    // Throws std::invalid_argument when index < 0.
     std::ptrdiff_t InsertTask(std::ptrdiff_t index, const std::wstring& projectPath, std::int64_t now);
     // Index of the first task with that project path, without regard to case; -1 when there is none.
     [[nodiscard]] std::ptrdiff_t FindTask(std::wstring_view projectPath) const noexcept;
@@ -45,19 +45,19 @@ public:
     void RemoveAllTasks() noexcept;
 
     // Replaces the tasks by those of the file. Returns 0, with the array unchanged, when the file does not
-    // exist or cannot be read now; else 1. A file that could not be read is not saved over until a Load of it
-    // has succeeded or found it gone. (core/list/TaskListFile.cpp)
+    // exist or cannot be read now; else 1. After a file could not be read, TrySave refuses it until a Load
+    // has read it or found it missing. (core/list/TaskListFile.cpp)
     int Load(IFileSystem& files, const std::wstring& file);
-    // As Load; Missing when there is no such file, Busy or Failed when it is there and cannot be read.
+    // As Load. Missing when there is no such file, Busy or Failed when it exists and cannot be read.
     FileResult TryLoad(IFileSystem& files, const std::wstring& file);
-    // Writes all tasks and removes the sections of tasks that are gone, in one step, and records in each task
-    // where it now is. When it fails, file and records stay as they were. For a list that could not be read,
-    // returns why it could not.
+    // Writes all tasks, removes the sections of deleted tasks, and records file and section in each task. The
+    // file is replaced atomically; after a failure the file and these records are unchanged. For a list that
+    // could not be read, returns the reason.
     [[nodiscard]] FileResult TrySave(IFileSystem& files, const std::wstring& file);
-    // Load, `edit` and Save in one step: no other program can change the file in between. The array then
-    // holds the tasks of the file (none when it is missing) as `edit` has left them. Unlike Save it writes
-    // only the keys that `edit` has changed, so that apostrophes elsewhere are not doubled. When the file
-    // cannot be read or written, or `edit` throws, which passes through, the file stays as it was.
+    // Loads the file, calls `edit` and saves, all under the file's lock. `edit` finds the tasks of the file
+    // in the array, none when the file is missing. Unlike Save it writes only the keys that `edit` has
+    // changed, so apostrophes elsewhere are not doubled again. The file stays unchanged when it cannot be
+    // read or written, or when `edit` throws; the exception passes through.
     [[nodiscard]] FileResult TryEdit(IFileSystem& files, const std::wstring& file,
                                      const std::function<void()>& edit);
 
@@ -78,10 +78,10 @@ public:
     [[nodiscard]] bool HasUnsavedRun() const;
     // Saves these runs, up to the first failure.
     void SaveUnsavedRuns(IFileSystem& files);
-    // Copies of the other's tasks take the place of the tasks.
+    // Replaces the tasks by copies of the other array's tasks.
     void CopyFrom(const CSCVShchedulerTaskArray& other);
 
-    // A function of the program's interface: TrySave without its result. Always returns 1.
+    // The interface form of TrySave. Always returns 1.
     int Save(IFileSystem& files, const std::wstring& file);
 
 private:

@@ -27,7 +27,7 @@ inline constexpr TaskDay kTaskDays[] = {
     return kTaskDays[(weekday + 6) % 7];
 }
 
-// The day of a name in any case, "Wed" as well as "Wen"; null when there is none.
+// The day with this name, in any case; "Wed" means "Wen". Null when there is none.
 [[nodiscard]] const TaskDay* FindTaskDay(std::wstring_view name);
 
 // "Mon, Tue, Wen, Thu, Fri, Sat and Sun"

@@ -8,36 +8,35 @@
 
 #include "core/task/TaskFields.h"
 
-// The commands that a task has for the extraction program: everything that command line, list file, checks,
-// options, JSON and window know about a command is in its row of kTaskSwitches.
+// The commands for the extraction program. A command's row in kTaskSwitches has everything that command line,
+// list file, checks, options, JSON and window know about it.
 struct TaskSwitch {
     enum class Argument {
         None,      // the switch has no argument
-        Required,  // a file; without it the switch is left out of the command line, although its flag is set
+        Required,  // a file; without it the command line has no such switch even when the flag is set
         Optional,  // with or without a text
-        Suffices,  // as Optional, and the text writes the switch even when its flag is clear
+        Suffices,  // as Optional; a text writes the switch even when the flag is clear
     };
 
     std::wstring_view letters;  // L"at": "-at" on the command line
     const char* name;           // option "--name" of add and set, key "name" in JSON
-    std::wstring_view caption;  // as in the window; empty: neither the window nor the options offer it
+    std::wstring_view caption;  // as in the window; empty when neither window nor options have it
     std::int32_t TaskFields::*flag;
     Argument argument = Argument::None;
     std::wstring TaskFields::*text = nullptr;  // null for None
     bool hasElement = false;  // the argument is "name,id,text" of an input element: name or id is needed too
 
-    // Whether the command line has the switch, but for what its argument lacks.
+    // Whether the command is on, even if the command line has no such switch because its argument is missing.
     [[nodiscard]] bool IsOn(const TaskFields& task) const;
-    // Whether neither name nor id of the input element that the switch needs is there.
+    // Whether the switch needs an input element and the task has neither name nor id.
     [[nodiscard]] bool LacksElement(const TaskFields& task) const;
-    // An empty text leaves the one that the task has.
+    // Sets the flag, and the text unless `newText` is empty.
     void SwitchOn(TaskFields& task, const std::wstring& newText) const;
-    // Clears its texts as well: the list would not keep them.
+    // Clears the flag and the texts, because the list would not keep them.
     void SwitchOff(TaskFields& task) const;
 };
 
-// In the order in which they are written. Reading knows one more, "-rft", which means nothing, like any token
-// that is not found here.
+// In the order in which they are written. Other tokens of a command line, "-rft" among them, are ignored.
 inline constexpr TaskSwitch kTaskSwitches[] = {
     {L"rt", "reset-urls", L"Reset Project URLs", &TaskFields::m_bResetUrls},
     {L"dt", "delete-urls", L"Delete Project URLs", &TaskFields::m_bDeleteUrls},

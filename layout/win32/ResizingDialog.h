@@ -7,12 +7,12 @@
 #include "framework/Dialog.h"
 #include "layout/AnchorGeometry.h"
 
-// A dialog whose registered controls follow its edges when it is resized, which cannot be dragged smaller
-// than 80 % of its first client size, and which keeps its place on the screen in the application's settings.
+// A dialog whose registered controls follow its edges when it is resized. It cannot be made smaller than 80 %
+// of its first client size, and it can store its place on the screen in the application's settings.
 //
-// A derived dialog calls this OnInitDialog first and registers its controls afterwards, while they are where
-// the template puts them. Until then the client area has the template's size, even where that is larger than
-// the screen. Code that changes the size has to run afterwards; see OpenWith.
+// A derived dialog calls this OnInitDialog first and then registers its controls, while they are at their
+// places in the template. Until then the client area has the template's size, even if that is larger than the
+// screen. Change the size only afterwards; see OpenWith.
 class CResizingDialog : public CDialog {
 public:
     explicit CResizingDialog(UINT templateId, CWnd* parent = nullptr) noexcept
@@ -34,17 +34,18 @@ public:
     // 1 when the control is registered, else 0.
     [[nodiscard]] int HasControl(HWND control) const;
     [[nodiscard]] int HasControl(const CWnd* control) const;
-    // Measures every registered control again where it is now.
+    // Measures every registered control again at its present place.
     void UpdateControlOffsets();
     // Lays the controls out for the present client size.
     void ArrangeControls();
 
-    // Shows the window at the place that SaveWindowPlacement stored in this section of the settings, in
-    // screen coordinates; when nothing was stored, at the default rectangle; without one does nothing. A
-    // place stored on another screen is fitted into the work area of this one. A window that is already
-    // maximised stays maximised.
+    // Shows the window at the place that SaveWindowPlacement has stored in this section of the settings.
+    // Without one, at the default rectangle, in screen coordinates; without that either, does nothing. A
+    // place stored on another screen is fitted into the work area of this one. A maximised window stays
+    // maximised.
     void RestoreWindowPlacement(const wchar_t* section, const RECT* defaultRect = nullptr);
-    // For a maximised window stores only that it is maximised: the normal rectangle stored before stays.
+    // For a maximised window it stores only that it is maximised and keeps the normal rectangle stored
+    // before.
     void SaveWindowPlacement(const wchar_t* section) const;
 
 protected:

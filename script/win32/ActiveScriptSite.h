@@ -9,8 +9,8 @@
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"  // the interface has none, as it must
 
-// What a scripting engine reports to: remembers its last error and shows it to the user unless it is silent.
-// Offers the script nothing beyond its language. Counted like every component; the maker holds the first
+// The host's side of a scripting engine: stores the engine's last error and shows it to the user unless it is
+// silent. Gives scripts no objects beyond their language. Reference-counted; the creator owns the first
 // reference.
 class CActiveScriptSite final : public IActiveScriptSite {
 public:

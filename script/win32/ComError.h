@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-// A failed call of a component. Without a description of its own it has the system's text for the result.
+// A failed COM call. Without a description it has the system's text for the result.
 class CComError : public std::runtime_error {
 public:
     CComError(HRESULT result, std::wstring source, const std::wstring& description);
@@ -22,8 +22,8 @@ private:
     std::wstring m_source;
 };
 
-// The source and description that `object` reports for a call through that interface which has just failed;
-// both are empty when it reports nothing.
+// The source and description of the error that `object` has set for a failed call through this interface;
+// empty when it has set none. Call it directly after the failed call.
 [[nodiscard]] std::pair<std::wstring, std::wstring> ReportedFailure(IUnknown& object, REFIID interfaceId);
 
 // Throws CComError when the result of a call through that interface is a failure, otherwise returns it.

@@ -7,11 +7,11 @@
 #include "script/win32/ScriptControl.h"
 #include "util/win32/ComHandle.h"
 
-// Runs scripts in the Windows Script Control. AddCode, Run and Reset show the user why they failed; a failing
-// call in another operation throws CComError.
+// Runs scripts in the Windows Script Control. AddCode, Run and Reset show the user why they failed; the other
+// operations throw CComError when a call fails.
 class CMSScriptController final : public IScriptController {
 public:
-    // 1 when the control was made, whatever became of the language.
+    // 1 when the control was created, even if the language could not be set.
     int Create(const std::wstring& language) override;
     void Close() override;
     [[nodiscard]] int IsCreated() const override { return m_control ? 1 : 0; }
@@ -22,7 +22,7 @@ public:
     int RunWithArgument(const std::wstring& functionName, const std::wstring& argument,
                         CStringArray& results) override;
     int Reset() override;
-    // -1 for a function that is not there; case counts.
+    // -1 for a missing function; case counts.
     [[nodiscard]] int GetParamCount(const std::wstring& functionName) override;
     void GetErrorInfo(std::wstring& source, std::wstring& description, std::int32_t& line,
                       std::int32_t& column, std::wstring& text) override;
@@ -35,7 +35,7 @@ private:
         LONG number = 0;
         CScriptErrorInfo info;
     };
-    // What the control's error object holds; nothing without one. Returns a failure of a call.
+    // Reads the control's error object; nothing without one. Returns the failure of a call.
     HRESULT ReadLastError(LastError& last) const;
 
     CComReference<IScriptControl> m_control;

@@ -2,8 +2,8 @@
 
 #include "script/ScriptTexts.h"
 
-// The texts that the running executable carries: resources of type DATA. The name of a template's is the
-// text of its number in the string table.
+// The texts in the executable's resources of type DATA. The string table has the resource name of each
+// template, under the template's number.
 class CResourceScriptTexts : public IScriptTexts {
 public:
     [[nodiscard]] std::wstring GetTemplate(std::int32_t number) const override;

@@ -4,9 +4,9 @@
 
 #include <oaidl.h>
 
-// The Script Control's interfaces, as its type library publishes them: the order of the functions is what
-// counts, not their names, and so the list runs as far as the last one that is called. Objects of these come
-// from the control and belong to whoever asked for them.
+// The Script Control's interfaces, as its type library declares them. Only the order of the functions
+// matters, not their names; each interface is declared up to the last function that is called. A caller owns
+// a reference to each object that the control returns.
 
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"  // IDispatch has one, as it must
@@ -68,7 +68,7 @@ struct IScriptControl : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE AddCode(BSTR code) = 0;
     virtual HRESULT STDMETHODCALLTYPE Eval(BSTR expression, VARIANT* result) = 0;
     virtual HRESULT STDMETHODCALLTYPE ExecuteStatement(BSTR statement) = 0;
-    // `arguments` is a one-dimensional array of VARIANTs; what it points to may be null.
+    // `arguments` points to a one-dimensional array of VARIANTs, or to null.
     virtual HRESULT STDMETHODCALLTYPE Run(BSTR procedure, SAFEARRAY** arguments, VARIANT* result) = 0;
 
 protected:

@@ -6,8 +6,8 @@
 
 class CScriptControllerFactory {
 public:
-    // A controller over the Script Control, created for JScript: callers set the language that they want
-    // afterwards. Null when the machine has no such engine. The calling thread has been readied for
-    // components (see util/ComApartment.h) and stays so for as long as the controller lives.
+    // A controller with the Script Control, created for JScript: callers then set the language that they
+    // need. Null when the machine has no such engine. COM must be initialised for the calling thread (see
+    // util/win32/ComApartment.h) during the controller's lifetime.
     [[nodiscard]] static std::unique_ptr<IScriptController> CreateController();
 };

@@ -14,25 +14,25 @@
 #include "script/win32/ResourceScriptTexts.h"
 #include "script/win32/ScriptEdit.h"
 
-// The window in which a script is written, put together from templates, checked and tried out.
+// The script editor: a script is written, composed from templates, parsed and tested in it.
 class CScriptDlg : public CResizingDialog {
 public:
-    // At most so many UTF-16 units are accepted.
+    // The longest script that OK accepts, in UTF-16 units.
     static constexpr int kMaxScriptLength = 32'768;
 
     explicit CScriptDlg(CWnd* parent = nullptr);
     ~CScriptDlg() override;
 
-    // Edits a script in the language, which is JScript unless it is exactly VBScript. After IDOK the members
-    // below hold script and language.
+    // Edits a script in this language: JScript, unless the name is exactly "VBScript". After IDOK the members
+    // below have script and language.
     INT_PTR DoModal(const std::wstring& scriptText, const std::wstring& languageName = {});
 
     std::wstring m_strScript;
     std::wstring m_strLanguage;
 
 protected:
-    // The engine for one action, in any language: the caller sets the one it wants. Null when the machine has
-    // none.
+    // Creates the engine for one action, in any language; the caller then sets the language. Null when the
+    // machine has none.
     [[nodiscard]] virtual std::unique_ptr<IScriptController> CreateController() const;
 
     BOOL PreTranslateMessage(MSG* message) override;
@@ -52,9 +52,9 @@ private:
     bool OnEnter(HWND focus) const;
     bool OnEscape();
 
-    // True unless the user wants to keep the script that is about to be replaced.
+    // Asks about unsaved changes. False when the user wants to keep the script.
     bool MayReplaceScript();
-    // Counts as a change of the user's.
+    // Replaces the text and marks it as modified.
     void SetScript(const std::wstring& script);
     bool Parse(bool reportsSuccess);
     void UseTemplate(bool replacesScript);
@@ -79,6 +79,6 @@ private:
     CIconHandle m_icon;
     std::int32_t m_nLanguage = -1;
     std::wstring m_strTestText;
-    std::wstring m_strTestUrl;  // nothing sets it: a test run has no URL
+    std::wstring m_strTestUrl;  // always empty: a test run has no URL
     bool m_bModified = false;
 };

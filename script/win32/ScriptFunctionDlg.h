@@ -14,9 +14,9 @@ public:
     // The generator outlives the dialog.
     explicit CScriptFunctionDlg(const CScriptGenerator& generator, CWnd* parent = nullptr) noexcept;
 
-    // Starts with the record's template and values; offers the language's templates, case not counting in its
-    // name. After IDOK the record holds what was chosen: always three values, those of hidden fields too, and
-    // the number -1 when no function was selected. Otherwise it is untouched. -1 at once without a record.
+    // Shows the templates of the language (case does not count in its name), with the record's template and
+    // values. After IDOK the record has the chosen template (-1 when none was selected) and always three
+    // values, those of hidden fields too. Otherwise it is unchanged. Without a record returns -1 at once.
     INT_PTR DoModal(const std::wstring& language, CScriptGenerator::stTemplate* record);
 
 protected:

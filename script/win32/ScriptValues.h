@@ -6,7 +6,7 @@
 // The texts as a one-dimensional array of VARIANTs, from index 0.
 [[nodiscard]] CSafeArray ArrayOfTexts(const CStringArray& texts);
 
-// Appends what a script function returned: the elements of an array of VARIANTs in the order of the memory,
-// anything else as one text. What does not convert to a text is skipped. Returns the result of the last
+// Appends the result of a script function: the elements of an array of VARIANTs in memory order, any other
+// value as one text. Skips values that cannot be converted to a text. Returns the result of the last
 // conversion; S_OK when there was nothing to convert.
 HRESULT AppendTexts(VARIANT& value, CStringArray& texts);

@@ -7,19 +7,20 @@
 
 class CSCVShchedulerTaskArray;
 
-// How projects come into the list by the Add button and by dropping.
+// Adding projects to the list, by the Add button and by dropping.
 
 struct stAddedProjects {
-    std::wstring
-        selectPath;  // the last path given, whether listed before or not: the row to select; may be empty
-    bool isFirstOfList =
-        false;  // an empty list is so no longer: the program is to start with Windows from now on
+    // The project whose row to select: the last path given, whether it was listed before or not. May be
+    // empty.
+    std::wstring selectPath;
+    // True when these are the first projects of the list. The program should then start with Windows.
+    bool isFirstOfList = false;
 };
 
-// AddNewProjects for the paths.
+// Calls AddNewProjects for the paths.
 stAddedProjects AddProjects(CSCVShchedulerTaskArray& tasks, const std::vector<std::wstring>& projectPaths,
                             std::int64_t now);
 
-// Whether dropping this file adds it. The sibling program's projects are not accepted by drop, on purpose,
-// although the Add button offers them.
+// Whether dropping this file adds it. Dropping ignores the projects of the other extraction program on
+// purpose, although the Add button accepts them.
 [[nodiscard]] bool AcceptsDrop(std::wstring_view path);

@@ -13,14 +13,14 @@
 #include "ui/model/FileFilters.h"
 #include "ui/resource.h"
 
-// The values of the task editor's controls: the fields of a task. A check box is 0 or 1; the unit is the
-// index in its combo box, -1 for none. All are empty until the first task is shown.
+// The values of the task editor's controls, which are the fields of a task. A check box is 0 or 1; the unit
+// is the index in its combo box, -1 for none. All values are empty until the first task is shown.
 struct stEditorMembers : TaskFields {
     stEditorMembers() {
         m_nEveryValue = 0;
         m_nEveryUnit = -1;
     }
-    // The task has no such flag: the name of its export file is empty instead.
+    // Not a field of a task: the box is ticked when the name of the export file is not empty.
     std::int32_t m_bExportIntoNewFile = 0;
 };
 
@@ -28,7 +28,7 @@ struct stEditorMembers : TaskFields {
 struct stSwitchControls {
     int box = 0;
     std::int32_t TaskFields::*flag = nullptr;
-    int edit = 0;  // 0: there is no text to type
+    int edit = 0;  // 0 when there is no edit box
     int browse = 0;
     const wchar_t* extension = nullptr;  // null: the browse button opens the script editor
     const wchar_t* filter = nullptr;

@@ -1,7 +1,7 @@
 #pragma once
 
-// What the file dialogs offer: pairs of a description and its patterns, every part ended by a bar, the last
-// by two. Extensions stand without their dot and are given to a name typed without one.
+// The filters of the file dialogs: pairs of a description and its patterns, each part followed by a bar, the
+// last one by two. The default extensions, without a dot, are appended to a name that is typed without one.
 
 inline constexpr const wchar_t* kProjectExtension = L"scvpr";
 inline constexpr const wchar_t* kProjectFilter = L"SCV, OSL Project(*.scvpr; *.oslpr)|*.scvpr;*.oslpr||";

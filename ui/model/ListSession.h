@@ -11,16 +11,17 @@
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "ui/model/PassRecord.h"
 
-// The tasks of the running window and their file: when it is read, saved and read again, and which project
-// may be launched now.
+// The tasks of the running window and their file: when the file is read and saved, and when projects may be
+// launched.
 //
-// Another program may hold the file at any time. A list that is there but cannot be read is not an empty
-// list: nothing is saved over it, and projects that were added meanwhile join what it holds. What could not
-// be read or saved stays pending, and OnTick tries again. All calls but Close rely on files that do not wait.
+// Another program may have the file open at any time. A list that exists but cannot be read is not an empty
+// list: nothing is saved over it, and projects that were added meanwhile are later added to its tasks. A
+// reading or saving that failed stays pending, and OnTick tries it again. All calls except Close use files
+// that do not wait.
 class CListSession {
 public:
-    // What `platform` refers to outlives the session. `file` is the task list file; from Load on the session
-    // keeps it as a window does (CListKeeper).
+    // The objects of `platform` outlive the session. `file` is the task list file. Load also marks it as kept
+    // by a window (CListKeeper).
     CListSession(const CPlatform& platform, std::wstring file);
 
     [[nodiscard]] CSCVShchedulerTaskArray& Tasks() noexcept { return m_tasks; }
@@ -32,30 +33,30 @@ public:
 
     // The user may edit from now on, until Accept or Discard.
     void BeginEditing();
-    // Saves all tasks, edits included; they win over a reading that is still pending. Returns true when the
-    // tasks were replaced: projects added before the list could be read were then added to those of the file.
+    // Saves all tasks with the user's edits. Returns true when the tasks were replaced: the list could then
+    // be read for the first time, and the projects added before were added to its tasks.
     bool Accept();
-    // Discards the edits by reading the list again; keeps runs that could not be saved. When the file cannot
-    // be read, or an earlier Accept has not been saved yet, the tasks become those of BeginEditing.
+    // Discards the edits by reading the list again, but keeps runs that could not be saved. When the file
+    // cannot be read, or an earlier Accept is not saved yet, restores the tasks from BeginEditing.
     void Discard();
-    // Accept for the end of the program, with `files` that may wait for a busy file.
+    // As Accept, at the end of the program, with `files` that may wait for a busy file.
     void Close(IFileSystem& files);
 
-    // Call it every two seconds: tries what is pending at the next tick and then at every second one. Reads
-    // the list only if `mayReplaceTasks`. Returns true when reading has replaced the tasks.
+    // Call it every two seconds. It tries what is pending at the next tick and then at every second one, and
+    // reads the list only if `mayReplaceTasks`. Returns true when reading has replaced the tasks.
     bool OnTick(bool mayReplaceTasks);
 
-    // While a project is being launched the shell may dispatch messages: nothing may be launched a second
-    // time then, and no task may be removed.
+    // True while a project is being launched. The shell may dispatch messages meanwhile: do not launch
+    // anything or remove a task then.
     [[nodiscard]] bool IsLaunching() const noexcept { return m_bLaunching; }
-    // Launches what is due, unless a launch is going on, and calls `onRun` after each launch. Returns the
-    // error that ended the pass early. Empty when nothing failed, or when the previous pass failed
-    // with the same error: it is reported once, not every two seconds.
+    // Launches what is due, unless a launch is in progress, and calls `onRun` after each launch. Returns the
+    // error that ended the pass early; empty without an error, or when the previous pass failed with the same
+    // error, so that it is reported once and not every two seconds.
     [[nodiscard]] std::wstring RunDueProjects(const std::function<void()>& onRun);
-    // For the end of the program: a pass that is going on ends after the project that it is launching.
+    // For the end of the program: a pass in progress ends after the project that it is launching.
     void EndPass() noexcept { m_bPassEnds = true; }
     // Launches this task's project without saving the run. Returns false, and does nothing, while another
-    // launch is going on.
+    // launch is in progress.
     bool RunProject(CSCVShchedulerTask& task);
 
 private:
@@ -71,7 +72,7 @@ private:
     CPassRecord m_passRecord;
     CLaunchClaim m_claim;
     CListKeeper m_keeper;
-    bool m_bWasRead = false;  // the tasks come from the file, or there was none
+    bool m_bWasRead = false;  // true once the list was read or found missing
     bool m_bReadPending = false;
     FileResult m_readFailure;  // of the last reading that failed
     bool m_bSavePending = false;

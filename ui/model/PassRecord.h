@@ -9,17 +9,16 @@
 class CSCVShchedulerTask;
 class CSCVShchedulerTaskArray;
 
-// The runs that the scheduling pass has made since the whole list was last saved. Each is saved as it
-// happens, but that can fail while another program holds the file. Reading the list again would then bring
-// back the older last run and with it the same run a second time.
+// The runs of the scheduling pass since the whole list was last saved. Each run is saved at once, but that
+// can fail while another program has the file open. Reading the list again would then restore the older last
+// run, and the project would run a second time.
 class CPassRecord {
 public:
     // The last run of `task`, which is one of `tasks`.
     void Add(const CSCVShchedulerTaskArray& tasks, const CSCVShchedulerTask& task);
-    // To be called once the list has been read again: gives the recorded run to every task that has
-    // only an older one.
+    // Call it after the list was read again: gives every task its recorded run if its own last run is older.
     void ApplyTo(const CSCVShchedulerTaskArray& tasks) const;
-    // To be called once the whole list has been saved.
+    // Call it after the whole list was saved.
     void Clear() noexcept { m_runs.clear(); }
 
 private:

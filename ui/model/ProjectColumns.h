@@ -18,11 +18,10 @@ enum ProjectColumn : int {
     kProjectColumnCount,
 };
 
-// What rows are sorted by: an instant, or a text in upper case. The same kind for all tasks of a column.
+// The sort key of a row: an instant or a text in upper case. All tasks of a column have the same kind.
 using SortKey = std::variant<std::int64_t, std::wstring>;
 
-// Everything that makes a column. It has no default, so that a column without a text or a sort key does not
-// compile.
+// A column. Its constructor has no defaults, so that a column without a text or a sort key does not compile.
 struct stProjectColumn {
     constexpr stProjectColumn(const wchar_t* columnHeader, int widthAt96Dpi,
                               std::wstring (&textOf)(const CSCVShchedulerTask& task, std::int64_t now),
@@ -36,18 +35,18 @@ struct stProjectColumn {
     SortKey (&sortKey)(const CSCVShchedulerTask& task, std::int64_t now);
 };
 
-// By ProjectColumn.
+// Indexed by ProjectColumn.
 extern const std::array<stProjectColumn, kProjectColumnCount> kProjectColumns;
 
 // The column of that index; null when there is no such column (-1, for instance).
 [[nodiscard]] const stProjectColumn* FindProjectColumn(int index) noexcept;
 
-// Longer cells are cut to this many UTF-16 units, whatever room the list view offers.
+// Longer cells are cut to this many UTF-16 units, even if the list view offers a larger buffer.
 inline constexpr std::size_t kLongestCell = 254;
 
 // The text of one cell at the instant `now`, cut to kLongestCell; empty when there is no such column.
 [[nodiscard]] std::wstring CellText(const CSCVShchedulerTask& task, int column, std::int64_t now);
 
-// When the task runs next, for showing and sorting; 0 when it is disabled or never runs, or when a stored
-// time leads to a date that cannot exist: a list that shows such a task must still draw.
+// The task's next run, for showing and sorting; 0 when it is disabled or never runs. Also 0 when it cannot be
+// computed, because a list with such a task must still be drawn.
 [[nodiscard]] std::int64_t ShownNextRunTime(const CSCVShchedulerTask& task, std::int64_t now);

@@ -8,14 +8,14 @@
 class CSCVShchedulerTask;
 class CSCVShchedulerTaskArray;
 
-// Compares two rows of the project list. The constructor computes each task's sort key once, so an object
-// serves for one sort and only until the tasks change.
+// Compares two rows of the project list. The constructor computes each task's sort key once, so use an object
+// for one sort only, and only until the tasks change.
 //
-// Not a strict weak order, on purpose: times never compare as equal. The list view's own sort tolerates that;
-// std::sort does not.
+// This is not a strict weak order, on purpose: two times never compare as equal. The list view's sort
+// tolerates that; std::sort does not.
 class CRowOrder {
 public:
-    // With no such `column` (-1, for instance) the order means nothing.
+    // For a `column` that does not exist, such as -1, the order is arbitrary.
     CRowOrder(const CSCVShchedulerTaskArray& tasks, int column, bool ascending, std::int64_t now);
 
     // Negative when `left` comes first, positive when `right` does. 0 when either is null or not in the

@@ -9,13 +9,13 @@ class CSCVShchedulerTaskArray;
 
 // Which row of the project list an operation selects. Rows count from 0; -1 is none.
 
-// The row that showing the window for a project selects: the one at the position that the project has in the
-// array, kept on purpose, although after a sort another project may stand there. Adding and dropping look the
-// row up with FindRowByPath instead.
+// The row that is selected when the window is shown for a project: the row whose number is the project's
+// index in the array. Kept on purpose, although after a sort another project can be in this row. Adding and
+// dropping use FindRowByPath instead.
 [[nodiscard]] std::ptrdiff_t RowAtProjectsPosition(const CSCVShchedulerTaskArray& tasks,
                                                    std::wstring_view projectPath) noexcept;
 
-// The first row whose task has exactly this project path: case counts, unlike in the array's FindTask.
+// The first row whose task has exactly this project path; unlike in the array's FindTask case counts.
 // `taskOfRow` may return null.
 [[nodiscard]] std::ptrdiff_t FindRowByPath(
     std::ptrdiff_t rowCount, const std::function<const CSCVShchedulerTask*(std::ptrdiff_t)>& taskOfRow,

@@ -7,27 +7,27 @@
 
 #include "ui/resource.h"
 
-// What a process decides when it starts, and what a second process sends to the first.
+// Decisions of a process at its start, and the message of a second process to the first.
 
-// Caption of the main dialog without its version, the title by which a second process looks for the first,
-// and the name that tray icon and tray menu show.
+// The caption of the main dialog without its version. A second process searches a window with this title.
+// Tray icon and tray menu show this name.
 inline constexpr const wchar_t* kProgramTitle = L"SCV Scheduler";
-// Its existence says that an instance runs; it is never signalled.
+// This event exists while an instance runs; it is never signalled.
 inline constexpr const wchar_t* kInstanceEventName = L"SCVSchedulerApp";
 
-// Whether the raw command line asks for a start in the tray: it holds "background" anywhere, in any case,
-// even inside a path.
+// Whether the program starts in the tray: when the raw command line contains "background" anywhere, in any
+// case, even inside a path.
 [[nodiscard]] bool StartsHidden(std::wstring_view commandLine) noexcept;
 
 // The command by which Windows starts the program at log-on, hidden in the tray.
 [[nodiscard]] std::wstring StartupCommand(const std::wstring& executablePath);
 
-// Data word of the WM_COPYDATA by which a second process hands its project over to the running one: the same
-// number as the command that shows the window.
+// The data word of the WM_COPYDATA with which a second process sends its project to the running one. It is
+// the number of the command that shows the window.
 inline constexpr std::uintptr_t kHandOverTag = ID_SHOW_WINDOW;
 
-// The byte count that goes with a project path. It is the number of characters on purpose, so that only the
-// first half of the path arrives, no project is found for it, and the running window merely shows.
+// The byte count that is sent with a project path. It is the number of characters on purpose: only the first
+// half of the path arrives, no project is found for it, and the running window is only shown.
 [[nodiscard]] std::uint32_t HandOverByteCount(std::wstring_view projectPath) noexcept;
 
 // The path received: the whole UTF-16 units in the `byteCount` bytes at `data`, cut to the longest path.

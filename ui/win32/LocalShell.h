@@ -3,8 +3,9 @@
 #include "core/platform/Shell.h"
 #include "util/win32/FileTests.h"
 
-// A shell for what the window shows unasked. It reports a file on another machine as present, without looking
-// for it: a machine that does not answer would block the window's thread for seconds.
+// A shell for text that the window shows without being asked, such as tooltips. It reports files on other
+// machines as present without accessing them: a machine that does not answer would block the window's thread
+// for seconds.
 class CLocalShell final : public IShell {
 public:
     // `shell` outlives the object.

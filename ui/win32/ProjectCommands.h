@@ -16,19 +16,19 @@
 // Handles the buttons of the project list and of the extraction program, and files dropped on the window.
 class CProjectCommands {
 public:
-    // None is owned. The controls are those of `dialog`.
+    // Owns none of these objects. The controls are those of `dialog`.
     CProjectCommands(CDialog& dialog, const CPlatform& platform, CListSession& session, CProjectList& list,
                      CTaskEditor& editor) noexcept
         : m_dialog(dialog), m_platform(platform), m_session(session), m_list(list), m_editor(editor) {}
 
     // True when `id` is one of these buttons.
     bool OnCommand(int id);
-    // Also for the Delete key.
+    // Also called for the Delete key.
     void OnDeleteProject();
     // Adds the dropped projects. `drop` is the handle that WM_DROPFILES carries; it is released.
     void OnDropFiles(HDROP drop);
 
-    // Fills the list again, sorted and without a selection.
+    // Fills the list again and sorts it. No row is selected then.
     void FillProjectList();
     void SelectFirstRow();
 

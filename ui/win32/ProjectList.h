@@ -13,29 +13,29 @@
 #include "framework/GuiHandle.h"
 #include "framework/Wnd.h"
 
-// The list view of the projects: one row for each task. Rows refer to tasks and own nothing; texts are worked
-// out when the list view draws, so that a repaint shows the tasks as they are now. After every change of the
-// array's members, and before the next message, the list has to be filled again.
+// The list view of the projects, with one row for each task. Rows refer to tasks and own nothing. Texts are
+// computed when the list view draws, so a repaint shows the tasks as they are now. After tasks were added or
+// removed, fill the list again before the next message.
 class CProjectList : public CWnd {
 public:
-    // Neither is owned.
+    // Owns neither object.
     CProjectList(const CSCVShchedulerTaskArray& tasks, const IClock& clock) noexcept
         : m_tasks(tasks), m_clock(clock) {}
 
     // Sets up styles and columns; the control is bound by then.
     void Initialise();
-    // The width, in pixels, that shows the columns up to this one beside a scroll bar. Call it while there
-    // are no rows.
+    // The width in pixels that shows the columns up to this one and a scroll bar. Call it while there are no
+    // rows.
     [[nodiscard]] int WidthFor(int lastColumn) const;
     // Fills the list with one unselected row for each task, in array order. IsFilling() is true meanwhile:
     // ignore the list view's notifications then.
     void Fill();
     [[nodiscard]] bool IsFilling() const noexcept { return m_bFilling; }
-    // Sorts by the column and moves the sort mark to its header. -1 is no column.
+    // Sorts by the column and moves the sort mark to its header. -1 means no column.
     void SetSortColumn(int column, bool ascending);
     // Sorts a list that was filled again by the column used last.
     void SortAgain() { SetSortColumn(m_nSortColumn, m_bAscending); }
-    // As after a click on the column's header: the direction turns with every click, also on another column.
+    // Handles a click on a column's header: every click reverses the direction, also one on another column.
     void TurnSortColumn(int column) { SetSortColumn(column, !m_bAscending); }
     [[nodiscard]] int SortColumn() const noexcept { return m_nSortColumn; }
     [[nodiscard]] bool IsAscending() const noexcept { return m_bAscending; }
@@ -43,7 +43,7 @@ public:
     // Null for a row that does not exist.
     [[nodiscard]] CSCVShchedulerTask* TaskOfRow(int row) const;
     [[nodiscard]] int RowCount() const;
-    // -1 when there is none.
+    // The index of a row, -1 when there is none.
     [[nodiscard]] int FindRowByPath(std::wstring_view projectPath) const;
     [[nodiscard]] int FindRowOf(const CSCVShchedulerTask& task) const;
     // The row under a point of the list's client area, -1 for none.
@@ -53,7 +53,7 @@ public:
     // In row order.
     [[nodiscard]] std::vector<int> SelectedRows() const;
     [[nodiscard]] std::vector<CSCVShchedulerTask*> SelectedTasks() const;
-    // Of the first selected row, null without a selection.
+    // The task of the first selected row, null without a selection.
     [[nodiscard]] CSCVShchedulerTask* FirstSelectedTask() const;
     // Selects and focuses the row and scrolls to it; other rows stay selected. Does nothing when there is no
     // such row.
@@ -61,7 +61,7 @@ public:
     void ClearSelection() const;
     void SelectAll() const;
 
-    // Fills in what the list view requests about a row.
+    // Handles the list view's request for the text of a cell.
     void OnGetDispInfo(NMLVDISPINFOW& request) const;
     // Draws rows of failed runs in their colour and, while there is no row, the notice. Returns the result
     // for the list view's NM_CUSTOMDRAW.

@@ -13,11 +13,11 @@
 
 class CSCVShchedulerTaskArray;
 
-// Shows what HoverText says about the project on which the mouse rests, in the dialog's tooltip control. The
-// text is worked out when the tooltip comes up, not before. Files on other machines are not looked for.
+// Shows the HoverText of the project below the mouse in the dialog's tooltip control. The text is computed
+// when the tooltip opens, not before. Files on other machines are not accessed.
 class CRowTip {
 public:
-    // All of it outlives the object, and nothing is owned.
+    // These objects outlive this one, which owns none of them.
     CRowTip(const CToolTipCtrl& toolTip, const CProjectList& list, const CSCVShchedulerTaskArray& tasks,
             const CPlatform& platform) noexcept
         : m_toolTip(toolTip),
@@ -40,5 +40,5 @@ private:
     CLocalShell m_shell;
     CPlatform m_platform;
     int m_row = -1;       // the row of the tool; -1 without a tool
-    std::wstring m_text;  // lent to the tooltip control
+    std::wstring m_text;  // the tooltip control has a pointer to it
 };

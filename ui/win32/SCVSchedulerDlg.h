@@ -17,15 +17,15 @@
 #include "ui/win32/TaskEditor.h"
 #include "ui/win32/TrayIcon.h"
 
-// The program's window. It owns the session of the task list, launches the due ones on its timer whether it
-// is shown or hidden, and hides instead of closing: only Exit destroys it.
+// The program's window. It owns the session of the task list and launches due tasks on its timer, whether it
+// is shown or hidden. It hides instead of closing; only Exit destroys it.
 class CSCVSchedulerDlg : public CResizingDialog {
 public:
     static constexpr UINT_PTR kTimer = 101;
 
-    // What `platform` refers to outlives the dialog; its files do not wait, or the window would not respond.
-    // `taskListPath` is the file that the list is loaded from and saved to. `closingFiles` may wait; they
-    // make the last save, when the program ends. Null: those of `platform` make it.
+    // The objects of `platform` outlive the dialog. Its files must not wait, or the window would not respond.
+    // `taskListPath` is the task list file. The last save, when the program ends, uses `closingFiles`, which
+    // may wait; null means the files of `platform`.
     CSCVSchedulerDlg(const CPlatform& platform, std::wstring taskListPath,
                      IFileSystem* closingFiles = nullptr);
     ~CSCVSchedulerDlg() override;
@@ -45,7 +45,7 @@ protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    // Handles a message that the base class does not know; returns its result, if it has one.
+    // Handles the dialog's own messages. Returns the result of a message that needs no further handling.
     std::optional<LRESULT> OnOwnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     bool CreateToolTips();
     void RegisterControls();
@@ -78,5 +78,5 @@ private:
 
     bool m_bReady = false;      // initialised, and not being destroyed
     bool m_bRestoring = false;  // the placement is being restored
-    bool m_bExits = false;      // Exit was chosen during a launch and follows it
+    bool m_bExits = false;      // Exit was chosen during a launch; the program ends after the launch
 };

@@ -13,17 +13,17 @@
 // tasks.
 class CTaskEditor {
 public:
-    // None is owned. The controls are those of `dialog`.
+    // Owns none of these objects. The controls are those of `dialog`.
     CTaskEditor(CDialog& dialog, CProjectList& list, const IClock& clock) noexcept
         : m_dialog(dialog), m_list(list), m_clock(clock) {}
 
-    // Sets up the pickers and the unit's choices. Call it before the first data exchange.
+    // Sets up the pickers and the list of units. Call it before the first data exchange.
     void Initialise() const;
     void DoDataExchange(CDataExchange* exchange);
     // Shows the row's task; the defaults of a new task when there is no such row.
     void Load(int row);
-    // Enables or disables what depends on a check box or on the selection. A control that is disabled loses
-    // the keyboard focus.
+    // Enables or disables the controls that depend on a check box or on the selection. When the control with
+    // the focus is disabled, moves the focus to the next one.
     void UpdateStates();
     // Calls UpdateStates when the first row was selected or the last selected row was deselected.
     void FollowSelection();
@@ -36,7 +36,7 @@ private:
     void OnChange(int id);
     void OnSetCurrent();
     void ShowTimes(CDataExchange* exchange) const;
-    // Puts the focused row's times back into the pickers.
+    // Shows the times of the focused row in the pickers again.
     void ShowTimesOfTask();
     // Opens the script editor on the script file's text and writes back the text that the user accepts.
     void EditScript();

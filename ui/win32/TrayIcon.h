@@ -4,23 +4,23 @@
 
 #include "framework/GuiHandle.h"
 
-// What the shell sends to the icon's owner: the mouse message is in the low word of lParam.
+// The message that the shell sends to the icon's owner window. The low word of lParam is the mouse message.
 inline constexpr UINT kTrayMessage = WM_USER + 10;
 // Posted to the owner after the icon's menu has closed; lParam is the window that was in the foreground
 // before the menu.
 inline constexpr UINT kTrayMenuClosed = kTrayMessage + 1;
 
-// The program's icon in the notification area, and its menu. The shell removes the icon of a vanished owner
-// only when it notices. Without a shell there is no icon, and no error.
+// The program's icon in the notification area, and its menu. Without a shell there is no icon, which is not
+// reported. Remove it before the owner window is gone: the shell notices a missing owner only later.
 class CTrayIcon {
 public:
-    // The owner gets kTrayMessage and kTrayMenuClosed, ID_SHOW_WINDOW for a double click, and what is chosen
-    // in the menu.
+    // The owner window gets kTrayMessage and kTrayMenuClosed, ID_SHOW_WINDOW for a double-click, and the
+    // commands of the menu.
     void Add(HWND owner);
-    // To be called while the owner is being destroyed.
+    // Call it while the owner window is being destroyed.
     void Remove() noexcept;
 
-    // What the owner does with the two messages.
+    // The owner calls these for the two messages.
     void OnMouse(UINT message) const;
     void OnMenuClosed(HWND foregroundBefore) const;
 

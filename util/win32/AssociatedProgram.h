@@ -2,8 +2,8 @@
 
 #include <string>
 
-// The program that opens files of an extension (without its dot), with the result that every version of this
-// program has returned: 0, with `programPath` unchanged, for an extension that is registered; else 1, with
-// `programPath` as the look-up has left it, in practice empty. The tests of the two look-ups are inverted on
-// purpose: with a fix, projects would start in programs that never started them.
+// Looks up the program that opens files of an extension (without its dot). Kept wrong on purpose: for a
+// registered extension it returns 0 and leaves `programPath` unchanged; otherwise it returns 1 with
+// `programPath` as the look-up has left it, in practice empty. The checks of the two look-ups are inverted. A
+// fix would start projects in programs that have never started them.
 int GetAssociatedProgram(const std::wstring& extension, std::wstring& programPath);

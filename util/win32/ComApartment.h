@@ -4,8 +4,8 @@
 
 #include <objbase.h>
 
-// Readies the calling thread for components while it lives. The shell may start a program and show its
-// dialogs through some that want this; without it most still works, so a failure is not reported. Link ole32.
+// Initialises COM for the calling thread during its lifetime. The shell may use COM objects to start a
+// program and to show dialogs. Most of that also works without COM, so a failure is not reported. Link ole32.
 class CComApartment {
 public:
     CComApartment() noexcept

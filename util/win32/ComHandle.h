@@ -11,7 +11,7 @@
 
 #include "util/win32/Handle.h"
 
-// Owners of what components return. Link ole32 and oleaut32.
+// Owners of COM references and of automation values. Link ole32 and oleaut32.
 
 template <class Interface>
 struct ComReferencePolicy {
@@ -23,7 +23,7 @@ struct ComReferencePolicy {
     }
 };
 
-// One counted reference, taken over from whoever counted it: a creating function or IID_PPV_ARGS(x.Put()).
+// Owns one counted reference, which a creating function or IID_PPV_ARGS(x.Put()) has counted.
 template <class Interface>
 class CComReference : public CUniqueHandle<ComReferencePolicy<Interface>> {
 public:
@@ -41,7 +41,7 @@ struct BstrPolicy {
     }
 };
 
-// A text of automation; null is an empty one.
+// An automation text (BSTR); null is the empty text.
 class CBstr : public CUniqueHandle<BstrPolicy> {
 public:
     CBstr() noexcept = default;
@@ -54,7 +54,7 @@ public:
 
     // Zeros within the text are kept.
     [[nodiscard]] std::wstring Text() const { return TextOf(Get()); }
-    // Of a text that somebody else owns.
+    // The contents of a text that somebody else owns.
     [[nodiscard]] static std::wstring TextOf(BSTR text) {
         return text == nullptr ? std::wstring() : std::wstring(text, SysStringLen(text));
     }
@@ -65,10 +65,10 @@ struct SafeArrayPolicy {
     static SAFEARRAY* None() noexcept { return nullptr; }
     static bool Close(SAFEARRAY* array) noexcept { return SafeArrayDestroy(array) == S_OK; }
 };
-// An array of automation, with what its elements own.
+// An automation array, which owns its elements.
 using CSafeArray = CUniqueHandle<SafeArrayPolicy>;
 
-// A value of automation, empty at first.
+// An automation value, empty at first.
 class [[nodiscard]] CVariant {
 public:
     CVariant() noexcept = default;
@@ -91,7 +91,7 @@ private:
     VARIANT m_value{};
 };
 
-// What went wrong in a call of automation, filled in by who was called.
+// The error of an automation call, filled in by the called object.
 class [[nodiscard]] CExceptionInfo {
 public:
     CExceptionInfo() noexcept = default;
@@ -105,7 +105,7 @@ public:
 
     // To be filled in once.
     [[nodiscard]] EXCEPINFO* Put() noexcept { return &m_info; }
-    // The texts that were put off are asked for now.
+    // Fetches texts whose filling in the object has deferred.
     [[nodiscard]] const EXCEPINFO& Get() noexcept {
         if (const auto fillIn = std::exchange(m_info.pfnDeferredFillIn, nullptr); fillIn != nullptr) {
             fillIn(&m_info);

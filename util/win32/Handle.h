@@ -12,7 +12,7 @@ public:
     using Type = typename Policy::Type;
 
     CUniqueHandle() noexcept = default;
-    // Takes over what a creating function returned, its failure included.
+    // Takes over the result of a creating function, including None for a failure.
     explicit CUniqueHandle(Type handle) noexcept : m_handle(handle) {}
     CUniqueHandle(CUniqueHandle&& other) noexcept : m_handle(std::exchange(other.m_handle, Policy::None())) {}
     CUniqueHandle& operator=(CUniqueHandle&& other) noexcept {
@@ -24,14 +24,14 @@ public:
 
     explicit operator bool() const noexcept { return m_handle != Policy::None(); }
     [[nodiscard]] Type Get() const noexcept { return m_handle; }
-    // For a function that stores its handle through a pointer; closes what was held.
+    // For a function that stores a handle through a pointer. Closes the held handle first.
     [[nodiscard]] Type* Put() noexcept {
         Close();
         return &m_handle;
     }
-    // Hands the handle over to the caller, who closes it.
+    // Gives the handle to the caller, who closes it.
     [[nodiscard]] Type Release() noexcept { return std::exchange(m_handle, Policy::None()); }
-    // True when nothing was held or the system closed it.
+    // False when the system could not close the handle.
     bool Close() noexcept {
         const Type handle = std::exchange(m_handle, Policy::None());
         return handle == Policy::None() || Policy::Close(handle);

@@ -2,6 +2,6 @@
 
 #include <string>
 
-// The user's folder of that CSIDL_ number, without a backslash at its end; empty when the system does not
+// The user's folder with this CSIDL_ number, without a backslash at its end; empty when the system does not
 // know it.
 [[nodiscard]] std::wstring GetKnownFolder(int csidl);

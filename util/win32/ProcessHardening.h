@@ -1,5 +1,5 @@
 #pragma once
 
-// From here on libraries are looked for in the system's folder only, never in the current one or along the
-// path. The first call of every main function: a library loaded earlier may come from anywhere.
+// After this call libraries are loaded only from the system's folder, never from the current folder or the
+// PATH. Call it first in every main function: a library loaded before could come from anywhere.
 void HardenProcess() noexcept;

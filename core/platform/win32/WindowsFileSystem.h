@@ -8,12 +8,12 @@
 // than MAX_PATH.
 class CWindowsFileSystem final : public IFileSystem {
 public:
-    // Whether a call on a busy file may wait for it: a thread with a window may not.
+    // Whether callers may wait for a busy file (see Pause). A thread with a window may not.
     enum class Waiting { Allowed, Never };
 
     explicit CWindowsFileSystem(Waiting waiting = Waiting::Allowed) noexcept : m_waiting(waiting) {}
 
-    // A file larger than this many bytes is Failed to Read.
+    // For a file larger than this, in bytes, Read returns Failed.
     static constexpr std::uint64_t kLargestFile = std::uint64_t{256} << 20;
 
     [[nodiscard]] bool Exists(const std::wstring& path) override;
