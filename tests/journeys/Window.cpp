@@ -4,7 +4,6 @@
 //
 //   ["windows"]                      the top-level windows, the topmost first
 //   ["children", WINDOW]             the windows inside it, at every depth
-//   ["changes"]                      how often a program has announced a change of the environment
 //   ["foreground"]                   {"window", "focus", "menu", "moving"}: the foreground window, its
 //                                    control with the focus, whether it shows a menu, and whether it is
 //                                    being moved or resized
@@ -22,14 +21,11 @@
 // The reply is null when the window is gone or does not answer.
 #include <windows.h>
 
-#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <string_view>
-#include <thread>
 #include <vector>
 
 #include "util/Utf8.h"
@@ -38,37 +34,6 @@
 namespace {
 
 using nlohmann::json;
-
-std::atomic<int> environmentChanges = 0;
-
-LRESULT CALLBACK CountChanges(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_SETTINGCHANGE && lParam != 0 &&
-        std::wstring_view(reinterpret_cast<const wchar_t*>(lParam)) == L"Environment") {
-        ++environmentChanges;
-    }
-    return DefWindowProcW(window, message, wParam, lParam);
-}
-
-// Creates a hidden window that receives broadcast messages, on a thread of its own, because the main thread
-// waits for requests. Returns once the window exists.
-void ListenForChanges() {
-    static std::atomic<bool> isThere = false;
-    std::thread([] {
-        WNDCLASSW listener{};
-        listener.lpfnWndProc = CountChanges;
-        listener.lpszClassName = L"SCVChanges";
-        RegisterClassW(&listener);
-        CreateWindowExW(0, listener.lpszClassName, L"", WS_OVERLAPPED, 0, 0, 0, 0, nullptr, nullptr, nullptr,
-                        nullptr);
-        isThere = true;
-        isThere.notify_one();
-        MSG message;
-        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-            DispatchMessageW(&message);
-        }
-    }).detach();
-    isThere.wait(false);
-}
 
 HWND ToWindow(const json& handle) {
     return reinterpret_cast<HWND>(handle.get<std::intptr_t>());
@@ -246,9 +211,6 @@ json Reply(const json& request, std::vector<CFileHandle>& held) {
     if (verb == "windows") {
         return Windows();
     }
-    if (verb == "changes") {
-        return environmentChanges.load();
-    }
     if (verb == "foreground") {
         return Foreground();
     }
@@ -267,7 +229,6 @@ json Reply(const json& request, std::vector<CFileHandle>& held) {
 int wmain() {
     // Otherwise the system would convert coordinates on a scaled screen.
     SetProcessDPIAware();
-    ListenForChanges();
     std::vector<CFileHandle> held;
     for (std::string line; std::getline(std::cin, line);) {
         std::cout << Reply(json::parse(line), held).dump() << std::endl;
