@@ -100,6 +100,7 @@ class Installer(InstallerJourney):
         self.assertEqual(self.read_log(), [f"Installing SCV Scheduler {self.version}", f"Installed in {place}."])
 
         watch = self.start_watch(folder)
+        (self.scheduler.demo / "log.txt").unlink()
         installed = self.state()
         in_use = f"{place}\\scvsched.exe is in use or cannot be written. End scvsched, which may be watching in a " \
                  "console (Ctrl+C), and try again."
