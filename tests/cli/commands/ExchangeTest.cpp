@@ -103,6 +103,7 @@ TEST_F(Exchange, ErrorsNameTheirPlace) {
         {task(R"("startTime": "2038-01-20T00:00")"), "tasks[1].startTime"},
         {task(R"("untilTime": 99999999999999999999)"), "tasks[1].untilTime"},
         {task(R"("lastRunResult": "a\u0000b")"), "control character"},
+        {task(R"("repeat": {"days": ["Mon", "Fun"]})"), "tasks[1].repeat.days has \"Fun\""},
         {task(R"("repeat": {"every": {"unit": "days"}})"), "every.unit has to be \"hours\" or \"minutes\""},
         {task(R"("commands": {"import-values": "C:\\v.csv"})"), "import-values needs"},
     };

@@ -45,6 +45,9 @@ TEST(PrivateProfile, SetsKeysInPlaceAndAppendsNewOnes) {
     };
     for (const Case& c : {
              Case{"", {{L"a", L"1"}, {L"b", L"2"}}, "[s]\r\na=1\r\nb=2\r\n"},
+             {"[t]\nx=1", {{L"a", L"1"}}, "[t]\nx=1\n[s]\na=1\n"},
+             {"[s]\ra=1\r", {{L"b", L"2"}}, "[s]\ra=1\rb=2\r"},
+             {"[s]\nb=0\n", {{L"a", L"1"}, {L"B", L"2"}}, "[s]\nb=2\na=1\n"},
              {"[s]\r\n a = 1 \r\n\r\n[t]\r\n", {{L"A", L"1"}}, "[s]\r\n a = 1 \r\n\r\n[t]\r\n"},
              {"[s]\n A = 1 \n;c\n\n[t]\n", {{L"a", L"2"}, {L"B", L"3"}}, "[s]\n A=2\n;c\nB=3\n\n[t]\n"},
              {"[s]\na=1\na=2\n[s]\na=3\n", {{L"a", L"4"}}, "[s]\na=4\na=2\n[s]\na=3\n"},

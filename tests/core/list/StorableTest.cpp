@@ -26,6 +26,8 @@ TEST(Storable, RefusesWhatTheFileWouldChange) {
          "import-values 'v.csv'"},
         {"double quote", [](Task& task) { task.m_strProjectPath = L"C:\\a\".scvpr"; }, "the project"},
         {"line break", [](Task& task) { task.m_strLastRunResult = L"a\nb"; }, "control character"},
+        {"long command line", [](Task& task) { task.m_strProjectPath.assign(1024, L'x'); },
+         "its command line"},
         {"long result", [](Task& task) { task.m_strLastRunResult.assign(1024, L'x'); }, "its last result"},
     };
     for (const auto& row : cases) {

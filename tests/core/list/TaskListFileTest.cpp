@@ -68,6 +68,7 @@ TEST(TaskListFile, WhatASectionMayHold) {
     const std::pair<std::string, std::vector<std::int64_t>> cases[] = {
         {"", {1, 0, 0, 0, 0}},  // enabled, start, until, every and its unit
         {"enable=no\r\nEnable=1\r\n", {0, 0, 0, 0, 0}},
+        {"EveryValue=\"" + std::string(254, ' ') + "1\"\r\n", {1, 0, 0, 0, 0}},  // beyond a number's buffer
         {"StartTime=4294967295\r\nUntilTime=-5\r\n", {1, 2147483647, -5, 0, 0}},
         {"EveryValue= 42abc\r\nEveryUnit=+11\r\n", {1, 0, 0, 42, 11}},
         {"EveryValue=-2147483649\r\nEveryUnit=0x10\r\n", {1, 0, 0, INT32_MIN, 0}},
