@@ -9,6 +9,6 @@ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS='--co
 cmake --build "$build" --target scv_tests >>"$build.log" || { cat "$build.log" && exit 1; }
 find "$build" -name '*.gcda' -delete
 "$build/tests/scv_tests" >>"$build.log" || { cat "$build.log" && exit 1; }
-gcovr --root . --filter '(util|core|layout|script|ui|cli)/' --txt-metric line --json "$build/lines.json" --txt "$build/report.txt" "$build"
+gcovr --root . --filter '(util|core|layout|script|ui|cli)/' --json "$build/lines.json" --txt "$build/report.txt" "$build"
 grep -E '^(TOTAL|lines)' "$build/report.txt" || true
 gcovr --root . --add-tracefile "$build/lines.json" --filter '(core|util)/' --fail-under-line 100
