@@ -10,6 +10,7 @@ TEST(Utf8, InvalidBytesBecomeReplacementCharacters) {
     EXPECT_EQ(ToUtf8(L"\xd83dx\xde00"), "\xEF\xBF\xBDx\xEF\xBF\xBD") << "lone surrogates";
     const std::pair<const char*, std::wstring> cases[] = {
         {"\xC3", L"\uFFFD"},                                // cut short
+        {"\xC3(", L"\uFFFD("},                              // no second byte
         {"\xE0\x80\xAF", L"\uFFFD\uFFFD\uFFFD"},            // longer than need be
         {"\xED\xA0\x80", L"\uFFFD\uFFFD\uFFFD"},            // a surrogate
         {"\xF4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"},  // past the last plane

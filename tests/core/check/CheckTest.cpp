@@ -54,6 +54,7 @@ TEST_F(Check, SchedulesThatSurpriseAreFound) {
          {"the last run (2024-06-02 09:00) failed: Failure: File does not exist"}},
         {"LastRunTime=" + at(2, 9) + "\nLastRunResult='Success'\n", {}},
         {"LastRunTime=" + at(4, 9), {"future (2024-06-04 09:00)"}},
+        {"LastRunResult='it''s'\n", {"apostrophe in the last result", "failed: it"}},
     };
     for (const auto& [keys, expected] : tasks) {
         ExpectOfTask(keys, expected);
@@ -67,11 +68,13 @@ TEST_F(Check, WhatTheFileSpoilsIsFound) {
         {R"("C:\a.scvpr" -aiv"q,1,2,C:\v.txt")", {"comma"}},
         {R"("C:\a.scvpr" -at -gt -eft -fr -qe)", {"-at ", "-gt ", "-eft "}},
         {R"("C:\a.scvpr" -aiv)", {"no file", "neither"}},
+        {R"("C:\a.txt")", {"'txt' is neither", "no program"}},
     };
     for (const auto& [commandLine, expected] : commandLines) {
         ExpectFindings("1", "[SCVShchedulerTask1]\nCommandLine='" + commandLine + "'\n", expected);
     }
     ExpectFindings("2147483647", kTask, {"up to SCVShchedulerTask2147483647 are missing"});
+    ExpectFindings("2", kTask + "[SCVShchedulerTask2]\nStartTime=5\n", {"names no project"});
     ExpectFindings("2", kTask + "[SCVShchedulerTask2]\nCommandLine='\"c:\\A.scvpr\"'\n",
                    {"listed twice, first in SCVShchedulerTask1"});
 }

@@ -45,6 +45,9 @@ TEST(PrivateProfile, SetsKeysInPlaceAndAppendsNewOnes) {
     };
     for (const Case& c : {
              Case{"", {{L"a", L"1"}, {L"b", L"2"}}, "[s]\r\na=1\r\nb=2\r\n"},
+             {"[t]\nx=1", {}, "[t]\nx=1"},
+             {"[s]\na=1\n", {{L"a", L"1"}, {L"b", L"2"}}, "[s]\na=1\nb=2\n"},
+             {"[s]\na=1\n", {{L"a", emoji}}, Utf16(L"[s]\na=" + emoji + L"\n")},
              {"[t]\nx=1", {{L"a", L"1"}}, "[t]\nx=1\n[s]\na=1\n"},
              {"[s]\ra=1\r", {{L"b", L"2"}}, "[s]\ra=1\rb=2\r"},
              {"[s]\nb=0\n", {{L"a", L"1"}, {L"B", L"2"}}, "[s]\nb=2\na=1\n"},
@@ -87,6 +90,7 @@ TEST(PrivateProfile, RemovesTheFirstSectionOfThatName) {
     profile.RemoveSection(L"b");
     profile.RemoveSection(L"c");
     profile.SetStrings(L"d", Entries{{L"k", L"4"}});
+    profile.SetStrings(L"e", Entries{{L"k", L"0"}});
     profile.SetStrings(L"e", Entries{{L"k", L"5"}});
     EXPECT_EQ(profile.Serialise(), "[a]\nk=1\n\n;b\n;c\n[d]\nk=4\n[e]\nk=5\n");
     profile.RemoveSection(L"d");

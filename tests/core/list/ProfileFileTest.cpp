@@ -105,4 +105,17 @@ TEST(ProfileFile, MakesAMissingFileOnlyWhenNeeded) {
     EXPECT_FALSE(LockAndEditProfile(files, L"", SetNew));
 }
 
+TEST(ProfileFile, FailuresWithoutACodeHaveTheirOwnText) {
+    using Status = FileResult::Status;
+    CFakeFileSystem files;
+    const std::pair<Status, std::wstring> cases[] = {
+        {Status::Missing, L"The file does not exist: l.ini"},
+        {Status::Busy, L"The file is in use by another program: l.ini"},
+        {Status::ReadOnly, L"The file is read-only: l.ini"},
+        {Status::Failed, L"The file cannot be used: l.ini"}};
+    for (const auto& [status, text] : cases) {
+        EXPECT_EQ(DescribeFailure(files, {.status = status, .path = L"l.ini"}), text);
+    }
+}
+
 }  // namespace

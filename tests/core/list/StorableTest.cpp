@@ -24,6 +24,13 @@ TEST(Storable, RefusesWhatTheFileWouldChange) {
              task.m_strInputElementName = L"a,b";
          },
          "import-values 'v.csv'"},
+        {"blank round the element",
+         [](Task& task) {
+             task.m_bImportInputValues = 1;
+             task.m_strInputValuesFile = L"v.csv";
+             task.m_strInputElementName = L" a ";
+         },
+         "the input element"},
         {"double quote", [](Task& task) { task.m_strProjectPath = L"C:\\a\".scvpr"; }, "the project"},
         {"line break", [](Task& task) { task.m_strLastRunResult = L"a\nb"; }, "control character"},
         {"long command line", [](Task& task) { task.m_strProjectPath.assign(1024, L'x'); },

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <vector>
 
+#include "core/schedule/ClockChanges.h"
+
 TEST(LocalTime, ConvertsThereAndBack) {
     const LocalTime local = ToLocalTime(FromLocalTime(2060, 2, 29, 23, 59, 58));
     EXPECT_EQ((std::vector<int>{local.year, local.month, local.day, local.weekday, local.hour, local.minute,
@@ -14,6 +16,7 @@ TEST(LocalTime, ConvertsThereAndBack) {
               (std::vector<int>{2060, 2, 29, 0, 23, 59, 58}));
     EXPECT_EQ(ToLocalTime(INT64_MIN).hour, -1) << "no local time";
     EXPECT_EQ(ToLocalTime(300'000'000'000).hour, -1) << "no local time";
+    EXPECT_TRUE(ClockChangesOfYear(300'000'000'000).empty());
     EXPECT_THROW((void)FromLocalTime(1899, 12, 31, 0, 0, 0), std::invalid_argument);
     EXPECT_THROW((void)FromLocalTime(2024, 13, 1, 0, 0, 0), std::invalid_argument);
     EXPECT_THROW((void)FromLocalTime(2024, 1, 1, 24, 0, 0), std::invalid_argument);

@@ -224,6 +224,7 @@ TEST_F(ListSession, RunThatCouldNotBeSavedIsSavedLater) {
     Task(1).m_strProjectPath = L"edited.scvpr";
     Hold(true);
     RunDue();
+    TicksReplaceTasks();
     Hold(false);
     TicksReplaceTasks();
     CSCVShchedulerTaskArray saved;
