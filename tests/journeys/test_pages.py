@@ -109,6 +109,7 @@ class Pages(unittest.TestCase):
         status, output = self.scvsched(*arguments)
         # Exit code 1 means findings, which a page may show.
         self.assertIn(status, (0, 1), output)
+        self.assertTrue(output or status == 0, "It ended with exit code 1 without a word.")
         return output
 
     def watch(self, arguments):
