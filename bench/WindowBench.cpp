@@ -2,15 +2,14 @@
 
 #include <commctrl.h>
 #include <shellapi.h>
-#include <shlobj.h>
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <optional>
 
 #include "bench/Judge.h"
 #include "core/platform/LocalTime.h"
+#include "tests/support/DroppedFiles.h"
 #include "tests/support/FakeClock.h"
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"
@@ -74,13 +73,7 @@ struct Window {
     }
     // `paths` are those of projects, each ended by a zero.
     void Drop(const std::wstring& paths) const {
-        const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + (paths.size() + 1) * sizeof(wchar_t));
-        auto* record = static_cast<DROPFILES*>(GlobalLock(memory));
-        record->pFiles = sizeof(DROPFILES);
-        record->fWide = TRUE;
-        std::memcpy(record + 1, paths.data(), paths.size() * sizeof(wchar_t));
-        GlobalUnlock(memory);
-        dialog->SendMessage(WM_DROPFILES, reinterpret_cast<WPARAM>(memory));
+        dialog->SendMessage(WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDroppedFiles(paths)));
     }
     void Click(int button) const { SendMessageW(dialog->GetDlgItem(button), BM_CLICK, 0, 0); }
     void ClickHeader(int column) const {

@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <shellapi.h>
-#include <shlobj.h>
 
-#include <cstring>
-
+#include "tests/support/DroppedFiles.h"
 #include "tests/support/MainDialog.h"
 
 namespace {
@@ -75,13 +73,7 @@ TEST_F(ProjectList, DropTakesProjectsOfOneKind) {
     Open({L"C:\\listed.scvpr"});
     std::wstring paths(L"C:\\A.SCVPR\0C:\\b.txt\0C:\\c.oslpr\0C:\\scvpr\0", 39);
     paths += L"C:\\" + std::wstring(300, L'x') + L".scvpr" + L'\0';
-    const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + (paths.size() + 1) * sizeof(wchar_t));
-    auto* record = static_cast<DROPFILES*>(GlobalLock(memory));
-    record->pFiles = sizeof(DROPFILES);
-    record->fWide = TRUE;
-    std::memcpy(record + 1, paths.data(), paths.size() * sizeof(wchar_t));
-    GlobalUnlock(memory);
-    dialog->SendMessage(WM_DROPFILES, reinterpret_cast<WPARAM>(memory));
+    dialog->SendMessage(WM_DROPFILES, reinterpret_cast<WPARAM>(MakeDroppedFiles(paths)));
     dialog->SendMessage(WM_DROPFILES, 0);
     EXPECT_EQ(Rows(), (Texts{L"A.SCVPR", L"listed.scvpr"}));
     EXPECT_EQ(Selected(), Texts{L"A.SCVPR"});
