@@ -28,7 +28,7 @@ use() {
 }
 
 run() {
-    local status crashes
+    local status crashes failed
     if [ -e "$state" ] && [[ " $* " != *" --gtest_list_tests "* ]]; then
         use "$prefix"
         DISPLAY=$(cut -d' ' -f1 "$state")
@@ -47,8 +47,9 @@ run() {
         status=0
         wine_run "$arch" "$@" >"$output" 2>&1 </dev/null || status=$?
         [ "$status" -eq 139 ] || [ ! -s "$output" ] || break
+        failed=$status
     done
-    [ "$crashes" -eq 0 ] || say "Wine failed $crashes times and was started again."
+    [ "$crashes" -eq 0 ] || say "Wine failed $crashes times, with exit code $failed, and was started again."
     tr -d '\r' <"$output"
     [ -s "$output" ] || fail "Exit code $status: the program wrote nothing, so it has not run."
     [ "$status" -eq 0 ] || say "Exit code $status"
