@@ -15,6 +15,7 @@ from wine import ROOT, Display, Wine, until
 ARCH = os.environ.get("SCV_ARCH", "x64")  # the build: x64, or x86, which ships
 DEMO = "C:\\demo"
 PROGRAM = "SCVScheduler.exe"
+EXTRACTION_PROGRAM = DEMO + r"\Scrivane.exe"
 SETTINGS = r"HKCU\Software\Talvernick\SCVScheduler"
 RUN_KEY = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Run"
 ids = type("Ids", (), resource_ids())
@@ -37,14 +38,14 @@ class Scheduler:
         self.demo = wine.drive_c / "demo"
         self.demo.mkdir(exist_ok=True)
         build = ROOT / f"build/windows-{wine.arch}"
-        for program in (f"ui/{PROGRAM}", "cli/scvsched.exe", "tests/standin.exe"):
+        for program in (f"ui/{PROGRAM}", "cli/scvsched.exe"):
             shutil.copy(build / program, self.demo)
+        shutil.copy(build / "tests/standin.exe", self.demo / "Scrivane.exe")
         # The text of a project is the number of seconds for which the stand-in keeps it open.
         for name, seconds in {"prices": 1, "new books": 2, "news": 0}.items():
             self.make_project(name, seconds)
         # The path is short: the scheduler reads no program path of more than 126 characters.
-        wine.registry("add", r"HKCU\Software\Talvernick\Scrivane", "/v", "ProgramFileName", "/d", DEMO + r"\standin.exe",
-                      "/f")
+        wine.registry("add", r"HKCU\Software\Talvernick\Scrivane", "/v", "ProgramFileName", "/d", EXTRACTION_PROGRAM, "/f")
         # By a pattern, because Wine chooses the user's name.
         self.app_data = next(wine.drive_c.glob("users/[!P]*/AppData"))
         self.list_file = self.app_data / "Local/SCVScheduler/SCVScheduler.ini"

@@ -13,7 +13,7 @@ import time
 import unittest
 
 from window import HTCAPTION
-from scheduler import ARCH, DEMO, PROGRAM, Journey, ids
+from scheduler import ARCH, DEMO, EXTRACTION_PROGRAM, PROGRAM, Journey, ids
 from wine import until
 
 
@@ -34,7 +34,7 @@ class Journeys(Journey):
     def assert_started(self, project, *switches):
         """Checks that the stand-in was started with a project once for each of `switches`, in this order."""
         self.assertEqual(self.scheduler.runs(project),
-                         [f'"{DEMO}\\standin.exe" {command(project, each)}' for each in switches])
+                         [f'"{EXTRACTION_PROGRAM}" {command(project, each)}' for each in switches])
 
     def test_first_start(self):
         """An old list moves to its new place; two projects are added and edited; due ones run while the window is hidden."""
