@@ -16,8 +16,13 @@
 # A shell has one prefix per architecture. Without a 32-bit Wine a 32-bit program ends with exit code 0 without having
 # run. So an exit code alone never proves that a program ran: check its output.
 
+# Without address space randomisation: Linux 6.9 and later place the heap of Debian's wine64 anywhere in a gigabyte, about
+# one start in 8,000 at 0x7ffe0000, where Wine needs a page of its own. Then wine64 ends with exit code 1 and prints nothing.
+wine64=/usr/lib/wine/wine64
+! setarch -R true 2>/dev/null || wine64="setarch -R $wine64" # some containers forbid it
+
 declare -A wine_prefix=()
-declare -A wine_loader=([x64]="/usr/lib/wine/wine64" [x86]="$SCV_ROOT/scripts/wine32-root.sh run /usr/lib/wine/wine"
+declare -A wine_loader=([x64]="$wine64" [x86]="$SCV_ROOT/scripts/wine32-root.sh run /usr/lib/wine/wine"
     [joined]="$SCV_ROOT/scripts/wine32-root.sh join")
 declare -A wine_word=([x64]=win64 [x86]=win32 [joined]=win64)
 

@@ -157,7 +157,7 @@ class InstallerJourney(Journey):
     # --- Steps ------------------------------------------------------------------------------------------------------
 
     def run_to(self, status, program, *arguments):
-        found, output = self.wine.run(program, *arguments, prints=False)
+        found, output = self.wine.run(program, *arguments)
         self.assertEqual(found, status, f"exit code of {program.name} {arguments}: {output}")
 
     def install(self, setup, *arguments, folder=None, status=0):

@@ -114,22 +114,13 @@ class Wine:
             streams.setdefault(name, subprocess.DEVNULL)
         return subprocess.Popen(self._shell([*words, *settings, program, *arguments], folder, arch), cwd=ROOT, **streams)
 
-    def run(self, program, *arguments, prints=True, **more):
-        """Runs a program to its end and returns its exit code and its output with plain line ends.
-
-        About one start in some thousands Wine ends a program before its first line. This function then starts it again,
-        unless it is one that may fail without printing anything (prints=False).
-        """
-        for again in range(3):
-            # Not a pipe: a service that the program starts would inherit it and keep it open.
-            with tempfile.TemporaryFile() as output:
-                status = self.start(program, *arguments, stdout=output, stderr=subprocess.STDOUT, **more).wait()
-                output.seek(0)
-                text = output.read().decode(errors="replace").replace("\r", "")
-            if text or status == 0 or not prints:
-                break
-            print(f"{program} failed with exit code {status} without a word, time {again + 1}.", flush=True)
-        return status, text
+    def run(self, program, *arguments, **more):
+        """Runs a program to its end and returns its exit code and its output with plain line ends."""
+        # Not a pipe: a service that the program starts would inherit it and keep it open.
+        with tempfile.TemporaryFile() as output:
+            status = self.start(program, *arguments, stdout=output, stderr=subprocess.STDOUT, **more).wait()
+            output.seek(0)
+            return status, output.read().decode(errors="replace").replace("\r", "")
 
     def registry(self, *arguments):
         """Runs reg.exe and returns its output, whether it succeeds or not."""

@@ -9,9 +9,9 @@
 // Starts a command line as CreateProcessW does, with its flags; the child inherits all inheritable handles.
 // Returns the process. Throws std::system_error with the system's code. Thread-safe.
 //
-// Under Wine a start in some thousands fails with ERROR_INTERNAL_ERROR (1359), because the new process dies
-// before it is up; on exactly that error, and ten times at most, it is started again, which the test's output
-// then counts.
+// Under Wine a start fails with ERROR_INTERNAL_ERROR (1359) when the new process dies before it is up, as it
+// can where scripts/wine.sh cannot prevent that. On exactly that error, and ten times at most, it is started
+// again, which the test's output then counts.
 [[nodiscard]] CKernelHandle StartChild(std::wstring commandLine, DWORD flags, STARTUPINFOW start = {});
 
 struct ChildResult {
