@@ -26,8 +26,8 @@ public:
         std::int32_t number = -1;  // -1 for none
         CStringArray params;       // the values; missing ones are empty, those after the third are ignored
     };
-    // The numbers of the templates in the lists of a language; first is greater than last when there are
-    // none.
+    // The numbers of a language's templates; first is greater than last when there are none. The first
+    // template is only a main function; the others are in the lists.
     struct stNumberRange {
         std::int32_t first;
         std::int32_t last;

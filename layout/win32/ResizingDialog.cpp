@@ -57,6 +57,12 @@ int CResizingDialog::AddControl(const CWnd* control, UINT flags) {
     return AddControl(control != nullptr ? control->m_hWnd : nullptr, flags);
 }
 
+void CResizingDialog::AddControls(std::span<const stAnchors> controls) {
+    for (const stAnchors& control : controls) {
+        AddControl(GetDlgItem(control.id), control.anchors);
+    }
+}
+
 int CResizingDialog::HasControl(HWND control) const {
     return std::any_of(m_arrChildControls.begin(), m_arrChildControls.end(),
                        [&](const stChildControl& record) { return record.hWnd == control; });

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <span>
 #include <vector>
 
 #include "framework/Dialog.h"
@@ -28,9 +29,17 @@ public:
         int nBottom;
     };
 
+    // A control of the template, and its ANCHOR_ flags.
+    struct stAnchors {
+        int id;
+        UINT anchors;
+    };
+
     // Measures the control, which must exist, and appends its record. Always returns 1.
     int AddControl(HWND control, UINT flags);
     int AddControl(const CWnd* control, UINT flags);
+    // AddControl for each of these controls of the dialog.
+    void AddControls(std::span<const stAnchors> controls);
     // 1 when the control is registered, else 0.
     [[nodiscard]] int HasControl(HWND control) const;
     [[nodiscard]] int HasControl(const CWnd* control) const;

@@ -5,7 +5,7 @@
 #include <activscp.h>
 
 #include "script/win32/ActiveScriptSite.h"
-#include "script/win32/IScriptController.h"
+#include "script/IScriptController.h"
 #include "util/Csv.h"
 #include "util/win32/ComHandle.h"
 

@@ -3,7 +3,7 @@
 #include <windows.h>
 
 #include "script/ScriptErrorInfo.h"
-#include "script/win32/IScriptController.h"
+#include "script/IScriptController.h"
 #include "script/win32/ScriptControl.h"
 #include "util/win32/ComHandle.h"
 

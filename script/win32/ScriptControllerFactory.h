@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "script/win32/IScriptController.h"
+#include "script/IScriptController.h"
 
 class CScriptControllerFactory {
 public:

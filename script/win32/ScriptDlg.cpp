@@ -6,6 +6,7 @@
 #include "framework/TextFile.h"
 #include "script/EditorText.h"
 #include "script/ScriptLanguages.h"
+#include "script/ScriptTestRun.h"
 #include "script/resource.h"
 #include "script/win32/ScriptControllerFactory.h"
 #include "script/win32/ScriptFunctionDlg.h"
@@ -17,13 +18,7 @@ constexpr wchar_t kSection[] = L"CScriptDlg";
 // Distance of the default place from the edges of the screen, in pixels.
 constexpr int kScreenMargin = 100;
 
-// For each language the template that is only a main function.
-constexpr std::int32_t kMainFunctions[] = {62001, 61318};
-
-constexpr struct {
-    int id;
-    UINT anchors;
-} kAnchors[] = {
+constexpr CResizingDialog::stAnchors kAnchors[] = {
     {IDC_SCRIPT_FUNCTIONS, ANCHOR_LEFT | ANCHOR_TOP | ANCHOR_BOTTOM},
     {IDC_SCRIPT_CARET, ANCHOR_TOP | ANCHOR_RIGHT},
     {IDC_SCRIPT_TEXT, ANCHOR_ALL},
@@ -87,9 +82,7 @@ BOOL CScriptDlg::OnInitDialog() {
     CResizingDialog::OnInitDialog();
     m_icon = LoadSmallIcon(IDI_SCRIPT);
     SetIcon(m_icon.Get(), false);
-    for (const auto& control : kAnchors) {
-        AddControl(GetDlgItem(control.id), control.anchors);
-    }
+    AddControls(kAnchors);
     m_script.Initialise(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
     FillLists();
     for (const int id : {IDC_SCRIPT_TEST_TEXT, IDC_SCRIPT_TEST_RESULT}) {
@@ -250,7 +243,7 @@ void CScriptDlg::SetScript(const std::wstring& script) {
 void CScriptDlg::OnNew() {
     if (MayReplaceScript()) {
         CScriptGenerator::stTemplate record;
-        record.number = kMainFunctions[m_languages.GetCurSel() == 0 ? 0 : 1];
+        record.number = CScriptGenerator::GetTemplateNumbers(Language()).first;
         SetScript(m_generator.InstantiateTemplate(Language(), &record, kMainFunction));
         m_bModified = false;
     }
@@ -290,54 +283,29 @@ void CScriptDlg::OnInsert() {
     if (selected < 0) {
         return;
     }
-    const std::wstring entry = m_functions.GetText(selected);
-    const auto [start, end] = m_script.GetSel();
-    std::wstring script = m_script.GetWindowText();
-    script.replace(start, end - start, entry);
-    SetScript(script);
-    m_script.SetFocus();
-    const DWORD caret = start + static_cast<DWORD>(entry.size());
-    m_script.SetSel(caret, caret);
-    m_script.SendMessage(EM_SCROLLCARET);
-    UpdateCaret();
+    m_script.Insert(m_functions.GetText(selected));
+    OnScriptChange();
 }
 
-// Controllers return 0 for a failure, but here only less than 0 counts as one, on purpose. So if there is an
-// engine, the box reports success and OK accepts the script, even after its error was shown.
 bool CScriptDlg::Parse(bool reportsSuccess) {
     const std::unique_ptr<IScriptController> controller = CreateController();
     if (controller == nullptr) {
         return false;
     }
-    int result = controller->SetLanguage(Language());
-    if (result >= 0) {
-        result = controller->AddCode(m_script.GetWindowText());
-    }
-    if (result >= 0 && reportsSuccess) {
+    const bool isParsed = ParseScript(*controller, Language(), m_script.GetWindowText());
+    if (isParsed && reportsSuccess) {
         AfxMessageBox(L"The script parsed successfully", MB_OK | MB_ICONINFORMATION);
     }
     m_script.SetFocus();
-    return result >= 0;
+    return isParsed;
 }
 
 void CScriptDlg::OnRunTest() {
     const std::unique_ptr<IScriptController> controller = CreateController();
-    if (controller == nullptr) {
-        return;
+    if (controller != nullptr) {
+        SetDlgItemText(IDC_SCRIPT_TEST_RESULT, TestScript(*controller, Language(), m_script.GetWindowText(),
+                                                          GetDlgItemText(IDC_SCRIPT_TEST_TEXT)));
     }
-    std::wstring text;
-    if (controller->SetLanguage(Language()) >= 0 && controller->AddCode(m_script.GetWindowText()) >= 0) {
-        CStringArray arguments;
-        arguments.Add(GetDlgItemText(IDC_SCRIPT_TEST_TEXT));
-        if (controller->GetParamCount(kMainFunction) > 1) {
-            arguments.Add(m_strTestUrl);
-        }
-        CStringArray results;
-        if (controller->Run(kMainFunction, &arguments, results) >= 0) {
-            text = JoinResults(results);
-        }
-    }
-    SetDlgItemText(IDC_SCRIPT_TEST_RESULT, text);
 }
 
 // Asks nothing about changes, unlike New.

@@ -9,8 +9,8 @@
 #include "framework/Controls.h"
 #include "framework/GuiHandle.h"
 #include "layout/win32/ResizingDialog.h"
+#include "script/IScriptController.h"
 #include "script/ScriptGenerator.h"
-#include "script/win32/IScriptController.h"
 #include "script/win32/ResourceScriptTexts.h"
 #include "script/win32/ScriptEdit.h"
 
@@ -79,6 +79,5 @@ private:
     CIconHandle m_icon;
     std::int32_t m_nLanguage = -1;
     std::wstring m_strTestText;
-    std::wstring m_strTestUrl;  // always empty: a test run has no URL
     bool m_bModified = false;
 };

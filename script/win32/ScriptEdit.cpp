@@ -68,6 +68,17 @@ bool CScriptEdit::MayMoveCaret(const MSG& message) const {
             (message.message == WM_MOUSEMOVE && (message.wParam & MK_LBUTTON) != 0));
 }
 
+void CScriptEdit::Insert(const std::wstring& text) {
+    const auto [start, end] = GetSel();
+    std::wstring script = GetWindowText();
+    script.replace(start, end - start, text);
+    SetWindowText(script);
+    SetFocus();
+    const DWORD caret = start + static_cast<DWORD>(text.size());
+    SetSel(caret, caret);
+    SendMessage(EM_SCROLLCARET);
+}
+
 std::wstring CScriptEdit::CaretPosition() const {
     const DWORD end = GetSel().second;
     return CaretText(CaretLine(end) + 1, CaretColumn(GetWindowText(), std::int64_t{end}));

@@ -17,6 +17,9 @@ public:
     [[nodiscard]] bool OnKey(const MSG& message) const;
     // Whether the message can move the caret without changing the text.
     [[nodiscard]] bool MayMoveCaret(const MSG& message) const;
+    // Replaces the selection, scrolls to the end of the inserted text and sets the focus. The control sends
+    // no notification.
+    void Insert(const std::wstring& text);
     // "Ln 3, Col 7". With a selection the line is that of the caret, the column that of the selection's end.
     [[nodiscard]] std::wstring CaretPosition() const;
 

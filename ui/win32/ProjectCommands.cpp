@@ -14,7 +14,6 @@
 #include "framework/MessageBox.h"
 #include "ui/model/AddProjects.h"
 #include "ui/model/FileFilters.h"
-#include "ui/model/RowSelection.h"
 #include "ui/resource.h"
 #include "ui/win32/StartupRegistration.h"
 #include "util/Path.h"
@@ -92,17 +91,6 @@ bool CProjectCommands::OnCommand(int id) {
     return true;
 }
 
-void CProjectCommands::FillProjectList() {
-    m_list.Fill();
-    m_dialog.Invalidate();
-    m_editor.Load(-1);
-    m_list.SortAgain();
-}
-
-void CProjectCommands::SelectFirstRow() {
-    m_list.Select(m_list.RowCount() > 0 ? 0 : -1);
-}
-
 void CProjectCommands::OnAddProject() {
     CFileDialog dialog(true, kProjectExtension, {}, OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY, kProjectFilter,
                        &m_dialog);
@@ -121,7 +109,7 @@ void CProjectCommands::AddAndSelect(const std::vector<std::wstring>& projects, b
     if (added.selectPath.empty()) {
         return;
     }
-    FillProjectList();
+    m_pane.Fill();
     m_list.Select(m_list.FindRowByPath(added.selectPath));
     if (registersFirst && added.isFirstOfList) {
         m_dialog.CheckDlgButton(IDC_RUN_AT_STARTUP, true);
@@ -159,13 +147,8 @@ void CProjectCommands::OnDeleteProject() {
         projects.push_back(m_list.TaskOfRow(row)->m_strProjectPath);
     }
     m_session.Tasks().RemoveTasks(projects);
-    FillProjectList();
-    const auto next = static_cast<int>(RowAfterDeletion(rows.empty() ? -1 : rows.back(), m_list.RowCount()));
-    if (next >= 0) {
-        m_list.Select(next);
-    } else {
-        m_editor.UpdateStates();
-    }
+    m_pane.Fill();
+    m_pane.SelectAfterDeletion(rows.empty() ? -1 : rows.back());
     // Without a selection the button was disabled for a moment and lost the focus to the editor, where the
     // next key would change the project that is now selected.
     if (GetFocus() != focus && IsChild(m_dialog.m_hWnd, focus) && ::IsWindowEnabled(focus)) {

@@ -11,15 +11,15 @@
 #include "framework/Dialog.h"
 #include "ui/model/ListSession.h"
 #include "ui/win32/ProjectList.h"
-#include "ui/win32/TaskEditor.h"
+#include "ui/win32/ProjectPane.h"
 
 // Handles the buttons of the project list and of the extraction program, and files dropped on the window.
 class CProjectCommands {
 public:
     // Owns none of these objects. The controls are those of `dialog`.
     CProjectCommands(CDialog& dialog, const CPlatform& platform, CListSession& session, CProjectList& list,
-                     CTaskEditor& editor) noexcept
-        : m_dialog(dialog), m_platform(platform), m_session(session), m_list(list), m_editor(editor) {}
+                     CProjectPane& pane) noexcept
+        : m_dialog(dialog), m_platform(platform), m_session(session), m_list(list), m_pane(pane) {}
 
     // True when `id` is one of these buttons.
     bool OnCommand(int id);
@@ -27,10 +27,6 @@ public:
     void OnDeleteProject();
     // Adds the dropped projects. `drop` is the handle that WM_DROPFILES carries; it is released.
     void OnDropFiles(HDROP drop);
-
-    // Fills the list again and sorts it. No row is selected then.
-    void FillProjectList();
-    void SelectFirstRow();
 
 private:
     void OnAddProject();
@@ -46,5 +42,5 @@ private:
     CPlatform m_platform;
     CListSession& m_session;
     CProjectList& m_list;
-    CTaskEditor& m_editor;
+    CProjectPane& m_pane;
 };

@@ -25,10 +25,7 @@ constexpr wchar_t kSection[] = L"CSCVSchedulerDlg";
 constexpr wchar_t kSortColumn[] = L"sortColumnIndex";
 constexpr wchar_t kAscending[] = L"ascSort";
 
-constexpr struct {
-    int id;
-    UINT anchors;
-} kAnchors[] = {
+constexpr CResizingDialog::stAnchors kAnchors[] = {
     {IDC_PROJECT_LIST, ANCHOR_ALL},
     {IDC_PROGRAM_GROUP, ANCHOR_LEFT | ANCHOR_TOP | ANCHOR_RIGHT},
     {IDC_PROGRAM_PATH, ANCHOR_LEFT | ANCHOR_TOP | ANCHOR_RIGHT},
@@ -55,8 +52,9 @@ CSCVSchedulerDlg::CSCVSchedulerDlg(const CPlatform& platform, std::wstring taskL
       m_session(platform, std::move(taskListPath)),
       m_list(m_session.Tasks(), m_platform.clock),
       m_editor(*this, m_list, m_platform.clock),
-      m_commands(*this, m_platform, m_session, m_list, m_editor),
-      m_rowTip(m_toolTip, m_list, m_session.Tasks(), m_platform) {}
+      m_rowTip(m_toolTip, m_list, m_session.Tasks(), m_platform),
+      m_pane(*this, m_session, m_list, m_editor, m_rowTip),
+      m_commands(*this, m_platform, m_session, m_list, m_pane) {}
 
 CSCVSchedulerDlg::~CSCVSchedulerDlg() {
     if (m_hWnd != nullptr) {
@@ -87,7 +85,7 @@ BOOL CSCVSchedulerDlg::OnInitDialog() {
                          app.GetProfileInt(kSection, kAscending, 1) != 0);
     m_bReady = true;
     m_session.Load();
-    ShowTasksAnew();
+    m_pane.ShowTasksAnew();
     CheckDlgButton(IDC_RUN_AT_STARTUP, IsStartedWithWindows());
     SetTimer(kTimer, kTimerPeriod);
     DragAcceptFiles(m_hWnd, TRUE);
@@ -111,9 +109,7 @@ bool CSCVSchedulerDlg::CreateToolTips() {
 }
 
 void CSCVSchedulerDlg::RegisterControls() {
-    for (const auto& control : kAnchors) {
-        AddControl(GetDlgItem(control.id), control.anchors);
-    }
+    AddControls(kAnchors);
     for (HWND child = GetWindow(m_hWnd, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
         if (!HasControl(child)) {
             AddControl(child, ANCHOR_TOP | ANCHOR_RIGHT);
@@ -232,7 +228,7 @@ BOOL CSCVSchedulerDlg::OnNotify(NMHDR* header, LRESULT* result) {
         return FALSE;
     }
     if (header->hwndFrom == m_list.m_hWnd) {
-        *result = OnListNotify(*header);
+        *result = m_pane.OnListNotify(*header);
         return *result != 0;
     }
     if (m_rowTip.OnGetDispInfo(*reinterpret_cast<NMTTDISPINFOW*>(header))) {
@@ -245,49 +241,10 @@ BOOL CSCVSchedulerDlg::OnNotify(NMHDR* header, LRESULT* result) {
     return isHandled;
 }
 
-LRESULT CSCVSchedulerDlg::OnListNotify(NMHDR& header) {
-    switch (header.code) {
-        case LVN_GETDISPINFOW:
-            m_list.OnGetDispInfo(reinterpret_cast<NMLVDISPINFOW&>(header));
-            break;
-        case LVN_ITEMCHANGED: {
-            const auto& change = reinterpret_cast<const NMLISTVIEW&>(header);
-            if (m_list.IsFilling() || (change.uChanged & LVIF_STATE) == 0) {
-                break;
-            }
-            m_rowTip.Hide();
-            m_list.OnItemChanged(change);
-            if ((change.uNewState & LVIS_FOCUSED) != 0) {
-                m_editor.Load(change.iItem);
-            }
-            m_editor.FollowSelection();
-            break;
-        }
-        case LVN_DELETEALLITEMS:
-            m_rowTip.Hide();
-            return TRUE;  // no notification for each row
-        case LVN_COLUMNCLICK:
-            m_list.TurnSortColumn(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem);
-            break;
-        case NM_CLICK:
-            if (m_list.RowAt(reinterpret_cast<const NMITEMACTIVATE&>(header).ptAction) < 0) {
-                m_editor.Load(-1);
-            }
-            break;
-        case NM_CUSTOMDRAW:
-            return m_list.OnCustomDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header), m_session.Notice());
-        default:
-            break;
-    }
-    return 0;
-}
-
 BOOL CSCVSchedulerDlg::ShowAndSelectProject(int showCommand, const std::wstring& projectPath) {
     const BOOL wasVisible = ShowWindow(showCommand);
     if (const auto row = static_cast<int>(RowAtProjectsPosition(m_session.Tasks(), projectPath)); row >= 0) {
-        m_list.ClearSelection();
-        m_editor.Load(-1);
-        m_list.Select(row);
+        m_pane.SelectOnly(row);
     }
     return wasVisible;
 }
@@ -316,14 +273,9 @@ void CSCVSchedulerDlg::OpenWindow(const std::wstring& projectPath) {
     SetForegroundWindow();
 }
 
-void CSCVSchedulerDlg::ShowTasksAnew() {
-    m_commands.FillProjectList();
-    m_commands.SelectFirstRow();
-}
-
 void CSCVSchedulerDlg::OnOK() {
     if (m_session.Accept()) {
-        ShowTasksAnew();
+        m_pane.ShowTasksAnew();
     }
     ShowAndSelectProject(SW_HIDE, {});
 }
@@ -333,7 +285,7 @@ void CSCVSchedulerDlg::OnCancel() {
         return;
     }
     m_session.Discard();
-    ShowTasksAnew();
+    m_pane.ShowTasksAnew();
     ShowAndSelectProject(SW_HIDE, {});
 }
 
@@ -371,7 +323,7 @@ void CSCVSchedulerDlg::OnTimer() {
     const bool hadNotice = !m_session.Notice().empty();
     // While a modal dialog is open the list is not read: that would delete the tasks that the dialog uses.
     if (m_session.OnTick(IsWindowEnabled() != FALSE)) {
-        ShowTasksAnew();
+        m_pane.ShowTasksAnew();
     } else if (hadNotice && m_session.Notice().empty()) {
         m_list.Invalidate();
     }

@@ -13,6 +13,7 @@
 #include "ui/win32/IconButtons.h"
 #include "ui/win32/ProjectCommands.h"
 #include "ui/win32/ProjectList.h"
+#include "ui/win32/ProjectPane.h"
 #include "ui/win32/RowTip.h"
 #include "ui/win32/TaskEditor.h"
 #include "ui/win32/TrayIcon.h"
@@ -58,20 +59,19 @@ private:
     void OnDestroy();
     void OnShowCommand();
     void OpenWindow(const std::wstring& projectPath);
-    void ShowTasksAnew();
     void OnExit();
     void OnLaunchEnded();
     void OnEndSession();
-    LRESULT OnListNotify(NMHDR& header);
 
     CPlatform m_platform;
     IFileSystem& m_closingFiles;
     CListSession m_session;
     CProjectList m_list;
     CTaskEditor m_editor;
-    CProjectCommands m_commands;
     CToolTipCtrl m_toolTip;
     CRowTip m_rowTip;
+    CProjectPane m_pane;
+    CProjectCommands m_commands;
     CTrayIcon m_trayIcon;
     CIconButtons m_iconButtons;
     CIconHandle m_largeIcon, m_smallIcon;
