@@ -102,6 +102,13 @@ std::wstring ProjectKey(std::wstring_view path) {
     return key;
 }
 
+bool IsSameProject(std::wstring_view left, std::wstring_view right) {
+    // From the end: the paths of a list often have the first folders in common.
+    const auto [a, b] = std::mismatch(left.rbegin(), left.rend(), right.rbegin(), right.rend());
+    const bool areUnits = a != left.rend() && b != right.rend() && *a != L'\'' && *b != L'\'';
+    return !(areUnits && ToUpper(*a) != ToUpper(*b)) && ProjectKey(left) == ProjectKey(right);
+}
+
 std::wstring HalvedApostrophes(const std::wstring& text) {
     std::wstring halved;
     bool isFirstOfPair = false;

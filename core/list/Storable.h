@@ -21,6 +21,8 @@ void AppendDoubledApostrophes(std::wstring_view text, std::wstring& doubled);
 // The same for all spellings of a project's path in memory and in the file: in upper case, and each row of
 // apostrophes as one.
 [[nodiscard]] std::wstring ProjectKey(std::wstring_view path);
+// Whether both paths have the same ProjectKey. Fast enough to compare a path with a whole list.
+[[nodiscard]] bool IsSameProject(std::wstring_view left, std::wstring_view right);
 
 // The text with each sequence of apostrophes half as long, rounded up.
 [[nodiscard]] std::wstring HalvedApostrophes(const std::wstring& text);

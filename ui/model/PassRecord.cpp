@@ -6,7 +6,7 @@
 void CPassRecord::Add(const CSCVShchedulerTaskArray& tasks, const CSCVShchedulerTask& task) {
     Key key{ProjectKey(task.m_strProjectPath), 0};
     for (std::ptrdiff_t i = 0; tasks[i] != &task; ++i) {
-        key.second += ProjectKey(tasks[i]->m_strProjectPath) == key.first ? 1U : 0U;
+        key.second += IsSameProject(tasks[i]->m_strProjectPath, task.m_strProjectPath) ? 1U : 0U;
     }
     m_runs[key] = {task.m_tLastRunTime, task.m_strLastRunResult, task.m_bIsRunUnsaved};
 }

@@ -17,7 +17,10 @@ TEST(PassRecord, GivesBackTheNewerRunOfTheSameTask) {
         {L"another project stands there now", L"C:\\b", L"C:\\other", 10, 0, 0},
         {L"newer run", L"C:\\c", L"C:\\c", 10, 11, 11},
         {L"first task of a project", L"C:\\e", L"C:\\e", 0, 0, 0},
-        {L"second task of the project", L"C:\\e", L"C:\\e", 10, 0, 10},
+        {L"second task of the project", L"C:\\E", L"C:\\e", 10, 0, 10},
+        {L"not the start of another", L"C:\\e'", L"C:\\e'", 10, 0, 10},
+        {L"the same with two apostrophes", L"C:\\E''", L"C:\\e'", 10, 0, 10},
+        {L"and with one again", L"C:\\e'", L"C:\\e'", 10, 0, 10},
     };
     CPassRecord record;
     CSCVShchedulerTaskArray ran;
