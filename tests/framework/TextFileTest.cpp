@@ -24,16 +24,16 @@ protected:
 };
 
 TEST_F(TextFile, ReadsUtf8AndMarkedUtf16) {
-    const std::pair<std::string, std::wstring> cases[] = {
-        {"\xEF\xBB\xBF-", L"\uFEFF-"},
-        {"ab\0c"s, L"ab"},
-        {"-\xFF-", L"-\uFFFD-"},
-        {"\xFF\xFE-\0\xA1\x4F\x3D\xD8\0\xDE"s, L"\uFEFF-\u4fa1\U0001F600"},
-        {"\xFF\xFE\0\0b\0c"s, L"\uFEFF\0b"s},  // a zero and an odd last byte
-        {"\xFE\xFF\0a"s, L"\uFFFD\uFFFD"},
+    const std::tuple<const char*, std::string, std::wstring> cases[] = {
+        {"UTF-8 with a mark", "\xEF\xBB\xBF-", L"\uFEFF-"},
+        {"zero byte", "ab\0c"s, L"ab"},
+        {"invalid UTF-8", "-\xFF-", L"-\uFFFD-"},
+        {"UTF-16LE", "\xFF\xFE-\0\xA1\x4F\x3D\xD8\0\xDE"s, L"\uFEFF-\u4fa1\U0001F600"},
+        {"zero and an odd last byte", "\xFF\xFE\0\0b\0c"s, L"\uFEFF\0b"s},
+        {"UTF-16BE", "\xFE\xFF\0a"s, L"\uFFFD\uFFFD"},
     };
-    for (const auto& [bytes, text] : cases) {
-        EXPECT_EQ(ReadTextFile(m_folder.File(L"f", bytes)), text) << testing::PrintToString(bytes);
+    for (const auto& [label, bytes, text] : cases) {
+        EXPECT_EQ(ReadTextFile(m_folder.File(L"f", bytes)), text) << label;
     }
 }
 

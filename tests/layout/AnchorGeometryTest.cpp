@@ -34,12 +34,12 @@ TEST(AnchorGeometry, ControlsFollowTheirEdges) {
 }
 
 TEST(AnchorGeometry, StoredPlacesStayOnTheScreen) {
-    const std::pair<Edges, Placement> cases[] = {
-        {{0, 0, 1280, 900}, {0, 0, 1280, 900}},
-        {{-1, -1, 1281, 901}, {100, 100, 1080, 700}},
-        {{1281, 901, 1280, 900}, {100, 100, 1180, 800}},
-        {{INT32_MIN, INT32_MAX, INT32_MAX, INT32_MIN}, {100, 100, 1080, 700}}};
-    for (const auto& [stored, used] : cases) {
-        EXPECT_EQ(CorrectPlacement(stored, 1280, 900), used) << stored.left;
+    const std::tuple<const char*, Edges, Placement> cases[] = {
+        {"whole screen", {0, 0, 1280, 900}, {0, 0, 1280, 900}},
+        {"one pixel too large", {-1, -1, 1281, 901}, {100, 100, 1080, 700}},
+        {"right and below", {1281, 901, 1280, 900}, {100, 100, 1180, 800}},
+        {"no integers beyond", {INT32_MIN, INT32_MAX, INT32_MAX, INT32_MIN}, {100, 100, 1080, 700}}};
+    for (const auto& [label, stored, used] : cases) {
+        EXPECT_EQ(CorrectPlacement(stored, 1280, 900), used) << label;
     }
 }

@@ -8,14 +8,14 @@ TEST(Utf8, InvalidBytesBecomeReplacementCharacters) {
     EXPECT_EQ(ToUtf8(text), bytes);
     EXPECT_EQ(FromUtf8(bytes), text);
     EXPECT_EQ(ToUtf8(L"\xd83dx\xde00"), "\xEF\xBF\xBDx\xEF\xBF\xBD") << "lone surrogates";
-    const std::pair<const char*, std::wstring> cases[] = {
-        {"\xC3", L"\uFFFD"},                                // cut short
-        {"\xC3(", L"\uFFFD("},                              // no second byte
-        {"\xE0\x80\xAF", L"\uFFFD\uFFFD\uFFFD"},            // longer than need be
-        {"\xED\xA0\x80", L"\uFFFD\uFFFD\uFFFD"},            // a surrogate
-        {"\xF4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"},  // past the last plane
+    const std::tuple<const char*, const char*, std::wstring> cases[] = {
+        {"cut short", "\xC3", L"\uFFFD"},
+        {"no second byte", "\xC3(", L"\uFFFD("},
+        {"longer than need be", "\xE0\x80\xAF", L"\uFFFD\uFFFD\uFFFD"},
+        {"surrogate", "\xED\xA0\x80", L"\uFFFD\uFFFD\uFFFD"},
+        {"past the last plane", "\xF4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"},
     };
-    for (const auto& [invalid, read] : cases) {
-        EXPECT_EQ(FromUtf8(invalid), read) << testing::PrintToString(invalid);
+    for (const auto& [label, invalid, read] : cases) {
+        EXPECT_EQ(FromUtf8(invalid), read) << label;
     }
 }

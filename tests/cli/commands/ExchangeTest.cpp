@@ -78,39 +78,53 @@ TEST_F(Exchange, AListedProjectIsReplacedOnlyWhenAsked) {
     EXPECT_EQ(tasks[2]->m_tStartTime, FromLocalTime(2026, 11, 23, 8, 0, 0));
 }
 
+// A list of which the second task has these fields.
+std::string WithFields(const std::string& fields) {
+    return R"({"tasks": [{"project": "C:\\a.scvpr"}, {"project": "C:\\b.scvpr", )" + fields + "}]}";
+}
+
+const struct {
+    const char* label;
+    std::string text;
+    const char* message;
+} kRefusedTexts[] = {
+    {"empty", "", "not JSON: parse error at line 1"},
+    {"lone surrogate in UTF-16", std::string("\xFF\xFE\x00\xD8", 4), "half of a surrogate pair"},
+    {"array", "[]", "the text has to be an object"},
+    {"unknown key of the list", R"({"tasks": [], "more": 1})", "unknown key 'more'"},
+    {"version", R"({"tasks": [], "version": 2})", "later version"},
+    {"type of the project", R"({"tasks": [{"project": 5}]})", "tasks[0].project has to be a text"},
+    {"relative project", R"({"tasks": [{"project": "a.scvpr"}]})",
+     "tasks[0].project: 'a.scvpr' is no full path"},
+    {"doubled key", WithFields(R"("enabled": true, "enabled": false)"),
+     "the key 'enabled' appears twice in tasks[1]"},
+    {"doubled key of repeat", WithFields(R"("repeat": {"monthly": true, "monthly": true})"),
+     "appears twice in tasks[1].repeat"},
+    {"relative file", WithFields(R"("commands": {"add-urls": "u.csv"})"),
+     "tasks[1].commands.add-urls: 'u.csv' is no full path"},
+    {"every 0", WithFields(R"("repeat": {"every": {"value": 0}})"),
+     "tasks[1].repeat.every.value has to be 1 or more"},
+    {"two names for days", WithFields(R"("repeat": {"days": ["Mon"], "weekdays": ["tue"]})"),
+     "weekdays differ"},
+    {"case of a key", WithFields(R"("Enabled": true)"), "tasks[1] has the unknown key 'Enabled'"},
+    {"type of a flag", WithFields(R"("enabled": 1)"), "tasks[1].enabled has to be true or false"},
+    {"negative time", WithFields(R"("startTime": -1)"), "tasks[1].startTime has to be seconds"},
+    {"time past 2038", WithFields(R"("startTime": 2147483648)"), "tasks[1].startTime"},
+    {"date past 2038", WithFields(R"("startTime": "2038-01-20T00:00")"), "tasks[1].startTime"},
+    {"time past 64 bits", WithFields(R"("untilTime": 99999999999999999999)"), "tasks[1].untilTime"},
+    {"NUL in a text", WithFields(R"("lastRunResult": "a\u0000b")"), "control character"},
+    {"unknown day", WithFields(R"("repeat": {"days": ["Mon", "Fun"]})"), "tasks[1].repeat.days has \"Fun\""},
+    {"unknown unit", WithFields(R"("repeat": {"every": {"unit": "days"}})"),
+     "every.unit has to be \"hours\" or \"minutes\""},
+    {"values without an element", WithFields(R"("commands": {"import-values": "C:\\v.csv"})"),
+     "import-values needs"},
+};
+
 TEST_F(Exchange, ErrorsNameTheirPlace) {
-    const std::string good = R"({"project": "C:\\a.scvpr"})";
-    const auto task = [&](const std::string& fields) {
-        return R"({"tasks": [)" + good + R"(, {"project": "C:\\b.scvpr", )" + fields + "}]}";
-    };
-    const std::pair<std::string, const char*> table[] = {
-        {"", "not JSON: parse error at line 1"},
-        {std::string("\xFF\xFE\x00\xD8", 4), "half of a surrogate pair"},
-        {"[]", "the text has to be an object"},
-        {R"({"tasks": [], "more": 1})", "unknown key 'more'"},
-        {R"({"tasks": [], "version": 2})", "later version"},
-        {R"({"tasks": [{"project": 5}]})", "tasks[0].project has to be a text"},
-        {R"({"tasks": [{"project": "a.scvpr"}]})", "tasks[0].project: 'a.scvpr' is no full path"},
-        {task(R"("enabled": true, "enabled": false)"), "the key 'enabled' appears twice in tasks[1]"},
-        {task(R"("repeat": {"monthly": true, "monthly": true})"), "appears twice in tasks[1].repeat"},
-        {task(R"("commands": {"add-urls": "u.csv"})"), "tasks[1].commands.add-urls: 'u.csv' is no full path"},
-        {task(R"("repeat": {"every": {"value": 0}})"), "tasks[1].repeat.every.value has to be 1 or more"},
-        {task(R"("repeat": {"days": ["Mon"], "weekdays": ["tue"]})"), "weekdays differ"},
-        {task(R"("Enabled": true)"), "tasks[1] has the unknown key 'Enabled'"},
-        {task(R"("enabled": 1)"), "tasks[1].enabled has to be true or false"},
-        {task(R"("startTime": -1)"), "tasks[1].startTime has to be seconds"},
-        {task(R"("startTime": 2147483648)"), "tasks[1].startTime"},
-        {task(R"("startTime": "2038-01-20T00:00")"), "tasks[1].startTime"},
-        {task(R"("untilTime": 99999999999999999999)"), "tasks[1].untilTime"},
-        {task(R"("lastRunResult": "a\u0000b")"), "control character"},
-        {task(R"("repeat": {"days": ["Mon", "Fun"]})"), "tasks[1].repeat.days has \"Fun\""},
-        {task(R"("repeat": {"every": {"unit": "days"}})"), "every.unit has to be \"hours\" or \"minutes\""},
-        {task(R"("commands": {"import-values": "C:\\v.csv"})"), "import-values needs"},
-    };
-    for (const auto& [text, told] : table) {
-        EXPECT_EQ(Import(text), kUsage) << text;
-        EXPECT_THAT(err.str(), HasSubstr(told)) << text;
-        EXPECT_FALSE(files.Has(kList)) << text;
+    for (const auto& row : kRefusedTexts) {
+        EXPECT_EQ(Import(row.text), kUsage) << row.label;
+        EXPECT_THAT(err.str(), HasSubstr(row.message)) << row.label;
+        EXPECT_FALSE(files.Has(kList)) << row.label;
     }
     EXPECT_EQ(Run("import none.json"), kUsage);
     EXPECT_THAT(err.str(), HasSubstr("C:\\w\\none.json does not exist"));

@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
 
 using Entries = std::vector<CPrivateProfile::Entry>;
+
+const std::wstring kEmoji = L"\xd83d\xde00";
+const std::wstring kLone = L"a\xd800z";
 
 std::string Utf16(std::wstring_view text, TextEncoding encoding = TextEncoding::Utf16LE) {
     std::string bytes(ByteOrderMark(encoding));
@@ -18,16 +22,16 @@ std::string Utf16(std::wstring_view text, TextEncoding encoding = TextEncoding::
 // How a text is read, PrivateProfileApiTest compares with the platform; these are where Wine is not like
 // Windows, and encodings.
 TEST(PrivateProfile, ReadsAsWindowsDoes) {
-    const std::pair<std::string, const wchar_t*> cases[] = {
-        {"[s\nk=v\n", L"v"},
-        {"[s]b]\nk=v\n", L"v"},
-        {"k=0\n[t]\nk=1\n", L"none"},
-        {" \t[ s ]\n;k=c\n\x1ak=v\x1a\n", L"v"},
-        {"[s]\nk=caf\xe9\x80\n", L"caf\u00e9\u20ac"},
-        {"\xef\xbb\xbf[s]\nk=\xc3\xa9\xf0\x9f\x98\x80\n", L"\u00e9\xd83d\xde00"},
-        {Utf16(L"[S]\r\nK=\"\u0436\"\r\n", TextEncoding::Utf16BE), L"\u0436"}};
-    for (const auto& [text, value] : cases) {
-        EXPECT_EQ(CPrivateProfile(text).GetString(L"s", L"k").value_or(L"none"), value) << text;
+    const std::tuple<const char*, std::string, const wchar_t*> cases[] = {
+        {"header without a bracket", "[s\nk=v\n", L"v"},
+        {"header with two brackets", "[s]b]\nk=v\n", L"v"},
+        {"keys outside the section", "k=0\n[t]\nk=1\n", L"none"},
+        {"blanks, comment, 0x1A", " \t[ s ]\n;k=c\n\x1ak=v\x1a\n", L"v"},
+        {"Windows-1252", "[s]\nk=caf\xe9\x80\n", L"caf\u00e9\u20ac"},
+        {"UTF-8", "\xef\xbb\xbf[s]\nk=\xc3\xa9\xf0\x9f\x98\x80\n", L"\u00e9\xd83d\xde00"},
+        {"UTF-16BE", Utf16(L"[S]\r\nK=\"\u0436\"\r\n", TextEncoding::Utf16BE), L"\u0436"}};
+    for (const auto& [label, text, value] : cases) {
+        EXPECT_EQ(CPrivateProfile(text).GetString(L"s", L"k").value_or(L"none"), value) << label;
     }
     const CPrivateProfile numbers("[\xe9 ]\na=' \t-12x'\nb=+0x1fg\nc=0b101\nd=0o178\ne=\n");
     const auto number = [&](const wchar_t* key) { return numbers.GetInt(L"\u00c9", key, 77); };
@@ -36,43 +40,52 @@ TEST(PrivateProfile, ReadsAsWindowsDoes) {
 }
 
 TEST(PrivateProfile, SetsKeysInPlaceAndAppendsNewOnes) {
-    const std::wstring emoji = L"\xd83d\xde00";
-    const std::wstring lone = L"a\xd800z";
-    struct Case {
+    const struct {
+        const char* label;
         std::string before;
         Entries entries;
         std::string after;
+    } cases[] = {
+        {"empty file", "", {{L"a", L"1"}, {L"b", L"2"}}, "[s]\r\na=1\r\nb=2\r\n"},
+        {"nothing to set", "[t]\nx=1", {}, "[t]\nx=1"},
+        {"new key", "[s]\na=1\n", {{L"a", L"1"}, {L"b", L"2"}}, "[s]\na=1\nb=2\n"},
+        {"to UTF-16", "[s]\na=1\n", {{L"a", kEmoji}}, Utf16(L"[s]\na=" + kEmoji + L"\n")},
+        {"new section", "[t]\nx=1", {{L"a", L"1"}}, "[t]\nx=1\n[s]\na=1\n"},
+        {"CR alone", "[s]\ra=1\r", {{L"b", L"2"}}, "[s]\ra=1\rb=2\r"},
+        {"case of a key", "[s]\nb=0\n", {{L"a", L"1"}, {L"B", L"2"}}, "[s]\nb=2\na=1\n"},
+        {"equal value", "[s]\r\n a = 1 \r\n\r\n[t]\r\n", {{L"A", L"1"}}, "[s]\r\n a = 1 \r\n\r\n[t]\r\n"},
+        {"blank line at the end",
+         "[s]\n A = 1 \n;c\n\n[t]\n",
+         {{L"a", L"2"}, {L"B", L"3"}},
+         "[s]\n A=2\n;c\nB=3\n\n[t]\n"},
+        {"doubled key", "[s]\na=1\na=2\n[s]\na=3\n", {{L"a", L"4"}}, "[s]\na=4\na=2\n[s]\na=3\n"},
+        {"control characters", "[s]\n", {{L"a", std::wstring(L" \"x\ny\0z' ", 9)}}, "[s]\na= \"x y z' \n"},
+        {"line break", "[s]\na=1\nb=2\n", {{L"a", L"1\nb=2"}}, "[s]\na=1 b=2\nb=2\n"},
+        {"Windows-1252", "[s]\r\nx=\x80\r\n", {{L"a", L"\u20ac"}}, "[s]\r\nx=\x80\r\na=\x80\r\n"},
+        {"1252 to UTF-16", "[s]\nx=\x80\n", {{L"a", kEmoji}}, Utf16(L"[s]\nx=\u20ac\na=" + kEmoji + L"\n")},
+        {"UTF-16 for a key", "", {{L"\u0426", L"v"}}, Utf16(L"[s]\r\n\u0426=v\r\n")},
+        {"UTF-8", "\xef\xbb\xbf[", {{L"a", kEmoji}}, "\xef\xbb\xbf[\r\n[s]\r\na=\xf0\x9f\x98\x80\r\n"},
+        {"UTF-8 to UTF-16",
+         "\xef\xbb\xbf[s]\nx=\xc3\xa9\n",
+         {{L"a", kLone}},
+         Utf16(L"[s]\nx=\u00e9\na=" + kLone + L"\n")},
     };
-    for (const Case& c : {
-             Case{"", {{L"a", L"1"}, {L"b", L"2"}}, "[s]\r\na=1\r\nb=2\r\n"},
-             {"[t]\nx=1", {}, "[t]\nx=1"},
-             {"[s]\na=1\n", {{L"a", L"1"}, {L"b", L"2"}}, "[s]\na=1\nb=2\n"},
-             {"[s]\na=1\n", {{L"a", emoji}}, Utf16(L"[s]\na=" + emoji + L"\n")},
-             {"[t]\nx=1", {{L"a", L"1"}}, "[t]\nx=1\n[s]\na=1\n"},
-             {"[s]\ra=1\r", {{L"b", L"2"}}, "[s]\ra=1\rb=2\r"},
-             {"[s]\nb=0\n", {{L"a", L"1"}, {L"B", L"2"}}, "[s]\nb=2\na=1\n"},
-             {"[s]\r\n a = 1 \r\n\r\n[t]\r\n", {{L"A", L"1"}}, "[s]\r\n a = 1 \r\n\r\n[t]\r\n"},
-             {"[s]\n A = 1 \n;c\n\n[t]\n", {{L"a", L"2"}, {L"B", L"3"}}, "[s]\n A=2\n;c\nB=3\n\n[t]\n"},
-             {"[s]\na=1\na=2\n[s]\na=3\n", {{L"a", L"4"}}, "[s]\na=4\na=2\n[s]\na=3\n"},
-             {"[s]\n", {{L"a", std::wstring(L" \"x\ny\0z' ", 9)}}, "[s]\na= \"x y z' \n"},
-             {"[s]\na=1\nb=2\n", {{L"a", L"1\nb=2"}}, "[s]\na=1 b=2\nb=2\n"},
-             {"[s]\r\nx=\x80\r\n", {{L"a", L"\u20ac"}}, "[s]\r\nx=\x80\r\na=\x80\r\n"},
-             {"[s]\nx=\x80\n", {{L"a", emoji}}, Utf16(L"[s]\nx=\u20ac\na=" + emoji + L"\n")},
-             {"", {{L"\u0426", L"v"}}, Utf16(L"[s]\r\n\u0426=v\r\n")},
-             {"\xef\xbb\xbf[", {{L"a", emoji}}, "\xef\xbb\xbf[\r\n[s]\r\na=\xf0\x9f\x98\x80\r\n"},
-             {"\xef\xbb\xbf[s]\nx=\xc3\xa9\n", {{L"a", lone}}, Utf16(L"[s]\nx=\u00e9\na=" + lone + L"\n")},
-         }) {
+    for (const auto& c : cases) {
         CPrivateProfile profile(c.before);
         profile.SetStrings(L"s", c.entries);
-        EXPECT_EQ(profile.Serialise(), c.after) << c.before;
+        EXPECT_EQ(profile.Serialise(), c.after) << c.label;
     }
+}
+
+TEST(PrivateProfile, KeepsUtf16AsItIs) {
     for (const TextEncoding encoding : {TextEncoding::Utf16LE, TextEncoding::Utf16BE}) {
         CPrivateProfile odd(Utf16(L"[a]\nx=\ndd0\n[s]\nK = 1\n", encoding) + "!");
-        odd.SetStrings(L"S", Entries{{L"k", lone}, {L"l", L"\u0a0d"}});
-        odd.SetStrings(L"new", Entries{{L"k", emoji}});
+        odd.SetStrings(L"S", Entries{{L"k", kLone}, {L"l", L"\u0a0d"}});
+        odd.SetStrings(L"new", Entries{{L"k", kEmoji}});
         EXPECT_EQ(
             odd.Serialise(),
-            Utf16(L"[a]\nx=\ndd0\n[s]\nK=" + lone + L"\nl=\u0a0d\n[new]\nk=" + emoji + L"\n", encoding) + "!")
+            Utf16(L"[a]\nx=\ndd0\n[s]\nK=" + kLone + L"\nl=\u0a0d\n[new]\nk=" + kEmoji + L"\n", encoding) +
+                "!")
             << "encoding " << static_cast<int>(encoding);
     }
 }

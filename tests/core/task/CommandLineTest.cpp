@@ -42,20 +42,18 @@ TEST(CommandLine, EachFlagAndArgumentHasItsSwitch) {
 }
 
 TEST(CommandLine, ReadingThenWriting) {
-    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
-        // Of two the first counts, wherever it stands; order does not.
-        {LR"(C:\a.scvpr /S -EX /aT"u" -at"w" -Aiv"q,i,f")", LR"("C:\a.scvpr" -at"u" -aiv"q,i,f" -s -ex)"},
-        // A flag switch is the whole token, an argument switch the start of one; some want their argument.
-        {LR"("a" -st -exe -rsx --s - / -dd -rft -rft"x")", LR"("a")"},
-        {LR"("a" -fr -qe -at -gt"" -eft)", LR"("a" -fr -qe)"},
-        // Name, id and file of the input values.
-        {LR"("a" -aiv"q,C:\v.txt")", LR"("a" -aiv"q,,C:\v.txt")"},
-        {LR"("a" -aiv",i,C:\v.txt")", LR"("a" -aiv",i,C:\v.txt")"},
-        {LR"("a" -aiv"only a file")", LR"("a")"},
+    const std::tuple<const char*, const wchar_t*, const wchar_t*> cases[] = {
+        {"the first of two counts, in any order", LR"(C:\a.scvpr /S -EX /aT"u" -at"w" -Aiv"q,i,f")",
+         LR"("C:\a.scvpr" -at"u" -aiv"q,i,f" -s -ex)"},
+        {"a flag is a whole token", LR"("a" -st -exe -rsx --s - / -dd -rft -rft"x")", LR"("a")"},
+        {"which need their argument", LR"("a" -fr -qe -at -gt"" -eft)", LR"("a" -fr -qe)"},
+        {"values without an id", LR"("a" -aiv"q,C:\v.txt")", LR"("a" -aiv"q,,C:\v.txt")"},
+        {"values without a name", LR"("a" -aiv",i,C:\v.txt")", LR"("a" -aiv",i,C:\v.txt")"},
+        {"values without an element", LR"("a" -aiv"only a file")", LR"("a")"},
     };
-    for (const auto& [read, written] : cases) {
+    for (const auto& [label, read, written] : cases) {
         Task task;
         task.ParseCommandLine(read);
-        EXPECT_EQ(task.BuildCommandLine(), written) << testing::PrintToString(read);
+        EXPECT_EQ(task.BuildCommandLine(), written) << label;
     }
 }

@@ -115,44 +115,44 @@ INSTANTIATE_TEST_SUITE_P(Hosts, Download, testing::Combine(testing::Bool(), test
 
 using namespace std::string_literals;
 
-TEST_P(Download, TakesTheFirstCharacterSetNamed) {
-    const std::string html = "200 OK\r\nContent-Type: text/html";
-    const struct {
-        const char* label;
-        std::string head;
-        std::string body;
-        std::wstring expected;
-    } cases[] = {
-        {"header", html + "; charset=UTF-8", "<p>\xC3\xA9\xE2\x82\xAC</p>\r\n", L"<p>\u00e9\u20ac</p>\r\n"},
-        {"header names ISO-8859-1", html + "; charset=ISO-8859-1", "\x93\xE9\x94", L"\u201c\u00e9\u201d"},
-        {"header unknown", html + "; charset=no-such", "<meta charset=windows-1251>\xEF",
-         L"<meta charset=windows-1251>\u043f"},
-        {"UTF-8 mark", html, "\xEF\xBB\xBF<meta charset=windows-1251>\xC3\xA9",
-         L"<meta charset=windows-1251>\u00e9"},
-        {"UTF-16 mark", html, "\xFF\xFE<\0&\0<\x26]\0]\0>\0\r\0\n\0\x3D\xD8\0\xDE"s,
-         L"<&\u263c]]>\r\n\U0001F600"},
-        {"meta", html, "<html><META id='a>b' Charset = 'windows-1251' />\xEF",
-         L"<html><META id='a>b' Charset = 'windows-1251' />\u043f"},
-        {"meta in a comment", html, "<!--<meta charset=utf-8>--><!--><meta charset=iso-8859-5>\xDF",
-         L"<!--<meta charset=utf-8>--><!--><meta charset=iso-8859-5>\u043f"},
-        {"meta of another kind", html,
-         "<meta name=a content='b charset=utf-8'><meta charset=windows-1251>\xEF",
-         L"<meta name=a content='b charset=utf-8'><meta charset=windows-1251>\u043f"},
-        {"meta UTF-8, spoilt", html,
-         "<meta charset=utf8>\xD0\xBF\xE9\xD1\x80\xC0\x80\xED\xA0\x80\xF0\x9F\x98\x80",
-         L"<meta charset=utf8>\u043f\ufffd\u0440\ufffd\ufffd\ufffd\ufffd\ufffd\U0001F600"},
-        {"XML declaration", "200 OK\r\nContent-Type: text/xml",
-         "<?xml version='1.0' encoding='windows-1251'?>\xEF",
-         L"<?xml version='1.0' encoding='windows-1251'?>\u043f"},
-        {"nothing, UTF-8", html, "<p>\xC3\xA9\xF0\x9F\x98\x80</p>", L"<p>\u00e9\U0001F600</p>"},
-        {"nothing, not UTF-8", html, "<p>\xE9\x80</p>", L"<p>\u00e9\u20ac</p>"},
-        {"markup, controls", html, " <a b=\"&amp;\">]]>&</a>\t\r\r\n\x01\n ",
-         L" <a b=\"&amp;\">]]>&</a>\t\r\r\n \n "},
-        {"error", "410 Gone\r\nContent-Type: text/html", "<p>Gone</p>", L""},
-    };
-    for (const auto& each : cases) {
-        const CServer server(each.head, each.body);
-        EXPECT_EQ(Run(Script(), L" \r\n" + server.Url() + L"\r\n"), each.expected) << each.label;
+const std::string kHtml = "200 OK\r\nContent-Type: text/html";
+const struct {
+    const char* label;
+    std::string head;
+    std::string body;
+    std::wstring expected;
+} kPages[] = {
+    {"header", kHtml + "; charset=UTF-8", "<p>\xC3\xA9\xE2\x82\xAC</p>\r\n", L"<p>\u00e9\u20ac</p>\r\n"},
+    {"header names ISO-8859-1", kHtml + "; charset=ISO-8859-1", "\x93\xE9\x94", L"\u201c\u00e9\u201d"},
+    {"header unknown", kHtml + "; charset=no-such", "<meta charset=windows-1251>\xEF",
+     L"<meta charset=windows-1251>\u043f"},
+    {"UTF-8 mark", kHtml, "\xEF\xBB\xBF<meta charset=windows-1251>\xC3\xA9",
+     L"<meta charset=windows-1251>\u00e9"},
+    {"UTF-16 mark", kHtml, "\xFF\xFE<\0&\0<\x26]\0]\0>\0\r\0\n\0\x3D\xD8\0\xDE"s,
+     L"<&\u263c]]>\r\n\U0001F600"},
+    {"meta", kHtml, "<html><META id='a>b' Charset = 'windows-1251' />\xEF",
+     L"<html><META id='a>b' Charset = 'windows-1251' />\u043f"},
+    {"meta in a comment", kHtml, "<!--<meta charset=utf-8>--><!--><meta charset=iso-8859-5>\xDF",
+     L"<!--<meta charset=utf-8>--><!--><meta charset=iso-8859-5>\u043f"},
+    {"meta of another kind", kHtml, "<meta name=a content='b charset=utf-8'><meta charset=windows-1251>\xEF",
+     L"<meta name=a content='b charset=utf-8'><meta charset=windows-1251>\u043f"},
+    {"meta UTF-8, spoilt", kHtml,
+     "<meta charset=utf8>\xD0\xBF\xE9\xD1\x80\xC0\x80\xED\xA0\x80\xF0\x9F\x98\x80",
+     L"<meta charset=utf8>\u043f\ufffd\u0440\ufffd\ufffd\ufffd\ufffd\ufffd\U0001F600"},
+    {"XML declaration", "200 OK\r\nContent-Type: text/xml",
+     "<?xml version='1.0' encoding='windows-1251'?>\xEF",
+     L"<?xml version='1.0' encoding='windows-1251'?>\u043f"},
+    {"nothing, UTF-8", kHtml, "<p>\xC3\xA9\xF0\x9F\x98\x80</p>", L"<p>\u00e9\U0001F600</p>"},
+    {"nothing, not UTF-8", kHtml, "<p>\xE9\x80</p>", L"<p>\u00e9\u20ac</p>"},
+    {"markup, controls", kHtml, " <a b=\"&amp;\">]]>&</a>\t\r\r\n\x01\n ",
+     L" <a b=\"&amp;\">]]>&</a>\t\r\r\n \n "},
+    {"error", "410 Gone\r\nContent-Type: text/html", "<p>Gone</p>", L""},
+};
+
+TEST_P(Download, UsesTheFirstCharacterSetNamed) {
+    for (const auto& page : kPages) {
+        const CServer server(page.head, page.body);
+        EXPECT_EQ(Run(Script(), L" \r\n" + server.Url() + L"\r\n"), page.expected) << page.label;
     }
 }
 

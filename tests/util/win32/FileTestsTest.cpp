@@ -9,13 +9,14 @@ TEST(FileTests, FilesFoldersAndPatterns) {
     const TemporaryFolder folder;
     const std::wstring file = folder.File(L"\u0416 \U0001F600.scvpr", "text");
     // Whether it exists, is a folder, can be opened.
-    const std::pair<std::wstring, std::vector<int>> cases[] = {{file, {1, 0, 1}},
-                                                               {folder.Path(), {1, 16, 0}},
-                                                               {folder.Path() + L"\\\\", {0, 16, 0}},
-                                                               {folder.Path(L"*.scvpr"), {1, 0, 0}}};
-    for (const auto& [path, answers] : cases) {
-        EXPECT_EQ((std::vector{FileExists(path), DirectoryExists(path), CanOpenForWriting(path)}), answers)
-            << testing::PrintToString(path);
+    const std::tuple<const char*, std::wstring, std::vector<int>> cases[] = {
+        {"file", file, {1, 0, 1}},
+        {"folder", folder.Path(), {1, 16, 0}},
+        {"backslashes at the end", folder.Path() + L"\\\\", {0, 16, 0}},
+        {"pattern", folder.Path(L"*.scvpr"), {1, 0, 0}}};
+    for (const auto& [label, path, results] : cases) {
+        EXPECT_EQ((std::vector{FileExists(path), DirectoryExists(path), CanOpenForWriting(path)}), results)
+            << label;
     }
     EXPECT_EQ(BytesOf(file), "text") << "asking changes nothing";
     constexpr DWORD kEverything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;

@@ -10,13 +10,13 @@ TEST(Registry, TextsComeBackUpToTheLimit) {
     EXPECT_EQ(RegWriteString(HKEY_CURRENT_USER, key, L"v", longest.c_str()), 1);
     EXPECT_EQ(RegReadString(HKEY_CURRENT_USER, key, L"v", read), 1);
     EXPECT_EQ(read, longest);
-    const std::pair<std::string, std::wstring> stored[] = {
-        {std::string("a\0b\0c", 5), L"a"}, {"a", L""}, {"", L""}};
-    for (const auto& [bytes, text] : stored) {
+    const std::tuple<const char*, std::string, std::wstring> stored[] = {
+        {"odd length", std::string("a\0b\0c", 5), L"a"}, {"one byte", "a", L""}, {"empty", "", L""}};
+    for (const auto& [label, bytes, text] : stored) {
         RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), L"v", REG_BINARY, bytes.data(),
                         static_cast<DWORD>(bytes.size()));
-        EXPECT_EQ(RegReadString(HKEY_CURRENT_USER, key, L"v", read), 1) << bytes;
-        EXPECT_EQ(read, text) << bytes;
+        EXPECT_EQ(RegReadString(HKEY_CURRENT_USER, key, L"v", read), 1) << label;
+        EXPECT_EQ(read, text) << label;
     }
     read = L"kept";
     EXPECT_EQ(RegWriteString(HKEY_CURRENT_USER, key, L"v", (longest + L'x').c_str()), 1);
