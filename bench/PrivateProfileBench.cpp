@@ -21,7 +21,6 @@
 #pragma GCC diagnostic ignored "-Wsign-conversion"
 #pragma GCC diagnostic ignored "-Wold-style-cast"
 #pragma GCC diagnostic ignored "-Wuseless-cast"
-#define SI_NO_CONVERSION  // no change of encoding: its quickest form
 #include <SimpleIni.h>
 #pragma GCC diagnostic pop
 
