@@ -4,8 +4,8 @@
 
 #include <activscp.h>
 
-#include "script/win32/ActiveScriptSite.h"
 #include "script/IScriptController.h"
+#include "script/win32/ActiveScriptSite.h"
 #include "util/Csv.h"
 #include "util/win32/ComHandle.h"
 

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include "script/ScriptErrorInfo.h"
 #include "script/IScriptController.h"
+#include "script/ScriptErrorInfo.h"
 #include "script/win32/ScriptControl.h"
 #include "util/win32/ComHandle.h"
 
