@@ -18,9 +18,8 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/journeys"))
 
-from desktop import Desktop  # noqa: E402
-from scheduler import PROGRAM, Scheduler, Steps, ids  # noqa: E402
-from wine import ROOT, Display, Wine, until  # noqa: E402
+from scheduler import PROGRAM, Steps, ids, installed  # noqa: E402
+from wine import ROOT, Display, until  # noqa: E402
 
 TICK = 2  # seconds
 WM_NULL = 0
@@ -31,9 +30,7 @@ PROJECTS = [f"p{number}" for number in range(5)]
 class Measurement(Steps):
 
     def __init__(self):
-        self.wine = Wine("x64", "answering", Display())
-        self.desktop = Desktop(self.wine, ROOT / "build/answering")
-        self.scheduler = Scheduler(self.wine)
+        self.wine, self.desktop, self.scheduler = installed("answering", Display(), ROOT / "build/answering")
         for project in PROJECTS:
             self.scheduler.make_project(project, 0)
 

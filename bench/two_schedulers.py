@@ -20,9 +20,8 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/journeys"))
 
-from desktop import Desktop  # noqa: E402
-from scheduler import PROGRAM, Scheduler  # noqa: E402
-from wine import ROOT, Display, Wine, until  # noqa: E402
+from scheduler import PROGRAM, installed  # noqa: E402
+from wine import ROOT, Display, until  # noqa: E402
 
 PROJECTS = [f"p{number:02}" for number in range(50)]
 SCRIVANE = r"HKCU\Software\Talvernick\Scrivane"
@@ -32,9 +31,7 @@ BITS = {"x64": 64, "joined": 32}
 class Rounds:
 
     def __init__(self):
-        self.wine = Wine("x64", "two-schedulers", Display())
-        self.desktop = Desktop(self.wine, ROOT / "build/two-schedulers")
-        self.scheduler = Scheduler(self.wine)
+        self.wine, self.desktop, self.scheduler = installed("two-schedulers", Display(), ROOT / "build/two-schedulers")
         for project in PROJECTS:
             self.scheduler.make_project(project, 0)
         self._install_32_bit()
@@ -67,12 +64,12 @@ class Rounds:
         due = int(time.time()) + 15  # usually enough for both windows to start
         self.scheduler.write_list(*[(f'"C:\\demo\\{project}.scvpr" -s', {"StartTime": due}) for project in PROJECTS])
         windows = [self.start(arch, number) for number, arch in enumerate(random.sample(sorted(BITS), 2), 1)]
-        may_repeat, deed = kill_one(self, windows) if kills else (None, "")
+        may_repeat, note = kill_one(self, windows) if kills else (None, "")
         until("every run is in the list", lambda: all(map(self.has_run, range(len(PROJECTS)))))
         quiet = time.monotonic() + 8  # some ticks in which no project may start again
         until("some ticks have passed", lambda: time.monotonic() > quiet)
         self.scheduler.end_all()
-        return [len(self.scheduler.runs(project)) for project in PROJECTS], may_repeat, deed
+        return [len(self.scheduler.runs(project)) for project in PROJECTS], may_repeat, note
 
 
 def kill_one(rounds, windows):
@@ -94,12 +91,12 @@ def main(rounds=20):
     table = Rounds()
     failures = 0
     for number in range(1, rounds + 1):
-        starts, may_repeat, deed = table.play(kills=number % 4 == 0)
+        starts, may_repeat, note = table.play(kills=number % 4 == 0)
         again = [project for project, count in zip(PROJECTS, starts) if count > 1]
         allowed = [PROJECTS[may_repeat]] if may_repeat is not None and starts[may_repeat] == 2 else []
         failures += 0 in starts or again not in ([], allowed)
         print(f"round {number}: {sum(starts)} starts of {len(starts)} projects, {starts.count(0)} missed, "
-              f"{', '.join(again) or 'none'} twice{deed}", flush=True)
+              f"{', '.join(again) or 'none'} twice{note}", flush=True)
     print(f"{rounds} rounds, {failures} with a failure")
     return 1 if failures else 0
 

@@ -16,10 +16,9 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "tests/journeys"))
 
-from desktop import Desktop  # noqa: E402
-from scheduler import DEMO, Scheduler, Steps, ids  # noqa: E402
+from scheduler import DEMO, Steps, ids, installed  # noqa: E402
 from window import HTCAPTION, HTRIGHT  # noqa: E402
-from wine import ROOT, Display, Wine, until  # noqa: E402
+from wine import ROOT, Display, until  # noqa: E402
 
 DOCS = ROOT / "docs"
 
@@ -46,9 +45,7 @@ class Photographer(Steps):
         self.folder = folder
         self.scale = scale
         self.display = Display(1280 * scale // 100, 900 * scale // 100)
-        self.wine = Wine("x64", "pictures", self.display, dpi=96 * scale // 100)
-        self.desktop = Desktop(self.wine, folder)
-        self.scheduler = Scheduler(self.wine)
+        self.wine, self.desktop, self.scheduler = installed("pictures", self.display, folder, dpi=96 * scale // 100)
 
     def take(self, place, name, hides_mouse=True):
         """Saves a part of the screen as NAME.png."""

@@ -122,6 +122,12 @@ class Scheduler:
         return len(self.wine.processes(r"[\\/]SCVScheduler\.exe"))
 
 
+def installed(prefix, display, pictures, arch="x64", **options):
+    """Returns a new prefix on a display (wine.Wine), its desktop and a scheduler in it."""
+    wine = Wine(arch, prefix, display, **options)
+    return wine, Desktop(wine, pictures), Scheduler(wine)
+
+
 class Steps:
     """A user's steps in the program's windows. A derived class has self.desktop and self.scheduler."""
 
@@ -185,12 +191,10 @@ class Journey(unittest.TestCase, Steps):
     @classmethod
     def setUpClass(cls):
         cls.display = Display()
-        cls.wine = Wine(ARCH, f"{cls.folder}-{ARCH}", cls.display)
         pictures = ROOT / "build" / cls.folder / ARCH
         for old in pictures.glob("*.png"):
             old.unlink()
-        cls.desktop = Desktop(cls.wine, pictures)
-        cls.scheduler = Scheduler(cls.wine)
+        cls.wine, cls.desktop, cls.scheduler = installed(f"{cls.folder}-{ARCH}", cls.display, pictures, ARCH)
 
     @classmethod
     def tearDownClass(cls):
