@@ -27,10 +27,6 @@ double Contrast(std::uint32_t left, std::uint32_t right) {
 
 }  // namespace
 
-bool IsFailure(std::wstring_view lastRunResult) noexcept {
-    return !lastRunResult.empty() && lastRunResult != L"Success";
-}
-
 std::uint32_t FailureColour(bool isHighContrast, std::uint32_t hotLight, std::uint32_t background) {
     if (isHighContrast) {
         return hotLight;

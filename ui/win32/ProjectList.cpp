@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/launch/LaunchResult.h"
+#include "core/task/SCVShchedulerTask.h"
 #include "framework/IconResource.h"
 #include "ui/model/FailureColour.h"
 #include "ui/model/ProjectColumns.h"
@@ -241,7 +243,7 @@ LRESULT CProjectList::OnCustomDraw(NMLVCUSTOMDRAW& draw, const std::wstring& not
             return RowCount() > 0 ? CDRF_NOTIFYITEMDRAW : CDRF_NOTIFYPOSTPAINT;
         case CDDS_ITEMPREPAINT: {
             const auto* task = reinterpret_cast<const CSCVShchedulerTask*>(draw.nmcd.lItemlParam);
-            if (task != nullptr && IsFailure(task->m_strLastRunResult)) {
+            if (task != nullptr && HasFailed(*task)) {
                 // The list view ignores this for a selected row, which it draws in the selection's colours.
                 draw.clrText =
                     FailureColour(IsHighContrast(), GetSysColor(COLOR_HOTLIGHT), GetSysColor(COLOR_WINDOW));

@@ -2,12 +2,6 @@
 
 #include <gtest/gtest.h>
 
-TEST(FailureColour, WhatIsAFailure) {
-    EXPECT_FALSE(IsFailure(L"")) << "never run";
-    EXPECT_FALSE(IsFailure(L"Success"));
-    EXPECT_TRUE(IsFailure(L"Failure: File is already opened"));
-}
-
 TEST(FailureColour, LegibleOnLightAndDark) {
     constexpr std::uint32_t kBlack = 0x000000;
     constexpr std::uint32_t kWhite = 0xFFFFFF;
