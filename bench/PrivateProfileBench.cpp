@@ -164,17 +164,37 @@ void LoadSimpleIni(benchmark::State& state) {
     }
 }
 
+// Whether every task had its values.
+bool ReadTasks(const CPrivateProfile& profile, int tasks, const std::vector<std::wstring_view>& keys) {
+    for (int i = 1; i <= tasks; ++i) {
+        const auto values = profile.GetStrings(SectionName(i), keys);
+        if (!values.back() || *values.back() != L"Success") {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool ReadTask(const CSimpleIniA& ini, const std::string& section) {
+    for (const char* key : kKeys) {
+        const char* const value = ini.GetValue(section.c_str(), key);
+        if (value == nullptr) {
+            return false;
+        }
+        const std::string copy(value);
+        benchmark::DoNotOptimize(copy.data());
+    }
+    return true;
+}
+
 void ReadAllEngine(benchmark::State& state) {
     const int tasks = static_cast<int>(state.range(0));
     const std::vector<std::wstring> names = WideKeys();
     const std::vector<std::wstring_view> keys(names.begin(), names.end());
     for (auto _ : state) {
         for (const CPrivateProfile& profile : Load(state)) {
-            for (int i = 1; i <= tasks; ++i) {
-                const auto values = profile.GetStrings(SectionName(i), keys);
-                if (!values.back() || *values.back() != L"Success") {
-                    state.SkipWithError("a value was not read");
-                }
+            if (!ReadTasks(profile, tasks, keys)) {
+                state.SkipWithError("a value was not read");
             }
         }
     }
@@ -187,15 +207,8 @@ void ReadAllSimpleIni(benchmark::State& state) {
         CSimpleIniA ini;
         benchmark::DoNotOptimize(ini.LoadFile(path.c_str()));
         for (int i = 1; i <= tasks; ++i) {
-            const std::string section = "SCVShchedulerTask" + std::to_string(i);
-            for (const char* key : kKeys) {
-                const char* const value = ini.GetValue(section.c_str(), key);
-                if (value == nullptr) {
-                    state.SkipWithError("a value was not read");
-                    break;
-                }
-                const std::string copy(value);
-                benchmark::DoNotOptimize(copy.data());
+            if (!ReadTask(ini, "SCVShchedulerTask" + std::to_string(i))) {
+                state.SkipWithError("a value was not read");
             }
         }
     }
