@@ -8,8 +8,8 @@
 
 #include "framework/Wnd.h"
 
-// Thrown to end the current action after a message box has shown the reason. Whoever catches it shows nothing
-// more.
+// Thrown to end the current action after a message box has shown the reason. The code that catches it shows
+// nothing more.
 class CUserException {};
 
 // The wrappers that are bound to the controls of a window.

@@ -55,7 +55,7 @@ def window(keep):
           flush=True)
     process = scheduler.start()
     if keep:
-        print('It goes on running; "Exit" in the window or in its icon\'s menu ends it.')
+        print('It keeps running; "Exit" in the window or in its icon\'s menu ends it.')
         scheduler.wine.keep()
     else:
         process.wait()

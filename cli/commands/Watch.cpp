@@ -102,6 +102,7 @@ void CWatch::Tick() {
     Follow();
     if (m_isThere) {
         SaveUnsavedRuns();
+        // A watch continues after failures, which this call reports.
         (void)LaunchDueTasks(m_tasks, m_context, m_claim, m_stopped,
                              [this](const PassRun& run) { Launched(run); });
     }

@@ -15,7 +15,7 @@ constexpr std::int64_t kTimesEnd = std::numeric_limits<std::int32_t>::max();
 
 // Groups of options in help.
 constexpr const char* kWhen = "When";
-constexpr const char* kCommands = "What the extraction program is told to do";
+constexpr const char* kCommands = "Commands for the extraction program";
 
 std::optional<std::vector<const TaskDay*>> ParseDays(const std::string& text) {
     std::vector<const TaskDay*> days;

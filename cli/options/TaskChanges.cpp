@@ -79,7 +79,7 @@ void TaskChanges::ApplyRepeat(CSCVShchedulerTask& task, std::int64_t now) const 
         }
     }
     if (until) {
-        Require(task.m_bEnableEvery != 0, "--until goes with a task that repeats --every so often");
+        Require(task.m_bEnableEvery != 0, "--until needs a task that repeats; add --every");
         // The date does not count, so an until time with this time of day stays unchanged.
         const LocalTime old = ToLocalTime(task.m_tUntilTime);
         if (old.hour * 60 + old.minute != *until) {
@@ -103,7 +103,7 @@ void TaskChanges::ApplyCommands(CSCVShchedulerTask& task) const {
 
 void TaskChanges::ApplyElement(CSCVShchedulerTask& task) const {
     if (elementName || elementId) {
-        Require(task.m_bImportInputValues != 0, "--element-name and --element-id go with --import-values");
+        Require(task.m_bImportInputValues != 0, "--element-name and --element-id need --import-values");
         task.m_strInputElementName = elementName.value_or(task.m_strInputElementName);
         task.m_strInputElementId = elementId.value_or(task.m_strInputElementId);
     }

@@ -54,7 +54,7 @@ std::wstring WhyNotStorable(const CSCVShchedulerTask& task) {
     const std::wstring commandLine = DoubledApostrophes(task.BuildCommandLine());
     const std::wstring result = DoubledApostrophes(task.m_strLastRunResult);
     if (HasControlCharacter(commandLine) || HasControlCharacter(result)) {
-        return L"a control character stands in one of its texts";
+        return L"one of its texts has a control character";
     }
     if (commandLine.size() > kLongestText) {
         return TooLong(L"its command line", commandLine.size());

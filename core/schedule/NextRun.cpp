@@ -48,7 +48,8 @@ std::int64_t InstantOn(const year_month_day& date, const TimeOfDay& time) {
     const std::int64_t skipped =
         WallSeconds(date, time.hour * 60 + time.minute) - WallSeconds(DateOf(local), MinuteOfDay(local));
     const std::int64_t other = Add(instant, skipped);
-    // A zone that crosses the date line can skip a whole date. Then the later instant, or the task stays due.
+    // A zone that crosses the date line can skip a whole date. Then take the later instant, or the task would
+    // stay due.
     return DateOf(ToLocalTime(other)) == date ? other : std::max(instant, other);
 }
 

@@ -18,7 +18,7 @@
 #include "tests/support/FakeFileSystem.h"
 #include "tests/support/FakeShell.h"
 
-// The words of a command line that holds no quotes: what stands between single blanks, nothing too.
+// The words of a command line that holds no quotes: the texts between single blanks, also empty ones.
 inline std::vector<std::string> Words(const std::string& line) {
     std::vector<std::string> words(1);
     for (const char c : line) {

@@ -93,7 +93,7 @@ TEST(Dialog, ModalRunsUntilItIsAnswered) {
     EXPECT_EQ(message.wParam, 3U);
 }
 
-TEST(Dialog, AStartThatFailsIsToldAndCleanedUpAfter) {
+TEST(Dialog, FailedStartIsReportedAndUndone) {
     class FailingApp : public CWinApp {
     public:
         BOOL InitInstance() override { throw std::runtime_error("no start"); }

@@ -37,7 +37,7 @@ TEST_F(TextFile, ReadsUtf8AndMarkedUtf16) {
     }
 }
 
-TEST_F(TextFile, SavesUtf8InPlaceOfOrBehindWhatIsThere) {
+TEST_F(TextFile, SavesUtf8OverOrBehindTheOldText) {
     const std::string bytes = "a\t\xC3\xA9\xE4\xBE\xA1\xF0\x9F\x98\x80\r\n\n";
     const std::wstring path = m_folder.File(L"f", "was longer than what comes now, much longer indeed");
     EXPECT_EQ(SaveTextFile(L"a\t\u00e9\u4fa1\U0001F600\r\n\n", path, false), 1);
@@ -86,7 +86,7 @@ TEST_F(TextFile, OnlyRetryTriesAgain) {
     EXPECT_EQ(gone.texts.size(), 2U);
 }
 
-TEST_F(TextFile, MissingFoldersAreMade) {
+TEST_F(TextFile, MissingFoldersAreCreated) {
     const std::wstring path = m_folder.Path() + L"\\a\\\\b \u4fa1\\f";
     EXPECT_EQ(SaveTextFile(L"x", path, true), 1);
     EXPECT_EQ(BytesOf(path), "x");

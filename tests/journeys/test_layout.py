@@ -34,7 +34,7 @@ def contains(around, place):
 
 
 def overlap(one, other):
-    """Whether a control covers part of another one; a group box stands around its controls, arrows in their field."""
+    """Whether a control covers part of another one; a group box surrounds its controls, arrows in their field."""
     a, b = one["place"], other["place"]
     return (max(a[0], b[0]) < min(a[2], b[2]) and max(a[1], b[1]) < min(a[3], b[3])
             and "msctls_updown32" not in (one["class"], other["class"])

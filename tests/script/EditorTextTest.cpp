@@ -13,7 +13,7 @@ TEST(EditorText, TheFirstLinesColumnsLagByOne) {
     }
 }
 
-TEST(EditorText, ResultsStandOneALineWithoutEmptyOnes) {
+TEST(EditorText, ResultsAreJoinedWithoutEmptyOnes) {
     CStringArray results;
     EXPECT_EQ(JoinResults(results), L"");
     for (const wchar_t* result : {L"", L"a", L"", L"b c", L""}) {

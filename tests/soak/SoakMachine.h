@@ -15,7 +15,7 @@ extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 // The machine of the soak test: files in memory, real files on Windows. After Break the call that comes so
-// many calls later fails or, on Windows, every save does, until Mend. Use must not grow: kilobytes and, on
+// many calls later fails or, on Windows, every save does, until Repair. Use must not grow: kilobytes and, on
 // Windows, handles.
 struct SoakMachine {
     const CLocalZone zone{"Europe/Berlin"};
@@ -28,7 +28,7 @@ struct SoakMachine {
     void Break(int) const {
         SetFileAttributesW(list.c_str(), FILE_ATTRIBUTE_READONLY);
     }
-    void Mend() const {
+    void Repair() const {
         SetFileAttributesW(list.c_str(), FILE_ATTRIBUTE_NORMAL);
     }
     static std::size_t Use() {
@@ -42,7 +42,7 @@ struct SoakMachine {
     void Break(int later) {
         files.FailCalls(files.Calls() + later, files.Calls() + later);
     }
-    void Mend() {
+    void Repair() {
         files.FailCalls(CFakeFileSystem::kForever, CFakeFileSystem::kForever);
     }
     static std::size_t Use() {

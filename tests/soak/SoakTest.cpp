@@ -62,7 +62,7 @@ protected:
     // Checks that the file's list is intact. The runs of now must be in it; with `perhaps` each of them may
     // also be missing. `holdsAll`: runs that were not saved before must be in it too.
     void CheckFile(bool holdsAll, bool perhaps) {
-        m_machine.Mend();
+        m_machine.Repair();
         std::string bytes;
         ASSERT_EQ(m_machine.files.Read(m_machine.list + L".tmp", bytes), IFileSystem::Status::Missing);
         CSCVShchedulerTaskArray list;
@@ -88,7 +88,7 @@ protected:
     }
 
     void Load() {
-        m_machine.Mend();
+        m_machine.Repair();
         ASSERT_EQ(m_array->Load(m_machine.files, m_machine.list), 1);
         m_record.ApplyTo(*m_array);
     }
@@ -151,7 +151,7 @@ protected:
         for (std::ptrdiff_t i = 0; i < m_array->GetSize(); ++i) {
             (*m_array)[i]->m_strLastRunResult = L"Success";
         }
-        m_machine.Mend();
+        m_machine.Repair();
         Save();
         KillAndStart();
         return SoakMachine::Use();
@@ -172,7 +172,7 @@ protected:
         std::size_t use = 0;
         for (; m_now < end && !HasFatalFailure(); m_now += tick) {
             m_clock.now = m_now;
-            m_machine.Mend();
+            m_machine.Repair();
             m_isBroken = OneIn(3);
             if (m_isBroken) {
                 m_machine.Break(static_cast<int>(1 + Below(12)));

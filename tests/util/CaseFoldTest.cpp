@@ -4,5 +4,5 @@
 
 TEST(CaseFold, OrdersByUpperCaseUnitsThenLength) {
     EXPECT_LT(CompareNoCase(L"abc", L"ABCD"), 0);
-    EXPECT_LT(CompareNoCase(L"z", L"_"), 0) << "letters stand before the underscore, as their capitals do";
+    EXPECT_LT(CompareNoCase(L"z", L"_"), 0) << "letters come before the underscore, as their capitals do";
 }

@@ -48,7 +48,7 @@ CListSession::CListSession(const CPlatform& platform, std::wstring file)
       m_keeper(platform.files, m_strFile, CListKeeper::Kind::Window) {}
 
 void CListSession::Load() {
-    (void)m_keeper.TryKeep();
+    (void)m_keeper.TryKeep();  // another window may keep the list; both run it
     Read(m_platform.files, false);
 }
 
@@ -95,7 +95,7 @@ void CListSession::Close(IFileSystem& files) {
 }
 
 bool CListSession::OnTick(bool mayReplaceTasks) {
-    // At Load another window may have kept the list, and it may have ended since.
+    // A window that kept the list at Load may have ended since.
     (void)m_keeper.TryKeep();
     return !m_bLaunching && m_retry.IsTryDue() && TryPending(m_platform.files, mayReplaceTasks);
 }

@@ -89,7 +89,7 @@ TEST_F(Edit, ChangesAreReported) {
     const struct {
         const char* line;
         int exitCode;
-        const char* told;
+        const char* message;
     } table[] = {
         {"add a.scvpr b.oslpr", kFine,
          "added  C:\\w\\a.scvpr  once, on 3 Jun 2024 at 10:05\nadded  C:\\w\\b.oslpr  once, on 3 Jun 2024 at "
@@ -106,7 +106,7 @@ TEST_F(Edit, ChangesAreReported) {
     };
     for (const auto& row : table) {
         EXPECT_EQ(Run(row.line), row.exitCode) << row.line << err.str();
-        EXPECT_EQ(out.str(), row.told) << row.line;
+        EXPECT_EQ(out.str(), row.message) << row.line;
     }
     EXPECT_EQ(shell.starts.size(), 2U);
 
@@ -140,21 +140,21 @@ TEST_F(Edit, RefusalsNameTheFaultAndChangeNothing) {
         {"add it's.scvpr", "apostrophe"},
         {"add c.scvpr --add-urls a\"b.csv", "cannot keep add-urls 'C:\\w\\a\"b.csv'"},
         {"add c.scvpr --import-values v.csv", "--import-values needs"},
-        {"add c.scvpr --element-name q", "--element-name and --element-id go with"},
+        {"add c.scvpr --element-name q", "--element-name and --element-id need"},
         {"set a.scvpr none.scvpr --exit", "no task of the list has the project C:\\w\\none.scvpr"},
-        {"set b.scvpr a.scvpr --exit --until 18:00", "--until goes with"},
+        {"set b.scvpr a.scvpr --exit --until 18:00", "--until needs"},
         {"run a.scvpr none.scvpr", "none.scvpr"},
         {"enable *.oslpr", "no project of the list matches *.oslpr"},
         {"add *.scvpr", "no file matches C:\\w\\*.scvpr"},
     };
-    for (const auto& [line, told] : table) {
+    for (const auto& [line, message] : table) {
         EXPECT_EQ(Run(line), kUsage) << line;
-        EXPECT_THAT(err.str(), HasSubstr(told)) << line;
+        EXPECT_THAT(err.str(), HasSubstr(message)) << line;
         EXPECT_EQ(files.Bytes(kList), before) << line;
     }
 }
 
-TEST_F(Edit, AddTakesFilesAndWarnsOfMissingOnes) {
+TEST_F(Edit, AddWarnsOfMissingProjects) {
     found[L"C:\\w\\*.scvpr"] = {a, L"C:\\w\\c.scvpr"};
     shell.missing.insert(b);
     EXPECT_EQ(Run("add *.scvpr b.oslpr --dry-run"), kFine) << err.str();
@@ -195,7 +195,7 @@ TEST_F(Edit, DryRunsIgnoreClaimsAndChangeNothing) {
     EXPECT_TRUE(shell.starts.empty());
 }
 
-TEST_F(Edit, MissingListsAreMadeByAddAndImportOnly) {
+TEST_F(Edit, OnlyAddAndImportCreateAList) {
     in.str("{\"tasks\": []}");
     for (const char* line : {"set a.scvpr --exit", "enable a.scvpr", "disable a.scvpr", "remove a.scvpr",
                              "run a.scvpr", "export e.json"}) {

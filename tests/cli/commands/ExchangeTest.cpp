@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(Exchange, ExportsComeBackWhole) {
+TEST_F(Exchange, ExportsAreImportedUnchanged) {
     // Everything that a list may hold, as an older program or a hand has left it.
     files.Put(
         kList,

@@ -65,7 +65,7 @@ TEST_F(Looks, ListsFailedAndNamedTasksALineEach) {
               "SCVShchedulerTask3,\"once, on 4 Jun 2024 at 08:00\"\r\n");
 }
 
-TEST_F(Looks, NextRunsStandInOrderOfTime) {
+TEST_F(Looks, NextRunsAreInOrderOfTime) {
     const std::string both =
         "2024-06-04 09:30:00  C:\\p\\daily.scvpr\n2024-06-04 09:30:00  C:\\p\\news.scvpr\n";
     const struct {

@@ -20,7 +20,7 @@ protected:
     }
 };
 
-TEST_F(Passes, PassLaunchesOnceAndWatchGoesOn) {
+TEST_F(Passes, PassLaunchesOnceAndWatchContinues) {
     EXPECT_EQ(Run("pass"), kFine) << err.str();
     EXPECT_EQ(out.str(), "2024-06-03 10:00:00  C:\\due.scvpr  Success\n");
     EXPECT_EQ(Run("pass"), kFine);

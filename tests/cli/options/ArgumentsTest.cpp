@@ -11,7 +11,7 @@ ParsedCommandLine Parse(const std::vector<std::string>& words) {
     return ParseArguments(Subcommands(), words, [](const std::wstring& path) { return L"F:\\" + path; });
 }
 
-TEST(Arguments, OptionsStandAnywhereAndPathsAreFull) {
+TEST(Arguments, OptionsMayFollowPaths) {
     const ParsedCommandLine next = Parse({"--list", "\xC3\xA4.ini", "next", "--at", "1711850400", "--count",
                                           "3", "a b.scvpr", "/c.scvpr", "--json"});
     ASSERT_TRUE(next.arguments) << next.message;
@@ -45,16 +45,16 @@ TEST(Arguments, ErrorsAreOneLine) {
         {"set a.scvpr --exit --no-exit", "--exit and --no-exit exclude"},
         {"set a.scvpr --no-export-results --export-file f", "export-results"},
     };
-    for (const auto& [line, told] : wrong) {
+    for (const auto& [line, message] : wrong) {
         const ParsedCommandLine parsed = Parse(Words(line));
         EXPECT_FALSE(parsed.arguments) << line;
         EXPECT_EQ(parsed.exitCode, kUsage) << line;
-        EXPECT_THAT(parsed.message, testing::HasSubstr(told)) << line;
+        EXPECT_THAT(parsed.message, testing::HasSubstr(message)) << line;
         EXPECT_EQ(parsed.message.find('\n'), std::string::npos) << parsed.message;
     }
 }
 
-TEST(Arguments, HelpIsFoundTheWindowsWayToo) {
+TEST(Arguments, HelpHasItsNamesOnWindowsToo) {
     const std::string help = Parse({"--help"}).message;
     EXPECT_THAT(help, testing::HasSubstr("watch"));
     EXPECT_EQ(Parse({"/?"}).message, help);

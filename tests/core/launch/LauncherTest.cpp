@@ -7,7 +7,7 @@
 // What comes of missing and held projects and of failures the soak sees.
 TEST(Launcher, StartsTheProgramOfTheExtension) {
     FakeShell shell;
-    // For a foreign extension what stands at the root of the user's settings counts, then the association.
+    // For a foreign extension what is at the root of the user's settings counts, then the association.
     shell.programs[L"txt"] = L"C:\\viewer.exe";
     CSCVShchedulerTask task;
     task.m_bStart = 1;

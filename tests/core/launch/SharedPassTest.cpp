@@ -121,7 +121,7 @@ TEST_F(SharedPass, ARunIsSavedToItsOwnProject) {
         bool isClaimKept;
     } cases[] = {
         {"one before it is gone", "ab", 1, "b", "b!", false},
-        {"it stands behind another", "ab", 0, "ba", "ba!", false},
+        {"it is behind another", "ab", 0, "ba", "ba!", false},
         {"it is gone", "ab", 0, "b", "b", false},
         {"the second of two equal ones", "aba", 2, "aa", "aa!", false},
         {"the second one is gone", "aba", 2, "ab", "ab", false},

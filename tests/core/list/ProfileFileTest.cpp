@@ -47,7 +47,7 @@ TEST(ProfileFile, AnyCallMayFailOrLoseThePower) {
     }
 }
 
-TEST(ProfileFile, AHoldOfASecondIsOutlasted) {
+TEST(ProfileFile, WaitsASecondForAHeldFile) {
     Disk disk;
     disk.Hold(kPath, 10);
     EXPECT_EQ(ReadProfile(disk, kPath).result, IFileSystem::Status::Ok);
@@ -60,7 +60,7 @@ TEST(ProfileFile, AHoldOfASecondIsOutlasted) {
     EXPECT_EQ(disk.Bytes(kPath), kNew);
 }
 
-TEST(ProfileFile, WhoeverHoldsTheLockSavesAlone) {
+TEST(ProfileFile, SavesOnlyWithTheLock) {
     Disk disk;
     std::unique_ptr<IFileSystem::IFile> lock;
     const auto fail = [&](CPrivateProfile& profile) {
@@ -96,7 +96,7 @@ TEST(ProfileFile, ALinkStaysAndItsTargetIsSaved) {
     EXPECT_EQ(disk.FileCount(), 0U);
 }
 
-TEST(ProfileFile, MakesAMissingFileOnlyWhenNeeded) {
+TEST(ProfileFile, CreatesAMissingFileOnlyForAChange) {
     CFakeFileSystem files;
     EXPECT_TRUE(LockAndEditProfile(files, kPath, [](CPrivateProfile&) {}));
     EXPECT_TRUE(LockAndEditProfile(files, kPath, SetNew));

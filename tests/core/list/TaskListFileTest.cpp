@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "core/list/PrivateProfile.h"
@@ -16,7 +17,7 @@ using Status = IFileSystem::Status;
 
 const std::wstring kPath = L"C:\\lists\\tasks.ini";
 
-// A list as it stands on disk, with what the array makes of it.
+// A list on disk, with what the array makes of it.
 struct List {
     explicit List(const std::string& bytes) { files.Put(kPath, bytes); }
     [[nodiscard]] const std::string& Bytes() const { return files.Bytes(kPath); }
@@ -65,23 +66,23 @@ TEST(TaskListFile, WritesKeysInTheEstablishedOrder) {
 }
 
 TEST(TaskListFile, WhatASectionMayHold) {
-    const std::pair<std::string, std::vector<std::int64_t>> cases[] = {
-        {"", {1, 0, 0, 0, 0}},  // enabled, start, until, every and its unit
-        {"enable=no\r\nEnable=1\r\n", {0, 0, 0, 0, 0}},
-        {"EveryValue=\"" + std::string(254, ' ') + "1\"\r\n", {1, 0, 0, 0, 0}},  // beyond a number's buffer
-        {"StartTime=4294967295\r\nUntilTime=-5\r\n", {1, 2147483647, -5, 0, 0}},
-        {"EveryValue= 42abc\r\nEveryUnit=+11\r\n", {1, 0, 0, 42, 11}},
-        {"EveryValue=-2147483649\r\nEveryUnit=0x10\r\n", {1, 0, 0, INT32_MIN, 0}},
+    const std::tuple<const char*, std::string, std::vector<std::int64_t>> cases[] = {
+        {"nothing", "", {1, 0, 0, 0, 0}},  // enabled, start, until, every and its unit
+        {"the first key counts", "enable=no\r\nEnable=1\r\n", {0, 0, 0, 0, 0}},
+        {"beyond the buffer", "EveryValue=\"" + std::string(254, ' ') + "1\"\r\n", {1, 0, 0, 0, 0}},
+        {"past 31 bits", "StartTime=4294967295\r\nUntilTime=-5\r\n", {1, 2147483647, -5, 0, 0}},
+        {"text behind a number", "EveryValue= 42abc\r\nEveryUnit=+11\r\n", {1, 0, 0, 42, 11}},
+        {"past 32 bits", "EveryValue=-2147483649\r\nEveryUnit=0x10\r\n", {1, 0, 0, INT32_MIN, 0}},
     };
     CFakeFileSystem files;
     CSCVShchedulerTask task(0);
-    for (const auto& [lines, numbers] : cases) {
+    for (const auto& [label, lines, numbers] : cases) {
         files.Put(kPath, Section(1, lines));
-        EXPECT_EQ(task.LoadFromIni(files, kPath, L"SCVShchedulerTask1"), 1) << lines;
+        EXPECT_EQ(task.LoadFromIni(files, kPath, L"SCVShchedulerTask1"), 1) << label;
         EXPECT_EQ((std::vector<std::int64_t>{task.m_bEnable, task.m_tStartTime, task.m_tUntilTime,
                                              task.m_nEveryValue, task.m_nEveryUnit}),
                   numbers)
-            << lines;
+            << label;
     }
     files.Put(kPath,
               "[s]\nRepeatOnMon=1\nRepeatOnTue=2\nRepeatOnWen=3\nRepeatOnThu=4\nRepeatOnFri=5\n"
@@ -98,20 +99,24 @@ TEST(TaskListFile, WhatASectionMayHold) {
     EXPECT_EQ(task.m_strLastRunResult.size(), 1023U);
 }
 
-TEST(TaskListFile, WhichSectionsALoadTakes) {
-    const std::pair<std::string, const wchar_t*> cases[] = {
-        {Count("3") + Section(3) + Section(1) + Section(1), L" 1 3"},
-        {Count("2") + Section(1) + "[SCVShchedulerTask2]\r\nEnable=1\r\n" + Section(3), L" 1"},
-        {Count("2147483647") + Section(2147483647) + Section(0) + Section(7), L" 7 2147483647"},
-        {Section(1), L""},
-        {"[scvshchedulerTASKlist]\r\ntaskcount = \"2\" \r\n[SCVSHCHEDULERTASK2]\r\ncommandline=x\r\n", L" 2"},
-        {Count("99") + "[SCVShchedulerTask01]\nCommandLine=x\n[SCVShchedulerTask1x]\nCommandLine=x\n", L""},
+TEST(TaskListFile, LoadsSectionsUpToTheCount) {
+    const std::tuple<const char*, std::string, const wchar_t*> cases[] = {
+        {"any order, one twice", Count("3") + Section(3) + Section(1) + Section(1), L" 1 3"},
+        {"without a project", Count("2") + Section(1) + "[SCVShchedulerTask2]\r\nEnable=1\r\n" + Section(3),
+         L" 1"},
+        {"the highest number", Count("2147483647") + Section(2147483647) + Section(0) + Section(7),
+         L" 7 2147483647"},
+        {"no count", Section(1), L""},
+        {"any case",
+         "[scvshchedulerTASKlist]\r\ntaskcount = \"2\" \r\n[SCVSHCHEDULERTASK2]\r\ncommandline=x\r\n", L" 2"},
+        {"not as numbers are written",
+         Count("99") + "[SCVShchedulerTask01]\nCommandLine=x\n[SCVShchedulerTask1x]\nCommandLine=x\n", L""},
     };
-    for (const auto& [bytes, sections] : cases) {
+    for (const auto& [label, bytes, sections] : cases) {
         List list(bytes);
         list.tasks.AddTask(L"before", 0);
-        EXPECT_EQ(list.tasks.Load(list.files, kPath), 1) << bytes;
-        EXPECT_EQ(list.Sections(), sections) << bytes;
+        EXPECT_EQ(list.tasks.Load(list.files, kPath), 1) << label;
+        EXPECT_EQ(list.Sections(), sections) << label;
     }
 }
 
@@ -173,7 +178,7 @@ TEST(TaskListFile, AnEditWritesOnlyWhatItChanged) {
                   "; mine\r\n[other]\r\nk=v\r\n[SCVShchedulerTask2]\r\n"
                   "Enable=1 ; yes\r\nCommandLine='\"C:\\p3.scvpr\"'\r\nStartTime=-5\r\n");
     EXPECT_TRUE(list.Bytes().ends_with("EveryUnit=0\r\nLastRunResult='it''s'\r\n"))
-        << "a task that moves takes its texts along as they stand";
+        << "a task that moves keeps its texts as they are";
     EXPECT_EQ(list.Sections(), L" 1 2");
     const std::string before = list.Bytes();
     EXPECT_THROW((void)list.tasks.TryEdit(list.files, kPath, [&] { (void)list.tasks[7]; }),

@@ -156,7 +156,7 @@ TEST_P(Download, UsesTheFirstCharacterSetNamed) {
     }
 }
 
-TEST_P(Download, TakesWhatIsLongPieceByPiece) {
+TEST_P(Download, DecodesLongPagesInPieces) {
     std::string body;
     std::wstring expected;
     for (int i = 0; i < 1300; ++i) {

@@ -212,7 +212,7 @@ TEST_P(ScriptController, AThousandRoundsLeaveNothingBehind) {
     EXPECT_LE(HeapUse(), bytes + 10'000);
 }
 
-TEST(ScriptControllerFactory, MakesTheControlForJScriptWhereThereIsOne) {
+TEST(ScriptControllerFactory, PrefersTheScriptControl) {
     std::thread([] {
         EXPECT_EQ(CScriptControllerFactory::CreateController(), nullptr) << "components are not ready";
     }).join();

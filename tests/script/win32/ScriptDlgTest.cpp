@@ -164,7 +164,7 @@ TEST_F(ScriptDlg, EscapeAsksForChanges) {
 TEST_F(ScriptDlg, AsksBeforeItReplacesAScript) {
     Open(L"");
     Select(IDC_SCRIPT_TEMPLATES, L"Left_String");
-    // Yes goes on even when saving is cancelled. Adding a template replaces nothing.
+    // Yes continues even when saving is cancelled. Adding a template replaces nothing.
     const struct {
         const char* label;
         int button, answer;
@@ -193,7 +193,7 @@ TEST_F(ScriptDlg, AsksBeforeItReplacesAScript) {
 // Refused scripts throw, which stops the run under a debugger, so they have a suite of their own.
 using ScriptDlgRefusing = ScriptDlg;
 
-TEST_F(ScriptDlgRefusing, ParseIsContentWithEveryEngine) {
+TEST_F(ScriptDlgRefusing, ParseReportsSuccessInEveryEngine) {
     Open(L"function Main() {}");
     const struct {
         const char* label;

@@ -63,7 +63,7 @@ TEST_F(ScriptFunctionDlg, ShowsTheTemplateAndItsParameters) {
     EXPECT_EQ(record.params[0], L"a\r\nb") << "Cancel leaves it alone";
 }
 
-TEST_F(ScriptFunctionDlg, HandsBackAlwaysThreeValues) {
+TEST_F(ScriptFunctionDlg, ReturnsAlwaysThreeValues) {
     const auto type = [&] {
         SendMessageW(dialog.GetDlgItem(IDC_FUNCTION_PARAM_1), CB_SETCURSEL, 1, 0);
         dialog.SetDlgItemText(IDC_FUNCTION_PARAM_2, L"x\\r\\ny");

@@ -58,7 +58,7 @@ protected:
         }
         return results[0];
     }
-    // Of the templates with these numbers, one a language; what is added stands behind the script.
+    // Of the templates with these numbers, one a language; what is added is behind the script.
     void Expect(const std::vector<std::int32_t>& numbers, const std::vector<Case>& cases,
                 const std::wstring& added = L"") {
         for (const std::int32_t number : numbers) {
@@ -108,7 +108,7 @@ TEST_F(Template, KeepsTheFormat) {
         const std::wstring helper = m_generator.GetTemplateFunctionName(number);
         const std::wstring description = m_generator.GetTemplateDescription(number);
         ASSERT_FALSE(helper.empty());
-        EXPECT_GT(description.size(), 40U) << "tells a user what the function does";
+        EXPECT_GT(description.size(), 40U) << "says what the function does";
         const CStringArray params = m_generator.GetTemplateParamNames(number, 1);
         for (std::ptrdiff_t index = 0; index < 3; ++index) {
             const bool isTaken = index < params.GetSize();
@@ -124,7 +124,7 @@ TEST_F(Template, KeepsTheFormat) {
     }
 }
 
-TEST_F(Template, AddedToAScriptTheyRunInTurn) {
+TEST_F(Template, AddedTemplatesRunInTurn) {
     const struct {
         std::int32_t main, replace, left;
     } languages[] = {{61318, 61323, 61319}, {62001, 62005, 62002}};

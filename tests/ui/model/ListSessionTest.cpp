@@ -81,7 +81,7 @@ TEST_F(ListSession, MarksItsListAsKept) {
     EXPECT_TRUE(CListKeeper::IsKept(files, kList, CListKeeper::Kind::Window)) << "by a further instance";
 }
 
-TEST_F(ListSession, CancelWithTheListHeldTakesEditsBack) {
+TEST_F(ListSession, CancelDiscardsEditsOfAHeldList) {
     Start({L"a.scvpr"});
     session->BeginEditing();
     Task(0).m_strProjectPath = L"edited.scvpr";

@@ -14,7 +14,7 @@ TEST(PassRecord, GivesBackTheNewerRunOfTheSameTask) {
     } cases[] = {
         {L"older run", L"C:\\a", L"c:\\A", 10, 9, 10},
         {L"doubled apostrophes", L"C:\\it's", L"C:\\it''s", 10, 0, 10},
-        {L"another project stands there now", L"C:\\b", L"C:\\other", 10, 0, 0},
+        {L"another project is there now", L"C:\\b", L"C:\\other", 10, 0, 0},
         {L"newer run", L"C:\\c", L"C:\\c", 10, 11, 11},
         {L"first task of a project", L"C:\\e", L"C:\\e", 0, 0, 0},
         {L"second task of the project", L"C:\\E", L"C:\\e", 10, 0, 10},

@@ -5,7 +5,7 @@
 #include "core/task/SCVShchedulerTaskArray.h"
 #include "ui/model/ProjectColumns.h"
 
-TEST(RowOrder, EqualTimesAreNeverEqualAndEqualTextsAre) {
+TEST(RowOrder, EqualTextsAreEqualAndTimesNever) {
     CSCVShchedulerTaskArray tasks;
     tasks.AddTask(L"C:\\a.scvpr", 1'772'000'000);
     tasks.AddTask(L"C:\\A.oslpr", 1'772'000'000);

@@ -69,7 +69,7 @@ TEST_F(ProjectList, AddsChosenProjects) {
     EXPECT_EQ(Registered(kRunKey, L"SCVScheduler"), L"");
 }
 
-TEST_F(ProjectList, DropTakesProjectsOfOneKind) {
+TEST_F(ProjectList, DropAddsProjectsOfOneKind) {
     Open({L"C:\\listed.scvpr"});
     std::wstring paths(L"C:\\A.SCVPR\0C:\\b.txt\0C:\\c.oslpr\0C:\\scvpr\0", 39);
     paths += L"C:\\" + std::wstring(300, L'x') + L".scvpr" + L'\0';

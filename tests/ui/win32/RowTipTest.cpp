@@ -76,7 +76,7 @@ TEST_F(RowTip, LooksForNoFileOfAnotherMachine) {
     }
 }
 
-TEST_F(RowTip, GoesWithWhatMayChangeTheRow) {
+TEST_F(RowTip, IsHiddenWhenTheRowMayChange) {
     const std::pair<const char*, std::function<void()>> changes[] = {
         {"a key", [&] { Post(WM_KEYDOWN, VK_DOWN); }},
         {"a refill", [&] { dialog->SendMessage(WM_COMMAND, IDCANCEL); }},

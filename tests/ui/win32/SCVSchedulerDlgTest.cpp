@@ -65,7 +65,7 @@ TEST_F(SCVSchedulerDlg, HeldListIsShownOnceItIsRead) {
     EXPECT_EQ(Rows(), (Texts{L"a.scvpr", L"new.scvpr"}));
 }
 
-TEST_F(SCVSchedulerDlg, NoTaskGoesDuringItsLaunch) {
+TEST_F(SCVSchedulerDlg, NoTaskIsRemovedDuringItsLaunch) {
     Open({L"C:\\a.scvpr"});
     // As the system's shell does, which dispatches messages while it starts a program.
     shell.whileOpening = [&] {
@@ -83,20 +83,21 @@ TEST_F(SCVSchedulerDlg, NoTaskGoesDuringItsLaunch) {
 TEST_F(SCVSchedulerDlg, HandOverSelectsByPosition) {
     Open({L"b", L"a", L"c"});
     const struct {
+        const char* label;
         ULONG_PTR tag;
         DWORD bytes;
         const void* data;
         bool shows;
         const wchar_t* selected;
-    } cases[] = {{1, 2, L"a", false, L"c"},
-                 {kHandOverTag, 0x7FFFFFFF, nullptr, true, L"c"},
-                 {kHandOverTag, 2, L"A", true, L"b"}};  // the sorted rows have b where the array has a
+    } cases[] = {{"another tag", 1, 2, L"a", false, L"c"},
+                 {"no data", kHandOverTag, 0x7FFFFFFF, nullptr, true, L"c"},
+                 {"the array has a where the sorted rows have b", kHandOverTag, 2, L"A", true, L"b"}};
     for (const auto& item : cases) {
         Select({2});
         COPYDATASTRUCT data{item.tag, item.bytes, const_cast<void*>(item.data)};
         dialog->SendMessage(WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
-        EXPECT_EQ(dialog->IsWindowVisible() != FALSE, item.shows) << item.bytes;
-        EXPECT_EQ(Selected(), Texts{item.selected});
+        EXPECT_EQ(dialog->IsWindowVisible() != FALSE, item.shows) << item.label;
+        EXPECT_EQ(Selected(), Texts{item.selected}) << item.label;
         dialog->ShowWindow(SW_HIDE);
     }
     dialog->SendMessage(WM_COPYDATA, 0, 0);

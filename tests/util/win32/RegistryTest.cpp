@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 // The last two bytes stored count as the terminator, whatever they are.
-TEST(Registry, TextsComeBackUpToTheLimit) {
+TEST(Registry, TextsAreReadBackUpToTheLimit) {
     const std::wstring key = L"Software\\Talvernick\\Test" + std::to_wstring(GetCurrentProcessId());
     std::wstring read = L"kept";
     const std::wstring longest = L"\u0416\u4fa1" + std::wstring(124, L'x');

@@ -66,7 +66,7 @@ protected:
     std::unique_ptr<IFileSystem::IFile> file;
 };
 
-TEST_F(WindowsFileSystem, TellsWhyACallCouldNot) {
+TEST_F(WindowsFileSystem, ReportsWhyACallFailed) {
     EXPECT_EQ(files.Read(folder.Path(L"none.ini"), bytes), Status::Missing);
     EXPECT_EQ(files.CreateLock(folder.Path(L"none\\a.lock"), file), Status::Missing);
     EXPECT_EQ(files.Read(folder.Path(), bytes), Status::Failed);
@@ -112,7 +112,7 @@ TEST_F(WindowsFileSystem, SavesTheTargetOfALink) {
     EXPECT_EQ(BytesOf(path), "");
 }
 
-TEST_F(WindowsFileSystem, TakesPathsLongerThanMaxPath) {
+TEST_F(WindowsFileSystem, UsesPathsLongerThanMaxPath) {
     const std::wstring name(200, L'd');
     const std::wstring deep = folder.Path(name);
     ASSERT_TRUE(CreateDirectoryW((L"\\\\?\\" + deep).c_str(), nullptr));
