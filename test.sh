@@ -4,20 +4,20 @@
 #   ./test.sh [--quick] [--long] [--fuzz-seconds N]
 #
 #   --quick            leaves out the 32-bit programs in their own Wine
-#   --long             1,000 kill rounds instead of 200, and ten minutes for each fuzz target instead of 20 seconds
+#   --long             1,000 kill rounds instead of 200, and ten minutes for each fuzz target instead of 10 seconds
 #   --fuzz-seconds N   seconds for each fuzz target
 #
 # The output of failed tests is on the screen, that of all tests in build/Testing/Temporary/LastTest.log. A test that was skipped
 # or could not run counts as failed. The last line counts the tests: "N passed, N failed".
 . "$(dirname "$0")/scripts/common.sh"
 
-presets=(native native-valgrind native-fuzz windows-x64 windows-x86)
+presets=(native windows-x64 windows-x86 native-valgrind native-fuzz)
 sets=(build wine64 wine32 desktop checks package bench)
-fuzz_seconds=20
+fuzz_seconds=10
 while [ $# -gt 0 ]; do
     case $1 in
     --quick)
-        presets=(native native-valgrind native-fuzz windows-x64)
+        presets=(native windows-x64 native-valgrind native-fuzz)
         sets=(build wine64 desktop checks package bench)
         ;;
     --long)
@@ -43,15 +43,20 @@ exec 8>build/.test-lock
 flock -n 8 || fail "Another ./test.sh is running in this checkout."
 scripts/setup.sh "${sets[@]}"
 
-for preset in "${presets[@]}"; do
-    say "Building $preset (build/$preset.log)"
-    { cmake --preset "$preset" "-DSCV_FUZZ_SECONDS=$fuzz_seconds" && cmake --build --preset "$preset"; } >"build/$preset.log" 2>&1 || {
-        tail -n 60 "build/$preset.log"
-        say "The build $preset failed, and so no test was run."
-        say "0 passed, 1 failed"
-        exit 1
+# Two builds at a time, because each has steps that use one processor.
+build() {
+    say "Building $1 (build/$1.log)"
+    { cmake --preset "$1" "-DSCV_FUZZ_SECONDS=$2" && cmake --build --preset "$1" --parallel "$(nproc)"; } >"build/$1.log" 2>&1 || {
+        tail -n 60 "build/$1.log"
+        say "The build $1 failed, and so no test was run."
+        return 1
     }
-done
+}
+export -f build say
+printf '%s\n' "${presets[@]}" | xargs -P 2 -I PRESET bash -c "build PRESET $fuzz_seconds" || {
+    say "0 passed, 1 failed"
+    exit 1
+}
 
 # The tests of all builds in one run, to use all processors: many tests wait for windows and launches.
 printf 'subdirs(%s)\n' "${presets[@]}" >build/CTestTestfile.cmake
