@@ -6,7 +6,7 @@
 // The data of a task. Texts are UTF-16. Instants (m_t...) are signed seconds since 1970-01-01 00:00 UTC; 0 is
 // not set. A flag (m_b...) is set when it is not 0: the list file may hold any number.
 //
-// Each of the 13 commands is a flag that writes a switch on the extraction program's command line. Some have
+// Each command is a flag that writes a switch on the extraction program's command line. Some have
 // a text, the switch's argument. kTaskSwitches (core/task/TaskSwitches.h) connects flags and texts.
 struct TaskFields {
     std::int32_t m_bEnable = 1;     // when clear, the scheduling pass skips the task
@@ -19,8 +19,8 @@ struct TaskFields {
     // A comma in id or name shifts name, id and file when the command line is read back.
     std::wstring m_strInputElementId;
     std::wstring m_strInputElementName;  // m_bImportInputValues needs the name or the id
-    std::wstring
-        m_strExportFile;  // argument of m_bExportResults; writes the switch even when that flag is clear
+    // Argument of m_bExportResults; writes the switch even when that flag is clear.
+    std::wstring m_strExportFile;
     std::wstring m_strFailedUrlsFile;  // argument of m_bExportFailedUrls
     std::wstring m_strFilterArgument;  // argument of m_bApplyFilter; only parsing a command line sets it
 
