@@ -1,20 +1,14 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <limits>
 #include <map>
-#include <new>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include <fcntl.h>
 #include <malloc.h>
-#include <unistd.h>
 
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"
@@ -24,46 +18,14 @@
 #include <SimpleIni.h>
 #pragma GCC diagnostic pop
 
+#include "bench/LoadPeak.h"
+#include "bench/ProfileFiles.h"
 #include "core/list/PrivateProfile.h"
 
 // Compares CPrivateProfile with SimpleIni on the same files of tasks, and with bounds. Each ratio compares
 // the fastest repetitions of one run. Exit code 1 when a bound is missed.
 
-// NOLINTBEGIN(cppcoreguidelines-avoid-non-const-global-variables, cppcoreguidelines-no-malloc): counts memory
 namespace {
-
-std::size_t g_held = 0;
-std::size_t g_peak = 0;
-
-}  // namespace
-
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    void* const block = std::malloc(size);
-    if (block == nullptr) {
-        throw std::bad_alloc();
-    }
-    g_held += malloc_usable_size(block);
-    g_peak = std::max(g_peak, g_held);
-    return block;
-}
-
-[[gnu::noinline]] void operator delete(void* block) noexcept {
-    g_held -= block != nullptr ? malloc_usable_size(block) : 0;
-    std::free(block);
-}
-
-[[gnu::noinline]] void operator delete(void* block, std::size_t) noexcept {
-    g_held -= block != nullptr ? malloc_usable_size(block) : 0;
-    std::free(block);
-}
-// NOLINTEND(cppcoreguidelines-avoid-non-const-global-variables, cppcoreguidelines-no-malloc)
-
-namespace {
-
-constexpr std::array<const char*, 17> kKeys = {
-    "Enable",      "CommandLine",     "StartTime",   "UntilTime",   "LastRunTime",  "RepeatOnMon",
-    "RepeatOnTue", "RepeatOnWen",     "RepeatOnThu", "RepeatOnFri", "RepeatOnSat",  "RepeatOnSun",
-    "EnableEvery", "RepeatOnMonthly", "EveryValue",  "EveryUnit",   "LastRunResult"};
 
 std::vector<std::wstring> WideKeys() {
     std::vector<std::wstring> keys;
@@ -75,64 +37,6 @@ std::vector<std::wstring> WideKeys() {
 
 std::wstring SectionName(int number) {
     return L"SCVShchedulerTask" + std::to_wstring(number);
-}
-
-// In the current folder, so that a flush reaches a disk.
-const std::filesystem::path kFolder = "PrivateProfileBench.scratch";
-
-// A task list of that many sections; made once.
-const std::string& TaskFile(int tasks) {
-    static std::map<int, std::string> paths;
-    std::string& path = paths[tasks];
-    if (path.empty()) {
-        std::string text = "[SCVShchedulerTaskList]\r\nTaskCount=" + std::to_string(tasks) + "\r\n";
-        for (int i = 1; i <= tasks; ++i) {
-            const std::string number = std::to_string(i);
-            text += "[SCVShchedulerTask" + number + "]\r\n";
-            for (const std::string key : kKeys) {
-                const std::string value =
-                    key == "CommandLine" ? "'\"C:\\Projects\\Shop watch\\Project " + number +
-                                               ".scvpr\" -dt -s -e \"C:\\Exports\\list.csv\"'"
-                    : key == "LastRunResult" ? std::string("'Success'")
-                    : key.ends_with("Time")  ? "17118" + std::to_string(10000 + i % 90000)
-                                             : std::string("1");
-                text.append(key).append("=").append(value).append("\r\n");
-            }
-        }
-        std::filesystem::create_directories(kFolder);
-        path = kFolder / (std::to_string(tasks) + ".ini");
-        std::FILE* const file = std::fopen(path.c_str(), "wb");
-        if (file == nullptr || std::fwrite(text.data(), 1, text.size(), file) != text.size() ||
-            std::fclose(file) != 0) {
-            std::perror(path.c_str());
-            std::exit(1);
-        }
-    }
-    return path;
-}
-
-std::string ReadFile(const std::string& path) {
-    std::string bytes(std::filesystem::file_size(path), '\0');
-    std::FILE* const file = std::fopen(path.c_str(), "rb");
-    if (file == nullptr || std::fread(bytes.data(), 1, bytes.size(), file) != bytes.size()) {
-        std::perror(path.c_str());
-        std::exit(1);
-    }
-    std::fclose(file);
-    return bytes;
-}
-
-// Writes and flushes a new file, then replaces the old file by it atomically.
-void ReplaceFile(const std::string& path, const std::string& bytes) {
-    const std::string temporary = path + ".new";
-    const int file = open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    const bool written = file >= 0 &&
-                         write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()) &&
-                         fsync(file) == 0 && close(file) == 0;
-    if (!written || std::rename(temporary.c_str(), path.c_str()) != 0) {
-        std::perror(path.c_str());
-        std::exit(1);
-    }
 }
 
 // Several lists at once, each read from its file.
@@ -176,15 +80,15 @@ bool ReadTasks(const CPrivateProfile& profile, int tasks, const std::vector<std:
 }
 
 bool ReadTask(const CSimpleIniA& ini, const std::string& section) {
-    for (const char* key : kKeys) {
+    return std::ranges::all_of(kKeys, [&](const char* key) {
         const char* const value = ini.GetValue(section.c_str(), key);
         if (value == nullptr) {
             return false;
         }
         const std::string copy(value);
         benchmark::DoNotOptimize(copy.data());
-    }
-    return true;
+        return true;
+    });
 }
 
 void ReadAllEngine(benchmark::State& state) {
@@ -316,43 +220,11 @@ private:
     bool m_failed = false;
 };
 
-double PeakOfLoad(std::string text) {
-    const std::size_t size = text.size();
-    g_peak = g_held;
-    const std::size_t before = g_held - malloc_usable_size(text.data());
-    const CPrivateProfile profile(std::move(text));
-    return static_cast<double>(g_peak - before) / static_cast<double>(size);
-}
-
 bool Check(const char* what, double value, bool atLeast, double bound) {
     const bool passed = atLeast ? value >= bound : value <= bound;
     std::printf("%-52s %8.2f  %s %5.1f  %s\n", what, value, atLeast ? "at least" : "at most ", bound,
                 passed ? "pass" : "FAIL");
     return passed;
-}
-
-std::string Repeated(std::string_view piece) {
-    std::string text;
-    constexpr std::size_t kSize = 64U << 20U;
-    text.reserve(kSize + piece.size());
-    while (text.size() < kSize) {
-        text += piece;
-    }
-    return text;
-}
-
-std::string ManyShortNames() {
-    std::string text;
-    constexpr std::size_t kSize = 64U << 20U;
-    text.reserve(kSize + 8);
-    for (unsigned i = 0; text.size() < kSize; ++i) {
-        text += '[';
-        for (unsigned rest = i, left = 3; left > 0; --left, rest /= 230) {
-            text += static_cast<char>(rest % 230 + 14);
-        }
-        text += '\n';
-    }
-    return text;
 }
 
 }  // namespace
@@ -392,6 +264,6 @@ int main(int argc, char** argv) {
     passed &= Check("peak: 64 MB of empty headers", PeakOfLoad(Repeated("[\n")), false, 3);
     passed &= Check("peak: 64 MB of different short headers", PeakOfLoad(ManyShortNames()), false, 3);
     passed &= Check("peak: 64 MB of keys", PeakOfLoad(Repeated("k=\n")), false, 3);
-    std::filesystem::remove_all(kFolder);
+    RemoveTaskFiles();
     return passed ? 0 : 1;
 }
