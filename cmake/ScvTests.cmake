@@ -37,8 +37,9 @@ else()
 endif()
 # The emulator (scripts/wine-tests.sh) prints an exit code other than 0, because CTest ignores it for a test with
 # PASS_REGULAR_EXPRESSION. With warn+heap Wine writes patterns around and into blocks, and reports a block that was overwritten or
-# freed twice. Tests that may show windows run one at a time, because they share the keyboard and the registry.
-set(run_under_wine ${skips_fail} LABELS wine FIXTURES_REQUIRED ${arch}.prefix TIMEOUT 1500
+# freed twice. Tests that may show windows run one at a time, because they share the keyboard and the registry. So they start
+# early (COST), beside clang-tidy at low priority; what can run side by side comes last.
+set(run_under_wine ${skips_fail} LABELS wine FIXTURES_REQUIRED ${arch}.prefix TIMEOUT 1500 COST 350
   PASS_REGULAR_EXPRESSION "\\[  PASSED  \\] [1-9]"
   FAIL_REGULAR_EXPRESSION "${not_passed}|:heap:|invalid handle|Exit code [0-9]")
 if(NOT CMAKE_HOST_WIN32)
@@ -47,7 +48,9 @@ if(NOT CMAKE_HOST_WIN32)
   add_test(NAME ${arch}.prefix COMMAND ${fixture} start ${arch})
   add_test(NAME ${arch}.prefix-end COMMAND ${fixture} stop ${arch})
   set_tests_properties(${arch}.prefix PROPERTIES FIXTURES_SETUP ${arch}.prefix COST 1000 TIMEOUT 300 LABELS wine)
-  set_tests_properties(${arch}.prefix-end PROPERTIES FIXTURES_CLEANUP ${arch}.prefix TIMEOUT 60 LABELS wine)
+  # CTest starts those tests first that another one waits for: so clang-tidy runs beside the tests that need the prefix.
+  set_tests_properties(${arch}.prefix-end PROPERTIES FIXTURES_CLEANUP ${arch}.prefix TIMEOUT 60 LABELS wine
+    DEPENDS "check.tidy;check.tidy-windows")
 endif()
 
 gtest_discover_tests(scv_tests TEST_PREFIX ${arch}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 300
