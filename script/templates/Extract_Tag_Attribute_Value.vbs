@@ -18,9 +18,8 @@ Function Extract_Tag_Attribute_Value ( text , attributeName , unique )
 	If Len(attributeName) = 0 Then Exit Function
 	Set values = CreateObject("Scripting.Dictionary")
 	Set known = Html_Entities()
-	' Leaves no tags out, in as many groups.
-	For Each tag In Html_Tags(text, "", "(()())", known)
-		attributes = tag.SubMatches(2)
+	For Each tag In Html_Tags(text, known)
+		attributes = tag.SubMatches(1) & tag.SubMatches(2)
 		If InStr(1, attributes, attributeName, 1) > 0 Then
 			attributes = Split(Html_Attributes(attributes, known), Chr(1) & attributeName & "=", 2, 1)
 			If UBound(attributes) > 0 Then
