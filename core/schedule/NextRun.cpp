@@ -137,13 +137,17 @@ std::int64_t NextCalendarRun(const CSCVShchedulerTask& task, std::int64_t lastRu
         return 0;
     }
     const LocalTime last = ToLocalTime(lastRun);
-    const LocalTime start = ToLocalTime(task.m_tStartTime);
-    const TimeOfDay time{start.hour, start.minute};
+    // An Every task begins its flagged day at midnight, not at the start time.
+    const bool beginsAtMidnight = isWeekly && task.IsEveryActive();
+    TimeOfDay time;
+    if (isMonthly || !beginsAtMidnight) {
+        const LocalTime start = ToLocalTime(task.m_tStartTime);
+        time = {start.hour, start.minute};
+    }
     std::int64_t weekly = 0;
     if (isWeekly) {
         const int days = DaysToNextFlagged(task, last.weekday);
-        // An Every task begins its flagged day at midnight, not at the start time.
-        weekly = DaysAfter(last, days, task.IsEveryActive() ? TimeOfDay{} : time);
+        weekly = DaysAfter(last, days, beginsAtMidnight ? TimeOfDay{} : time);
         if (weekly > 0 && (!isMonthly || IsWellBeforeNextMonth(last, days))) {
             return weekly;
         }
