@@ -41,7 +41,8 @@ run() {
     # Not to CTest's pipe: a service that the program starts would inherit it and keep it open.
     output=$(mktemp build/wine/output.XXXXXX)
     trap 'rm -f "$output"' EXIT
-    # A fault of Wine's own: 139, its Unix process crashed, as it sometimes does when a 32-bit program ends.
+    # 139: Wine's own Unix process crashed, as it sometimes does when a 32-bit program ends. A fault of the Windows program has
+    # other exit codes, so trying again hides no such fault.
     for crashes in 0 1 2; do
         status=0
         wine_run "$arch" "$@" >"$output" 2>&1 </dev/null || status=$?
