@@ -38,7 +38,7 @@ Function Extract_Selected_Text_From_DropDownList ( text )
 			result = result & chosen
 			chosen = ""
 			first = ""
-			several = InStr(1, Html_Attributes(part(0), known), Chr(1) & "multiple=", 1) > 0
+			several = InStr(1, Html_Attributes(part(0) & "", known), Chr(1) & "multiple=", 1) > 0
 		End If
 	Next
 	Extract_Selected_Text_From_DropDownList = Mid(result, Len(vbNewLine) + 1)

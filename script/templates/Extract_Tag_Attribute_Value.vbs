@@ -19,7 +19,7 @@ Function Extract_Tag_Attribute_Value ( text , attributeName , unique )
 	Set values = CreateObject("Scripting.Dictionary")
 	Set known = Html_Entities()
 	For Each tag In Html_Tags(text, known)
-		attributes = tag.SubMatches(1) & tag.SubMatches(2)
+		attributes = tag.SubMatches(1)
 		If InStr(1, attributes, attributeName, 1) > 0 Then
 			attributes = Split(Html_Attributes(attributes, known), Chr(1) & attributeName & "=", 2, 1)
 			If UBound(attributes) > 0 Then

@@ -1,5 +1,5 @@
-' For the name of an element the open ones that its start tag ends (- has no content), for / and the name those, besides a
-' table, beyond which neither of its tags ends any. Several in one text are "open" as -1.
+' For the name of an element the open ones that its start tag ends, for / and the name those, besides a table, beyond
+' which neither of its tags ends any. Several in one text are "open" as -1.
 Function Html_Kinds ( open )
 
 	Dim kinds, rule, name
@@ -7,10 +7,9 @@ Function Html_Kinds ( open )
 	Set kinds = CreateObject("Scripting.Dictionary")
 	kinds.CompareMode = 1
 	For Each rule In Array("address article aside blockquote center details dir div dl fieldset figcaption figure footer form h1 h2 h3 h4 h5 h6 " & _
-		"header main menu nav ol p pre section summary table ul|p|", "a|a|", "li|li p|ul ol menu", "dd dt|dd dt p|dl", "option|option|select", _
-		"optgroup|option optgroup|select", "rt rp|rt rp|ruby", "td th|td th|", "tr|tr td th|", "hr|- p|", _
-		"tbody thead tfoot caption colgroup|tbody thead tfoot caption colgroup tr td th|", _
-		"area base br col embed img input link meta param source track wbr script style textarea title iframe|-|")
+		"header hr main menu nav ol p pre section summary table ul|p|", "a|a|", "li|li p|ul ol menu", "dd dt|dd dt p|dl", "option|option|select", _
+		"optgroup|option optgroup|select", "rt rp|rt rp|ruby", "td th|td th|", "tr|tr td th|", _
+		"tbody thead tfoot caption colgroup|tbody thead tfoot caption colgroup tr td th|")
 		rule = Split(rule, "|")
 		If InStr(rule(1), " ") > 0 Then open(rule(1)) = -1
 		For Each name In Split(rule(0))

@@ -24,13 +24,15 @@ End Function
 ' Which of the steps an element with these attributes passes.
 Function Html_Passed ( steps , tests , attributes , known )
 
-	Dim test, values
+	Dim test, passed, values
 
 	Html_Passed = steps
 	For Each test In tests
 		If Html_Passed And test(0) Then
-			If values = "" And InStr(1, attributes, test(2), 1) > 0 Then values = Html_Attributes(attributes, known)
-			If Not test(1).Test(values) Then Html_Passed = Html_Passed And Not test(0)
+			passed = InStr(1, attributes, test(2), 1) > 0
+			If passed And values = "" Then values = Html_Attributes(attributes, known)
+			If passed Then passed = test(1).Test(values)
+			If Not passed Then Html_Passed = Html_Passed And Not test(0)
 		End If
 	Next
 
