@@ -14,7 +14,7 @@ Function Extract_Selected_Text_From_DropDownList ( text )
 
 	Dim known, page, tag, part, attributes, label, match, several, first, chosen, result
 
-	Set known = Html_Entities()
+	Set known = CreateObject("Scripting.Dictionary")
 	page = Html_Expression("<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<(script|style|datalist|textarea|title)@[\s\S]*?(?:<\/\1[^>]*>|$)", known).Replace(text, "")
 	' Each list begins anew; each item has its attributes and its content.
 	For Each tag In Html_Expression("<select@|<\/select[^<>]*>|<option@([\s\S]*?)(?=<\/?(?:select|option|optgroup)[\s\/>]|$)", known).Execute(page & "</select>")
@@ -38,7 +38,7 @@ Function Extract_Selected_Text_From_DropDownList ( text )
 			result = result & chosen
 			chosen = ""
 			first = ""
-			several = InStr(1, Html_Attributes(part(0) & "", known), Chr(1) & "multiple=", 1) > 0
+			several = InStr(1, Html_Attributes(part(0), known), Chr(1) & "multiple=", 1) > 0
 		End If
 	Next
 	Extract_Selected_Text_From_DropDownList = Mid(result, Len(vbNewLine) + 1)

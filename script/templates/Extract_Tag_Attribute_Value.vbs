@@ -17,7 +17,7 @@ Function Extract_Tag_Attribute_Value ( text , attributeName , unique )
 	Extract_Tag_Attribute_Value = ""
 	If Len(attributeName) = 0 Then Exit Function
 	Set values = CreateObject("Scripting.Dictionary")
-	Set known = Html_Entities()
+	Set known = CreateObject("Scripting.Dictionary")
 	For Each tag In Html_Tags(text, known)
 		attributes = tag.SubMatches(1)
 		If InStr(1, attributes, attributeName, 1) > 0 Then

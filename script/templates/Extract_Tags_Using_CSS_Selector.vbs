@@ -21,7 +21,7 @@ Function Extract_Tags_Using_CSS_Selector ( text , strCSSSelector )
 	stp = 1
 	first = 1
 	' Groups: comma, > or space; tag name; # or . with a name; attribute, operator and value; anything else.
-	For Each part In Html_Expression("\s*([,>]|\s)\s*|(\*|[a-z_][\w-]*)|([#.])([\w\u0080-\uffff-]+)" & _
+	For Each part In Html_Expression("\s*([,>]|\s)\s*|(\*|[a-z_][\w-]*)|([#.])((?:[\w-]|[^\x00-\x7f])+)" & _
 		"|\[\s*([\w:.-]+)\s*(?:([~|^$*]?=)\s*(?:""([^""]*)""|'([^']*)'|([^\s\]""']+))\s*)?\]|([\s\S])", CreateObject("Scripting.Dictionary")).Execute(Trim(strCSSSelector) & ",")
 		Set part = part.SubMatches
 		If part(9) <> "" Or begun And part(1) <> "" Or Not begun And part(0) <> "" Or stp > 536870912 Then Exit Function

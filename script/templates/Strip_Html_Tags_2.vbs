@@ -14,7 +14,7 @@ Function Strip_Html_Tags_2 ( text )
 
 	Dim known, tags, breaks, parts, i, chunk, plain
 
-	Set known = Html_Entities()
+	Set known = CreateObject("Scripting.Dictionary")
 	Set tags = Html_Expression("<\/?[a-z][^\s\/<>]*@", known)
 	Set breaks = Html_Expression("<\/?(?:address|article|aside|blockquote|body|br|caption|dd|div|dl|dt|fieldset|figure|footer|form" & _
 		"|h[1-6]|header|hr|html|legend|li|main|nav|ol|option|p|pre|section|select|table|tbody|tfoot|thead|title|tr|ul)@", known)

@@ -14,7 +14,7 @@ Function Unescape_String ( text )
 
 	Dim known
 
-	Set known = Html_Entities()
+	Set known = CreateObject("Scripting.Dictionary")
 	Unescape_String = Html_Decode(text, "|" & Url_Sequences(text, known), known)
 
 End Function

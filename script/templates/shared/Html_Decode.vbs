@@ -4,6 +4,7 @@ Function Html_Decode ( text , others , known )
 	Dim match, part, code, character, chunk, position
 
 	On Error Resume Next
+	If Not known.Exists("&lt;") Then Html_Entities known
 	position = 1
 	For Each match In Html_Expression("&#0*(\d{1,7});|&#x0*([\da-f]{1,6});|&\w+;" & others, known).Execute(text)
 		Set part = match.SubMatches

@@ -2,7 +2,7 @@
 ' tag name (* - any), "tests" the tests of attributes; "first", "child" and "last" are those that begin it, follow a > and end it.
 Function Html_Select ( text , names , tests , first , child , last )
 
-	Dim known, possible, tested, name, test, i, open, tags, levels, pieces, count
+	Dim known, possible, tested, name, test, i, tags, pieces, count
 
 	Html_Select = ""
 	For Each name In names
@@ -17,14 +17,10 @@ Function Html_Select ( text , names , tests , first , child , last )
 		possible = possible And (first Or possible * 2)
 	Next
 	If (possible And last) = 0 Then Exit Function
-	Set known = Html_Entities()
-	Set open = CreateObject("Scripting.Dictionary")
-	open.CompareMode = 1
+	Set known = CreateObject("Scripting.Dictionary")
 	Set tags = Html_Tags(text, known)
-	ReDim levels(tags.Count + 1, 4), pieces(tags.Count + 1)
-	levels(1, 2) = first
-	levels(1, 3) = first
-	Html_Scan levels, pieces, count, tags, open, Html_Kinds(open), names, last, child, tests, tested, known, text
+	ReDim pieces(tags.Count + 1)
+	Html_Scan names, count, pieces, last, tested, known, child, text, tests, tags, first
 	Html_Select = Html_Join(pieces, count)
 
 End Function
@@ -32,10 +28,16 @@ End Function
 ' Puts the source of the selected elements into "pieces", while they are open where they start. "levels" has of each open element the
 ' name, the level of the one of this name around it, the steps for its children and for all in it, its number among the selected.
 ' The most used variables come first: some engines search them.
-Sub Html_Scan ( levels , pieces , count , tags , open , kinds , names , last , child , tests , tested , known , text )
+Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , tests , tags , first )
 
-	Dim name, part, depth, target, own, number, ended, tag, any
+	Dim name, depth, target, part, own, levels, tag, ended, open, number, kinds, any
 
+	Set open = CreateObject("Scripting.Dictionary")
+	open.CompareMode = 1
+	Set kinds = Html_Kinds(open)
+	ReDim levels(tags.Count + 1, 4)
+	levels(1, 2) = first
+	levels(1, 3) = first
 	any = names("*")
 	depth = 1
 	For Each tag In tags
@@ -44,43 +46,47 @@ Sub Html_Scan ( levels , pieces , count , tags , open , kinds , names , last , c
 		If name = "" Then ended = part(3) Else ended = kinds(name)
 		target = open(ended)
 		If target Then
-			If target = -1 And levels(depth, 0) = name Then target = depth
-			If target <> depth Then target = Html_Outermost(ended, kinds("/" & name & part(3)), open)
-			If target Then
-				Do While depth >= target
-					number = levels(depth, 4)
-					If number Then
-						ended = tag.FirstIndex + 1
-						If depth = target And name = "" Then ended = ended + tag.Length
-						pieces(number) = Mid(text, pieces(number), ended - pieces(number))
-					End If
-					open(levels(depth, 0)) = levels(depth, 1)
-					depth = depth - 1
-				Loop
+			If target <> depth Then
+				If target = -1 And levels(depth, 0) = name Then target = depth Else target = Html_Outermost(ended, kinds("/" & name & part(3)), open)
 			End If
+			Do While depth >= target
+				number = levels(depth, 4)
+				If number Then
+					ended = tag.FirstIndex + 1
+					If depth = target And name = "" Then ended = ended + tag.Length
+					pieces(number) = Mid(text, pieces(number), ended - pieces(number))
+					levels(depth, 4) = 0
+				End If
+				open(levels(depth, 0)) = levels(depth, 1)
+				depth = depth - 1
+			Loop
 		End If
 		If name <> "" Then
-			number = 0
 			own = (names(name) Or any) And levels(depth, 2)
 			If own Then
 				If part(1) = "" Then own = own And Not tested
-				If own And tested Then own = Html_Passed(own, tests, part(1), known)
+				If own And tested Then
+					ended = own & part(1)
+					If Not known.Exists(ended) Then known.Add ended, Html_Passed(own, tests, part(1), known)
+					own = known(ended)
+				End If
 				If own And last Then
 					count = count + 1
-					number = count
-					If part(2) = "" Then pieces(count) = tag Else pieces(count) = tag.FirstIndex + 1
+					pieces(count) = tag
+					If part(2) <> "" Then
+						pieces(count) = tag.FirstIndex + 1
+						levels(depth + 1, 4) = count
+					End If
 				End If
 			End If
 			If part(2) <> "" Then
-				own = own * 2
 				target = levels(depth, 3)
 				depth = depth + 1
 				levels(depth, 0) = name
 				levels(depth, 1) = open(name)
 				open(name) = depth
-				levels(depth, 2) = target Or own
-				levels(depth, 3) = target Or own And Not child
-				levels(depth, 4) = number
+				levels(depth, 2) = target Or own * 2
+				levels(depth, 3) = target Or own * 2 And Not child
 			End If
 		End If
 	Next
@@ -91,11 +97,12 @@ Sub Html_Scan ( levels , pieces , count , tags , open , kinds , names , last , c
 
 End Sub
 
-' The outermost of those open elements that is not beyond the innermost table or other limit, 0 for none.
+' The outermost of those open elements that is not beyond the innermost table or other limit. Without one a number that no level has.
 Function Html_Outermost ( ended , limits , open )
 
 	Dim name, limit
 
+	Html_Outermost = 2147483647
 	For Each name In Split(ended)
 		If open(name) > 0 Then limit = 1
 	Next
@@ -104,7 +111,7 @@ Function Html_Outermost ( ended , limits , open )
 		If open(name) > limit Then limit = open(name)
 	Next
 	For Each name In Split(ended)
-		If open(name) > 0 And open(name) >= limit And (Html_Outermost = 0 Or open(name) < Html_Outermost) Then Html_Outermost = open(name)
+		If open(name) >= limit And open(name) < Html_Outermost Then Html_Outermost = open(name)
 	Next
 
 End Function

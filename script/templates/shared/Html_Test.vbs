@@ -5,7 +5,7 @@ Function Html_Test ( stp , name , operator , value )
 
 	Set expression = New RegExp
 	expression.Global = True
-	expression.Pattern = "[^\w\u0080-\uffff]"
+	expression.Pattern = "(?!\w)[\x00-\x7f]"
 	form = InStr(" =^$*~|", Left(operator & " ", 1)) - 1
 	' Of each operator, with v for the value.
 	pattern = Split("= =v\x01 =v =[^\x01]*v\x01 =[^\x01]*v =(?:[^\x01]*\s)?v[\s\x01] =v[-\x01]")
@@ -24,15 +24,13 @@ End Function
 ' Which of the steps an element with these attributes passes.
 Function Html_Passed ( steps , tests , attributes , known )
 
-	Dim test, passed, values
+	Dim test, values
 
 	Html_Passed = steps
 	For Each test In tests
 		If Html_Passed And test(0) Then
-			passed = InStr(1, attributes, test(2), 1) > 0
-			If passed And values = "" Then values = Html_Attributes(attributes, known)
-			If passed Then passed = test(1).Test(values)
-			If Not passed Then Html_Passed = Html_Passed And Not test(0)
+			If values = "" And InStr(1, attributes, test(2), 1) > 0 Then values = Html_Attributes(attributes, known)
+			If Not test(1).Test(values) Then Html_Passed = Html_Passed And Not test(0)
 		End If
 	Next
 
