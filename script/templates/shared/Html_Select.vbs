@@ -30,7 +30,7 @@ End Function
 ' The most used variables come first: some engines search them.
 Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , tests , tags , first )
 
-	Dim name, depth, target, part, own, levels, tag, ended, open, number, kinds, any
+	Dim name, depth, part, target, levels, own, tag, open, number, kinds, any, ended, key
 
 	Set open = CreateObject("Scripting.Dictionary")
 	open.CompareMode = 1
@@ -43,11 +43,10 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 	For Each tag In tags
 		Set part = tag.SubMatches
 		name = part(0)
-		If name = "" Then ended = part(3) Else ended = kinds(name)
-		target = open(ended)
+		If name = "" Then target = open(part(3)) Else target = open(kinds(name))
 		If target Then
 			If target <> depth Then
-				If target = -1 And levels(depth, 0) = name Then target = depth Else target = Html_Outermost(ended, kinds("/" & name & part(3)), open)
+				If target = -1 And levels(depth, 0) = name Then target = depth Else target = Html_Outermost(part(3) & kinds(name), kinds("/" & name & part(3)), open)
 			End If
 			Do While depth >= target
 				number = levels(depth, 4)
@@ -66,9 +65,9 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 			If own Then
 				If part(1) = "" Then own = own And Not tested
 				If own And tested Then
-					ended = own & part(1)
-					If Not known.Exists(ended) Then known.Add ended, Html_Passed(own, tests, part(1), known)
-					own = known(ended)
+					key = own & part(1)
+					If Not known.Exists(key) Then known.Add key, Html_Passed(own, tests, part(1), known)
+					own = known(key)
 				End If
 				If own And last Then
 					count = count + 1
@@ -119,11 +118,12 @@ End Function
 ' The texts on lines of their own. Each addition copies both, so only texts of like length are added.
 Function Html_Join ( texts , last )
 
-	Dim i
+	Dim i, line
 
+	line = vbNewLine
 	Do While last > 1
 		For i = 1 To last \ 2
-			texts(i) = texts(2 * i - 1) & vbNewLine & texts(2 * i)
+			texts(i) = texts(2 * i - 1) & line & texts(2 * i)
 		Next
 		If last Mod 2 Then texts(i) = texts(last)
 		last = (last + 1) \ 2
