@@ -1,4 +1,4 @@
-' The codes of HTML's named entities. A number in the list is added to the code, which counts on with each name.
+' Adds the codes of HTML's named entities. A number in the list is added to the code, which counts on with each name.
 Sub Html_Entities ( codes )
 
 	Dim code, name

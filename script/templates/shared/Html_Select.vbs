@@ -30,7 +30,7 @@ End Function
 ' The most used variables come first: some engines search them.
 Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , tests , tags , first )
 
-	Dim name, depth, part, target, levels, own, tag, open, number, kinds, any, ended, key
+	Dim name, depth, part, target, levels, own, tag, open, number, kinds, any, ended
 
 	Set open = CreateObject("Scripting.Dictionary")
 	open.CompareMode = 1
@@ -64,11 +64,7 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 			own = (names(name) Or any) And levels(depth, 2)
 			If own Then
 				If part(1) = "" Then own = own And Not tested
-				If own And tested Then
-					key = own & part(1)
-					If Not known.Exists(key) Then known.Add key, Html_Passed(own, tests, part(1), known)
-					own = known(key)
-				End If
+				If own And tested Then own = Html_Passed(own, tests, part(1), known)
 				If own And last Then
 					count = count + 1
 					pieces(count) = tag
@@ -79,13 +75,12 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 				End If
 			End If
 			If part(2) <> "" Then
-				target = levels(depth, 3)
 				depth = depth + 1
 				levels(depth, 0) = name
 				levels(depth, 1) = open(name)
 				open(name) = depth
-				levels(depth, 2) = target Or own * 2
-				levels(depth, 3) = target Or own * 2 And Not child
+				levels(depth, 2) = levels(depth - 1, 3) Or own * 2
+				levels(depth, 3) = levels(depth - 1, 3) Or own * 2 And Not child
 			End If
 		End If
 	Next

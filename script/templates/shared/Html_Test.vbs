@@ -5,7 +5,7 @@ Function Html_Test ( stp , name , operator , value )
 
 	Set expression = New RegExp
 	expression.Global = True
-	expression.Pattern = "(?!\w)[\x00-\x7f]"
+	expression.Pattern = "[^\w\u0080-\uffff]"
 	form = InStr(" =^$*~|", Left(operator & " ", 1)) - 1
 	' Of each operator, with v for the value.
 	pattern = Split("= =v\x01 =v =[^\x01]*v\x01 =[^\x01]*v =(?:[^\x01]*\s)?v[\s\x01] =v[-\x01]")
@@ -21,17 +21,20 @@ Function Html_Test ( stp , name , operator , value )
 
 End Function
 
-' Which of the steps an element with these attributes passes.
+' Which of the steps an element with these attributes passes. Pages repeat attributes, so the answer is kept in "known".
 Function Html_Passed ( steps , tests , attributes , known )
 
-	Dim test, values
+	Dim key, test, values
 
+	key = steps & attributes
 	Html_Passed = steps
+	If known.Exists(key) Then Html_Passed = known(key) : Exit Function
 	For Each test In tests
 		If Html_Passed And test(0) Then
 			If values = "" And InStr(1, attributes, test(2), 1) > 0 Then values = Html_Attributes(attributes, known)
 			If Not test(1).Test(values) Then Html_Passed = Html_Passed And Not test(0)
 		End If
 	Next
+	known.Add key, Html_Passed
 
 End Function
