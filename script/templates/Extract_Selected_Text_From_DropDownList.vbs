@@ -15,16 +15,16 @@ Function Extract_Selected_Text_From_DropDownList ( text )
 	Dim known, page, tag, part, attributes, label, match, several, first, chosen, result
 
 	Set known = CreateObject("Scripting.Dictionary")
-	page = Html_Expression("<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<(script|style|datalist|textarea|title)@[\s\S]*?(?:<\/\1[^>]*>|$)", known).Replace(text, "")
+	page = Html_RegExp("<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<(script|style|datalist|textarea|title)@>[\s\S]*?(?:<\/\1[^>]*>|$)", known).Replace(text, "")
 	' Each list begins anew; each item has its attributes and its content.
-	For Each tag In Html_Expression("<select@|<\/select[^<>]*>|<option@([\s\S]*?)(?=<\/?(?:select|option|optgroup)[\s\/>]|$)", known).Execute(page & "</select>")
+	For Each tag In Html_RegExp("<select(@)>|<\/select[^<>]*>|<option(@)>([\s\S]*?)(?=<\/?(?:select|option|optgroup)[\s\/>]|$)", known).Execute(page & "</select>")
 		Set part = tag.SubMatches
 		If LCase(Mid(tag.Value, 2, 1)) = "o" Then
 			attributes = Html_Attributes(part(1), known)
-			label = Html_Expression("<\/?[a-z][^\s\/<>]*@", known).Replace(part(2), "")
-			label = vbNewLine & Html_Decode(Trim(Html_Expression("\s+", known).Replace(label, " ")), "", known)
+			label = Html_RegExp("<\/?[a-z][^\s\/<>]*@>", known).Replace(part(2), "")
+			label = vbNewLine & Html_Decode(Trim(Html_RegExp("\s+", known).Replace(label, " ")), "", known)
 			' A browser shows the label in place of the content.
-			For Each match In Html_Expression("\x01label=([^\x01]+)", known).Execute(attributes)
+			For Each match In Html_RegExp("\x01label=([^\x01]+)", known).Execute(attributes)
 				label = vbNewLine & match.SubMatches(0)
 			Next
 			If InStr(1, attributes, Chr(1) & "selected=", 1) > 0 Then
@@ -49,6 +49,6 @@ End Function
 
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Expression.vbs}}
+{{INCLUDE Html_RegExp.vbs}}
 
 {{INCLUDE Html_Entities.vbs}}

@@ -18,7 +18,7 @@ Function Extract_Tag_Attribute_Value ( text , attributeName , unique )
 	If Len(attributeName) = 0 Then Exit Function
 	Set values = CreateObject("Scripting.Dictionary")
 	Set known = CreateObject("Scripting.Dictionary")
-	For Each tag In Html_Tags(text, known)
+	For Each tag In Html_Tags(text, "", "", known)
 		attributes = tag.SubMatches(1)
 		If InStr(1, attributes, attributeName, 1) > 0 Then
 			attributes = Split(Html_Attributes(attributes, known), Chr(1) & attributeName & "=", 2, 1)
@@ -42,6 +42,6 @@ End Function
 
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Expression.vbs}}
+{{INCLUDE Html_RegExp.vbs}}
 
 {{INCLUDE Html_Entities.vbs}}

@@ -21,7 +21,7 @@ Function Extract_Tags_Using_CSS_Selector ( text , strCSSSelector )
 	stp = 1
 	first = 1
 	' Groups: comma, > or space; tag name; # or . with a name; attribute, operator and value; anything else.
-	For Each part In Html_Expression("\s*([,>]|\s)\s*|(\*|[a-z_][\w-]*)|([#.])((?:[\w-]|[^\x00-\x7f])+)" & _
+	For Each part In Html_RegExp("\s*([,>]|\s)\s*|(\*|[a-z_][\w-]*)|([#.])((?:[\w-]|[^\x00-\x7f])+)" & _
 		"|\[\s*([\w:.-]+)\s*(?:([~|^$*]?=)\s*(?:""([^""]*)""|'([^']*)'|([^\s\]""']+))\s*)?\]|([\s\S])", CreateObject("Scripting.Dictionary")).Execute(Trim(strCSSSelector) & ",")
 		Set part = part.SubMatches
 		If part(9) <> "" Or begun And part(1) <> "" Or Not begun And part(0) <> "" Or stp > 536870912 Then Exit Function
@@ -35,15 +35,30 @@ Function Extract_Tags_Using_CSS_Selector ( text , strCSSSelector )
 		ElseIf part(1) <> "" Then
 			name = part(1)
 		ElseIf part(2) = "#" Then
-			tests(tests.Count) = Html_Test(stp, "id", "=", part(3))
+			tests(tests.Count) = Css_Test(stp, "id", "=", part(3))
 		ElseIf part(2) = "." Then
-			tests(tests.Count) = Html_Test(stp, "class", "~=", part(3))
+			tests(tests.Count) = Css_Test(stp, "class", "~=", part(3))
 		Else
-			tests(tests.Count) = Html_Test(stp, part(4), part(5), part(6) & part(7) & part(8))
+			tests(tests.Count) = Css_Test(stp, part(4), part(5), part(6) & part(7) & part(8))
 		End If
 		begun = part(0) = ""
 	Next
 	Extract_Tags_Using_CSS_Selector = Html_Select(text, names, tests.Items, first, child, last)
+
+End Function
+
+' The test of an attribute by an operator; each has a pattern.
+Function Css_Test ( stp , name , operator , value )
+
+	Dim form, pattern
+
+	form = InStr("=^$*~|", Left(operator, 1))
+	If operator = "" Then form = 0
+	pattern = Split("= =v\x01 =v =[^\x01]*v\x01 =[^\x01]*v =(?:[^\x01]*\s)?v[\s\x01] =v[-\x01]")
+	pattern = pattern(form)
+	' Four of them find no empty value, and ~= no two words.
+	If form > 1 And form < 6 And (value = "" Or form = 5 And InStr(value, " ") > 0) Then pattern = "[^\s\S]"
+	Css_Test = Html_Test(stp, name, pattern, value)
 
 End Function
 
@@ -59,6 +74,6 @@ End Function
 
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Expression.vbs}}
+{{INCLUDE Html_RegExp.vbs}}
 
 {{INCLUDE Html_Entities.vbs}}

@@ -16,7 +16,7 @@ Function Extract_Url_From_Url_Params ( text )
 
 	Set known = CreateObject("Scripting.Dictionary")
 	Extract_Url_From_Url_Params = ""
-	For Each match In Html_Expression("[?&#;][^=?&#;\s]*=(https?(?::|%3A)(?:\/|%2F){2}[^&#\s]*)", known).Execute(text)
+	For Each match In Html_RegExp("[?&#;][^=?&#;\s]*=(https?(?::|%3A)(?:\/|%2F){2}[^&#\s]*)", known).Execute(text)
 		address = Replace(match.SubMatches(0), "+", "%20")
 		Extract_Url_From_Url_Params = Html_Decode(address, "|" & Url_Sequences(address, known), known)
 		Exit Function
@@ -28,4 +28,4 @@ End Function
 
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Expression.vbs}}
+{{INCLUDE Html_RegExp.vbs}}

@@ -15,18 +15,18 @@ Function Strip_Html_Tags_2 ( text )
 	Dim known, tags, breaks, parts, i, chunk, plain
 
 	Set known = CreateObject("Scripting.Dictionary")
-	Set tags = Html_Expression("<\/?[a-z][^\s\/<>]*@", known)
-	Set breaks = Html_Expression("<\/?(?:address|article|aside|blockquote|body|br|caption|dd|div|dl|dt|fieldset|figure|footer|form" & _
-		"|h[1-6]|header|hr|html|legend|li|main|nav|ol|option|p|pre|section|select|table|tbody|tfoot|thead|title|tr|ul)@", known)
-	plain = Html_Expression("<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<[!?][^>]*>|<(script|style)@[\s\S]*?(?:<\/\1[^>]*>|$)|[\x01-\x04]", known).Replace(text, "")
+	Set tags = Html_RegExp("<\/?[a-z][^\s\/<>]*@>", known)
+	Set breaks = Html_RegExp("<\/?(?:address|article|aside|blockquote|body|br|caption|dd|div|dl|dt|fieldset|figure|footer|form" & _
+		"|h[1-6]|header|hr|html|legend|li|main|nav|ol|option|p|pre|section|select|table|tbody|tfoot|thead|title|tr|ul)@>", known)
+	plain = Html_RegExp("<!--(?:-?>|[\s\S]*?(?:--!?>|$))|<[!?][^>]*>|<(script|style)@>[\s\S]*?(?:<\/\1[^>]*>|$)|[\x01-\x04]", known).Replace(text, "")
 
 	' Every other part is the content of a <pre>, whose layout stands in other characters up to the end.
 	plain = Replace(plain, vbNewLine, vbLf)
-	parts = Split(Html_Expression("<pre@\n?([\s\S]*?)\n?(?:<\/pre\s*>|$)", known).Replace(plain, Chr(4) & "$2" & Chr(4)), Chr(4))
+	parts = Split(Html_RegExp("<pre@>\n?([\s\S]*?)\n?(?:<\/pre\s*>|$)", known).Replace(plain, Chr(4) & "$1" & Chr(4)), Chr(4))
 	plain = ""
 	For i = 0 To UBound(parts)
 		If i Mod 2 = 0 Then
-			chunk = chunk & Html_Expression("\s+", known).Replace(parts(i), " ")
+			chunk = chunk & Html_RegExp("\s+", known).Replace(parts(i), " ")
 		Else
 			parts(i) = Replace(tags.Replace(breaks.Replace(parts(i), vbLf), ""), " ", Chr(1))
 			chunk = chunk & vbLf & Replace(Replace(parts(i), vbTab, Chr(2)), vbLf, Chr(3)) & vbLf
@@ -35,10 +35,10 @@ Function Strip_Html_Tags_2 ( text )
 	Next
 
 	' Table cells and single spaces, no blank lines.
-	plain = Html_Expression("<\/?t[dh]@", known).Replace(breaks.Replace(plain & chunk, vbLf), " ")
-	plain = Html_Expression(" +", known).Replace(tags.Replace(plain, ""), " ")
-	plain = Html_Expression(" ?\n[ \n]*", known).Replace(plain, vbLf)
-	plain = Html_Expression("^\s+|\s+$", known).Replace(plain, "")
+	plain = Html_RegExp("<\/?t[dh]@>", known).Replace(breaks.Replace(plain & chunk, vbLf), " ")
+	plain = Html_RegExp(" +", known).Replace(tags.Replace(plain, ""), " ")
+	plain = Html_RegExp(" ?\n[ \n]*", known).Replace(plain, vbLf)
+	plain = Html_RegExp("^\s+|\s+$", known).Replace(plain, "")
 	plain = Replace(Replace(Replace(Replace(plain, Chr(1), " "), Chr(2), vbTab), Chr(3), vbLf), vbLf, vbNewLine)
 	Strip_Html_Tags_2 = Html_Decode(plain, "", known)
 
@@ -46,6 +46,6 @@ End Function
 
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Expression.vbs}}
+{{INCLUDE Html_RegExp.vbs}}
 
 {{INCLUDE Html_Entities.vbs}}

@@ -23,6 +23,6 @@ End Function
 
 {{INCLUDE Html_Decode.vbs}}
 
-{{INCLUDE Html_Expression.vbs}}
+{{INCLUDE Html_RegExp.vbs}}
 
 {{INCLUDE Html_Entities.vbs}}

@@ -1,4 +1,4 @@
-' For the name of an element the open ones that its start tag ends, for / and the name those, besides a table, beyond
+' For the name of an element the open ones that its start tag ends, for / and the name the limits, besides a table, beyond
 ' which neither of its tags ends any. Several in one text are "open" as -1.
 Function Html_Kinds ( open )
 

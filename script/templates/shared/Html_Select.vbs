@@ -2,15 +2,16 @@
 ' tag name (* - any), "tests" the tests of attributes; "first", "child" and "last" are those that begin it, follow a > and end it.
 Function Html_Select ( text , names , tests , first , child , last )
 
-	Dim known, possible, tested, name, test, i, tags, pieces, count
+	Dim i, pieces, line, count, known, missing, possible, tested, name, test, alone, skipped, tags
 
 	Html_Select = ""
-	For Each name In names
-		If name = "*" Or InStr(1, text, "<" & name, 1) > 0 Then possible = possible Or names(name)
-	Next
 	For Each test In tests
-		If InStr(1, text, test(2), 1) = 0 Then possible = possible And Not test(0)
+		If InStr(1, text, test(2), 1) = 0 Then missing = missing Or test(0)
 		tested = tested Or test(0)
+	Next
+	For Each name In names
+		If name = "*" Or InStr(1, text, "<" & name, 1) > 0 Then possible = possible Or names(name) And Not missing
+		If names(name) And Not tested Then alone = Replace(alone & Left(name, 1), "*", "a-z")
 	Next
 	' A step is in vain without the one before it.
 	For i = 1 To 30
@@ -18,16 +19,28 @@ Function Html_Select ( text , names , tests , first , child , last )
 	Next
 	If (possible And last) = 0 Then Exit Function
 	Set known = CreateObject("Scripting.Dictionary")
-	Set tags = Html_Tags(text, known)
+	' Elements that no step selects and that end none; with tests those without attributes.
+	skipped = "(?:<(?![" & alone & "<])(?:br@|img@|input@" & Html_RegExp(" (\w+)", known).Replace(" b em i small span strong", "|$1@>[^<]*<\/$1\s*") & ")>[^<]*){0,99}"
+	If tested Then skipped = Replace(skipped, "@", "")
+	Set tags = Html_Tags(text, alone, skipped, known)
 	ReDim pieces(tags.Count + 1)
 	Html_Scan names, count, pieces, last, tested, known, child, text, tests, tags, first
-	Html_Select = Html_Join(pieces, count)
+	' Each addition copies both texts, so they are of like length.
+	line = vbNewLine
+	Do While count > 1
+		For i = 1 To count \ 2
+			pieces(i) = pieces(2 * i - 1) & line & pieces(2 * i)
+		Next
+		If count Mod 2 Then pieces(i) = pieces(count)
+		count = (count + 1) \ 2
+	Loop
+	Html_Select = pieces(1) & ""
 
 End Function
 
-' Puts the source of the selected elements into "pieces", while they are open where they start. "levels" has of each open element the
-' name, the level of the one of this name around it, the steps for its children and for all in it, its number among the selected.
-' The most used variables come first: some engines search them.
+' Puts the selected elements into "pieces", open ones as where they start. "levels" has of each open element its name, the level of
+' the outer one of this name, the steps for its children and for all in it, its number in "pieces" or -1 for each further element
+' that it stands for. The most used variables come first: some engines search them.
 Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , tests , tags , first )
 
 	Dim name, depth, part, target, levels, own, tag, open, number, kinds, any, ended
@@ -51,10 +64,13 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 			Do While depth >= target
 				number = levels(depth, 4)
 				If number Then
-					ended = tag.FirstIndex + 1
-					If depth = target And name = "" Then ended = ended + tag.Length
-					pieces(number) = Mid(text, pieces(number), ended - pieces(number))
 					levels(depth, 4) = 0
+					ended = tag.FirstIndex + 1
+					If depth = target And name = "" Then
+						ended = ended + tag.Length - Len(part(4))
+						If number < 0 Then levels(depth, 4) = number + 1 : Exit Do
+					End If
+					If number > 0 Then pieces(number) = Mid(text, pieces(number), ended - pieces(number))
 				End If
 				open(levels(depth, 0)) = levels(depth, 1)
 				depth = depth - 1
@@ -67,16 +83,18 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 				If own And tested Then own = Html_Passed(own, tests, part(1), known)
 				If own And last Then
 					count = count + 1
-					pieces(count) = tag
 					If part(2) <> "" Then
 						pieces(count) = tag.FirstIndex + 1
 						levels(depth + 1, 4) = count
+					Else
+						pieces(count) = Left(tag.Value, tag.Length - Len(part(4)))
 					End If
 				End If
 			End If
 			If part(2) <> "" Then
 				depth = depth + 1
 				levels(depth, 0) = name
+				If part(2) <> name Then levels(depth, 4) = (Len(name) - Len(part(2))) \ (Len(name) + 2)
 				levels(depth, 1) = open(name)
 				open(name) = depth
 				levels(depth, 2) = levels(depth - 1, 3) Or own * 2
@@ -91,38 +109,20 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 
 End Sub
 
-' The outermost of those open elements that is not beyond the innermost table or other limit. Without one a number that no level has.
+' The outermost of these open elements within the innermost table or other limit, otherwise a level beyond all.
 Function Html_Outermost ( ended , limits , open )
 
-	Dim name, limit
+	Dim name, level, limit
 
 	Html_Outermost = 2147483647
 	For Each name In Split(ended)
-		If open(name) > 0 Then limit = 1
+		level = open(name)
+		If level > 0 And level < Html_Outermost Then
+			For Each limit In Split("table " & limits)
+				If open(limit) > level Then level = Html_Outermost
+			Next
+			Html_Outermost = level
+		End If
 	Next
-	If limit = 0 Then Exit Function
-	For Each name In Split("table " & limits)
-		If open(name) > limit Then limit = open(name)
-	Next
-	For Each name In Split(ended)
-		If open(name) >= limit And open(name) < Html_Outermost Then Html_Outermost = open(name)
-	Next
-
-End Function
-
-' The texts on lines of their own. Each addition copies both, so only texts of like length are added.
-Function Html_Join ( texts , last )
-
-	Dim i, line
-
-	line = vbNewLine
-	Do While last > 1
-		For i = 1 To last \ 2
-			texts(i) = texts(2 * i - 1) & line & texts(2 * i)
-		Next
-		If last Mod 2 Then texts(i) = texts(last)
-		last = (last + 1) \ 2
-	Loop
-	Html_Join = texts(1) & ""
 
 End Function

@@ -1,17 +1,12 @@
-' Tests the attributes of elements; a step of a selector has it.
-Function Html_Test ( stp , name , operator , value )
+' Tests the attributes of elements; a step of a selector has it. In the pattern v is the value.
+Function Html_Test ( stp , name , pattern , value )
 
-	Dim expression, pattern, i, form
+	Dim expression, i
 
 	Set expression = New RegExp
 	expression.Global = True
 	expression.Pattern = "[^\w\u0080-\uffff]"
-	form = InStr(" =^$*~|", Left(operator & " ", 1)) - 1
-	' Of each operator, with v for the value.
-	pattern = Split("= =v\x01 =v =[^\x01]*v\x01 =[^\x01]*v =(?:[^\x01]*\s)?v[\s\x01] =v[-\x01]")
-	pattern = Replace(pattern(form), "v", expression.Replace(value, "\$&"))
-	' Of an empty value, and of two words, four of them find nothing.
-	If form > 1 And form < 6 And (value = "" Or form = 5 And InStr(value, " ") > 0) Then pattern = "[^\s\S]"
+	pattern = Replace(pattern, "v", expression.Replace(value, "\$&"))
 	' Names in any letter case.
 	For i = Len(name) To 1 Step -1
 		pattern = "[" & LCase(Mid(name, i, 1)) & UCase(Mid(name, i, 1)) & "]" & pattern

@@ -6,7 +6,7 @@ Function Url_Sequences ( text , known )
 	Url_Sequences = "%u[\da-f]{4}|%(?:[0-7]x|(?:c[2-9a-f]|dx)t|(?:e0(?=%[ab])|e[1-9abcef]|ed(?=%[89]))tt|" & _
 		"(?:f0(?=%[9ab])|f[1-3]|f4(?=%8))ttt|xx)"
 	Url_Sequences = Replace(Replace(Url_Sequences, "t", "%[89ab]x"), "x", "[\da-f]")
-	For Each match In Html_Expression(Url_Sequences, known).Execute(text)
+	For Each match In Html_RegExp(Url_Sequences, known).Execute(text)
 		code = 0
 		If match.Length = 6 And InStr(1, match.Value, "u", 1) = 2 Then
 			code = CLng("&H1" & Mid(match.Value, 3)) - 65536
