@@ -43,5 +43,3 @@ End Function
 {{INCLUDE Html_Decode.vbs}}
 
 {{INCLUDE Html_RegExp.vbs}}
-
-{{INCLUDE Html_Entities.vbs}}

@@ -47,7 +47,7 @@ Function Extract_Tags_Using_CSS_Selector ( text , strCSSSelector )
 
 End Function
 
-' The test of an attribute by an operator; each has a pattern.
+' The test that an operator means.
 Function Css_Test ( stp , name , operator , value )
 
 	Dim form, pattern
@@ -75,5 +75,3 @@ End Function
 {{INCLUDE Html_Decode.vbs}}
 
 {{INCLUDE Html_RegExp.vbs}}
-
-{{INCLUDE Html_Entities.vbs}}

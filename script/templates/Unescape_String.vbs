@@ -24,5 +24,3 @@ End Function
 {{INCLUDE Html_Decode.vbs}}
 
 {{INCLUDE Html_RegExp.vbs}}
-
-{{INCLUDE Html_Entities.vbs}}

@@ -1,5 +1,5 @@
-' For the name of an element the open ones that its start tag ends, for / and the name the limits, besides a table, beyond
-' which neither of its tags ends any. Several in one text are "open" as -1.
+' For a name the open elements that its start tag ends, for / and the name the limits, besides a table, beyond which its tags
+' end none. Several in one text are "open" as -1.
 Function Html_Kinds ( open )
 
 	Dim kinds, rule, name

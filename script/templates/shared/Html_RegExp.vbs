@@ -1,4 +1,4 @@
-' A regular expression, kept in "known". @ is what a tag has after its name up to the >; only quoted values hold < and >.
+' A regular expression, kept in "known". @ stands for the attributes of a tag; only quoted values hold < and >.
 Function Html_RegExp ( pattern , known )
 
 	If Not known.Exists(pattern) Then

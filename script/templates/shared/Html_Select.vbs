@@ -1,28 +1,30 @@
-' The source of each element that a selector selects, on lines of its own. A selector has steps, each a bit: "names" has those of a
-' tag name (* - any), "tests" the tests of attributes; "first", "child" and "last" are those that begin it, follow a > and end it.
+' The source of each selected element, on lines of its own. Each step of a selector is a bit: "names" has those for a tag name
+' (* - any), "tests" those of each test; "first", "child" and "last" are those that begin it, follow a > and end it.
 Function Html_Select ( text , names , tests , first , child , last )
 
-	Dim i, pieces, line, count, known, missing, possible, tested, name, test, alone, skipped, tags
+	Dim i, pieces, line, count, known, possible, tested, any, name, test, steps, initials, skipped, tags
 
 	Html_Select = ""
 	For Each test In tests
-		If InStr(1, text, test(2), 1) = 0 Then missing = missing Or test(0)
 		tested = tested Or test(0)
 	Next
+	any = names("*")
 	For Each name In names
-		If name = "*" Or InStr(1, text, "<" & name, 1) > 0 Then possible = possible Or names(name) And Not missing
-		If names(name) And Not tested Then alone = Replace(alone & Left(name, 1), "*", "a-z")
+		If name = "*" Or InStr(1, text, "<" & name, 1) > 0 Then possible = possible Or names(name)
+		' Of other names, equal nested elements have the same steps and are not selected.
+		steps = (names(name) Or any) And Not tested
+		If steps And (last Or child Or steps * 2) Then initials = Replace(initials & Left(name, 1), "*", "a-z")
 	Next
-	' A step is in vain without the one before it.
+	' A step needs the one before it.
 	For i = 1 To 30
 		possible = possible And (first Or possible * 2)
 	Next
 	If (possible And last) = 0 Then Exit Function
 	Set known = CreateObject("Scripting.Dictionary")
-	' Elements that no step selects and that end none; with tests those without attributes.
-	skipped = "(?:<(?![" & alone & "<])(?:br@|img@|input@" & Html_RegExp(" (\w+)", known).Replace(" b em i small span strong", "|$1@>[^<]*<\/$1\s*") & ")>[^<]*){0,99}"
+	' Small elements that are not selected and end no other; with tests only those without attributes.
+	skipped = "(?:<(?![" & initials & "<])(?:br@|img@|input@" & Html_RegExp(" (\w+)", known).Replace(" b em i small span strong", "|$1@>[^<]*<\/$1\s*") & ")>[^<]*){0,99}"
 	If tested Then skipped = Replace(skipped, "@", "")
-	Set tags = Html_Tags(text, alone, skipped, known)
+	Set tags = Html_Tags(text, initials, skipped, known)
 	ReDim pieces(tags.Count + 1)
 	Html_Scan names, count, pieces, last, tested, known, child, text, tests, tags, first
 	' Each addition copies both texts, so they are of like length.
@@ -38,9 +40,9 @@ Function Html_Select ( text , names , tests , first , child , last )
 
 End Function
 
-' Puts the selected elements into "pieces", open ones as where they start. "levels" has of each open element its name, the level of
-' the outer one of this name, the steps for its children and for all in it, its number in "pieces" or -1 for each further element
-' that it stands for. The most used variables come first: some engines search them.
+' Puts the selected elements into "pieces", open ones as where they start. "levels" has of each open element name, level of the next
+' open one of this name, steps for its children, steps for all in it, number in "pieces" or -1 for each further element that it
+' stands for. The most used variables come first: some engines search them.
 Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , tests , tags , first )
 
 	Dim name, depth, part, target, levels, own, tag, open, number, kinds, any, ended

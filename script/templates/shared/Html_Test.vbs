@@ -1,4 +1,4 @@
-' Tests the attributes of elements; a step of a selector has it. In the pattern v is the value.
+' A test of attributes for a step of a selector. In the pattern v is the value.
 Function Html_Test ( stp , name , pattern , value )
 
 	Dim expression, i
@@ -16,7 +16,7 @@ Function Html_Test ( stp , name , pattern , value )
 
 End Function
 
-' Which of the steps an element with these attributes passes. Pages repeat attributes, so the answer is kept in "known".
+' Which of the steps these attributes pass; kept in "known", because pages repeat them.
 Function Html_Passed ( steps , tests , attributes , known )
 
 	Dim key, test, values

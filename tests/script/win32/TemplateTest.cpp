@@ -407,6 +407,9 @@ TEST_F(Template, CssSelector) {
          {{L"b, a"}, L"<div><b>1</div><p><a>2<a>3</p>4", L"<b>1\r\n<a>2\r\n<a>3"},
          {{L"img, p"}, L"<img>1</img><p>2<hr>3</p>", L"<img>\r\n<p>2"},
          {{L".x"}, L"<p><p>1</p><i class=x>2</p>3", L"<i class=x>2</p>3"},
+         {{L"b"}, L"<b><b>1</b></b>", L"<b><b>1</b></b>\r\n<b>1</b>"},
+         {{L"b b > i"}, L"<b><b><i>1</i></b><i>2</i></b>", L"<i>1</i>"},
+         {{L"u > b > i"}, L"<u><b><b><i>1</i></b><i>2</i></b></u>", L"<i>2</i>"},
          {{L"td > ul > li"},
           L"<table><tr><td><ul><LI>1<b>2</ul><ul><li>3<li>4</table>",
           L"<LI>1<b>2\r\n<li>3\r\n<li>4"}});
