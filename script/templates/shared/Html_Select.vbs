@@ -11,7 +11,7 @@ Function Html_Select ( text , names , tests , first , child , last )
 	any = names("*")
 	For Each name In names
 		If name = "*" Or InStr(1, text, "<" & name, 1) > 0 Then possible = possible Or names(name)
-		' Of other names, equal nested elements have the same steps and are not selected.
+		' Equal nested elements of other names have the same steps and are not selected.
 		steps = (names(name) Or any) And Not tested
 		If steps And (last Or child Or steps * 2) Then initials = Replace(initials & Left(name, 1), "*", "a-z")
 	Next
@@ -21,7 +21,7 @@ Function Html_Select ( text , names , tests , first , child , last )
 	Next
 	If (possible And last) = 0 Then Exit Function
 	Set known = CreateObject("Scripting.Dictionary")
-	' Small elements that are not selected and end no other; with tests only those without attributes.
+	' Small elements that are not selected and end none; with tests those without attributes.
 	skipped = "(?:<(?![" & initials & "<])(?:br@|img@|input@" & Html_RegExp(" (\w+)", known).Replace(" b em i small span strong", "|$1@>[^<]*<\/$1\s*") & ")>[^<]*){0,99}"
 	If tested Then skipped = Replace(skipped, "@", "")
 	Set tags = Html_Tags(text, initials, skipped, known)
@@ -67,12 +67,14 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 				number = levels(depth, 4)
 				If number Then
 					levels(depth, 4) = 0
-					ended = tag.FirstIndex + 1
-					If depth = target And name = "" Then
-						ended = ended + tag.Length - Len(part(4))
-						If number < 0 Then levels(depth, 4) = number + 1 : Exit Do
+					If number > 0 Then
+						ended = tag.FirstIndex + 1
+						If depth = target And name = "" Then ended = ended + tag.Length - Len(part(4))
+						pieces(number) = Mid(text, pieces(number), ended - pieces(number))
+					ElseIf depth = target And name = "" Then
+						levels(depth, 4) = number + 1
+						Exit Do
 					End If
-					If number > 0 Then pieces(number) = Mid(text, pieces(number), ended - pieces(number))
 				End If
 				open(levels(depth, 0)) = levels(depth, 1)
 				depth = depth - 1
@@ -81,8 +83,9 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 		If name <> "" Then
 			own = (names(name) Or any) And levels(depth, 2)
 			If own Then
-				If part(1) = "" Then own = own And Not tested
-				If own And tested Then own = Html_Passed(own, tests, part(1), known)
+				If own And tested Then
+					If part(1) = "" Then own = own And Not tested Else own = Html_Passed(own, tests, part(1), known)
+				End If
 				If own And last Then
 					count = count + 1
 					If part(2) <> "" Then
@@ -111,7 +114,7 @@ Sub Html_Scan ( names , count , pieces , last , tested , known , child , text , 
 
 End Sub
 
-' The outermost of these open elements within the innermost table or other limit, otherwise a level beyond all.
+' The outermost of these open elements within all limits, otherwise a level beyond all.
 Function Html_Outermost ( ended , limits , open )
 
 	Dim name, level, limit
