@@ -10,7 +10,7 @@ Function Html_Select ( text , names , tests , first , child , last )
 	Next
 	any = names("*")
 	For Each name In names
-		If name = "*" Or InStr(1, text, "<" & name, 1) > 0 Then possible = possible Or names(name)
+		If name = "*" Or LCase(name) >= "a" And InStr(1, text, "<" & name, 1) > 0 Then possible = possible Or names(name)
 		' Equal nested elements of other names have the same steps and are not selected.
 		steps = (names(name) Or any) And Not tested
 		If steps And (last Or child Or steps * 2) Then initials = Replace(initials & Left(name, 1), "*", "a-z")

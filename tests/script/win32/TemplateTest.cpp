@@ -368,6 +368,7 @@ TEST_F(Template, TagsByAttribute) {
                      {{L"Div", L"Class", L"c & d"}, page, L"<div CLASS='c &amp; d'>4<span class=e>5</div>"},
                      {{L"", L"class", L"e"}, page, L"<span class=e>5\r\n<br class=e>"},
                      {{L"*", L"class", L"E"}, page, L""},
+                     {{L"@", L"", L""}, L"<@>1</@>", L""},
                      {{L"div", L"", L"ignored"},
                       L"<div>1<div>2</div></div><div>3",
                       L"<div>1<div>2</div></div>\r\n<div>2</div>\r\n<div>3"},
