@@ -52,8 +52,7 @@ Function Css_Test ( stp , name , operator , value )
 
 	Dim form, pattern
 
-	form = InStr("=^$*~|", Left(operator, 1))
-	If operator = "" Then form = 0
+	form = InStr(" =^$*~|", Left(operator & " ", 1)) - 1
 	pattern = Split("= =v\x01 =v =[^\x01]*v\x01 =[^\x01]*v =(?:[^\x01]*\s)?v[\s\x01] =v[-\x01]")
 	pattern = pattern(form)
 	' Four of them find no empty value, and ~= no two words.

@@ -88,7 +88,8 @@ class Page:
                 bare = self.random.choice([0, 0, 0, 1, 4]) if name not in ("a", "b") else 0
                 result += self.start(name) + f"<{name}>" * bare
                 result += self.phrasing(depth + 1, (*without, name) if name in ("a", "b") else without)
-                result += f"</{name}>" * bare + self.words() * (bare > 0)
+                if bare:
+                    result += f"</{name}>" * bare + self.words()
                 if name in ("a", "b") and self.unclosed and self.random.random() < 0.3:
                     self.has_unclosed = True
                 else:
