@@ -169,7 +169,10 @@ class InstallerJourney(Journey):
         """Removes the program with the command in the system's registry key for it."""
         command = re.fullmatch(r'"(.*)" /S', self.wine.value(UNINSTALL_KEY, "QuietUninstallString"))
         self.assertTrue(command, "The system does not know how to remove the program.")
-        self.run_to(0, self.wine.drive_c / command[1][3:].replace("\\", "/"), "/S", *switches)
+        program = self.wine.drive_c / command[1][3:].replace("\\", "/")
+        self.run_to(0, program, "/S", *switches)
+        # On a busy machine the copy may not be a process yet when this one has ended.
+        until("the uninstaller removes itself", lambda: not program.exists())
         self.removal_ends()
 
     def removal_ends(self):
